@@ -18,7 +18,14 @@ public:
     const std::string &needle() const { return m_needle; }
 
 private:
+    size_t findScalar(std::string_view text, size_t from) const;
+    size_t findVector(std::string_view text, size_t from) const;
+    bool matchesAt(const unsigned char *at) const;
+
     std::string m_needle; // folded to lower case when m_folded
     bool m_folded = false;
     std::array<size_t, 256> m_skip{};
+    // The raw bytes that the first and the last needle byte stand for (a letter's two cases).
+    std::array<unsigned char, 2> m_firstBytes{};
+    std::array<unsigned char, 2> m_lastBytes{};
 };

@@ -1,6 +1,5 @@
 #include "common/Cp1252.h"
 #include "common/DateText.h"
-#include "common/FoldingSearcher.h"
 #include "common/Numbers.h"
 
 #include <gtest/gtest.h>
@@ -36,16 +35,6 @@ TEST(Cp1252, QStringEdge)
 TEST(Cp1252, LowerFoldsLettersOnly)
 {
     EXPECT_EQ(cp1252::lower("ABC \xC4\xD6\xDC \xD7 \xDF \x8A\x8C\x8E\x9F"), "abc \xE4\xF6\xFC \xD7 \xDF \x9A\x9C\x9E\xFF");
-}
-
-TEST(FoldingSearcher, FindsWithAndWithoutCase)
-{
-    const std::string text = "d:\\Bilder\\HAUS.jpg|1|2\r\nd:\\haus";
-    EXPECT_EQ(FoldingSearcher("haus", true).find(text), 10u);
-    EXPECT_EQ(FoldingSearcher("haus", false).find(text), 27u);
-    EXPECT_EQ(FoldingSearcher("haus", false).find(text, 28), std::string_view::npos);
-    EXPECT_EQ(FoldingSearcher("|", false).find(text), 18u);
-    EXPECT_EQ(FoldingSearcher("zzz", true).find("zz"), std::string_view::npos);
 }
 
 TEST(Numbers, BankersRoundingTiesToEven)

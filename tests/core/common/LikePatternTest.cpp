@@ -1,6 +1,10 @@
 #include "common/LikePattern.h"
 
+#include "common/Cp1252.h"
+
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace {
 
@@ -88,3 +92,45 @@ TEST(LikePattern, RequiredRunIsTheLongestLiteral)
 }
 
 } // namespace
+
+namespace {
+
+// The rule in its plainest form, on already folded texts: slow, but obviously right.
+bool reference(std::string_view pattern, std::string_view text)
+{
+    if (pattern.empty())
+        return text.empty();
+    const char p = pattern.front();
+    if (p == '*')
+        return reference(pattern.substr(1), text) || (!text.empty() && reference(pattern, text.substr(1)));
+    if (text.empty())
+        return false;
+    const char t = text.front();
+    bool fits = p == t;
+    if (p == '?')
+        fits = true;
+    else if (p == '#')
+        fits = t >= '0' && t <= '9';
+    return fits && reference(pattern.substr(1), text.substr(1));
+}
+
+} // namespace
+
+TEST(LikePattern, AgreesWithTheReferenceOnRandomPatterns)
+{
+    const std::string textAlphabet = "abAB1\xE4\xC4";
+    const std::string patternAlphabet = "abAB1\xE4\xC4*?#";
+    std::mt19937 random(11);
+    for (int round = 0; round < 5000; ++round) {
+        std::string pattern(random() % 7, ' ');
+        for (char &c : pattern)
+            c = patternAlphabet[random() % patternAlphabet.size()];
+        std::string text(random() % 9, ' ');
+        for (char &c : text)
+            c = textAlphabet[random() % textAlphabet.size()];
+        const bool folded = random() % 2 == 0;
+        const LikePattern like(pattern, folded ? LikePattern::Case::Folded : LikePattern::Case::Binary);
+        const bool expected = folded ? reference(cp1252::lower(pattern), cp1252::lower(text)) : reference(pattern, text);
+        ASSERT_EQ(like.matches(text), expected) << "'" << pattern << "' ~ '" << text << "' folded " << folded;
+    }
+}
