@@ -1,0 +1,153 @@
+#include "Settings.h"
+
+#include "DataFolder.h"
+
+#include <QVariant>
+
+#include <array>
+
+namespace {
+
+struct KeyEntry
+{
+    SettingKey key;
+    const char *name;
+    QString (*declaredDefault)();
+};
+
+// Every key of the group with its default, in the order of the enum.
+constexpr std::array<KeyEntry, 12> kKeys = {{
+    {SettingKey::Start, "Start", [] { return QStringLiteral("0"); }},
+    {SettingKey::Standard, "Standard", [] { return QString(); }},
+    {SettingKey::autoarchiv, "autoarchiv", [] { return QStringLiteral("1"); }},
+    {SettingKey::autostart, "autostart", [] { return QStringLiteral("0"); }},
+    {SettingKey::pfad, "pfad", [] { return QStringLiteral("True"); }},
+    {SettingKey::path, "path", [] { return programFolder(); }},
+    {SettingKey::Breite, "Breite", [] { return QStringLiteral("12240"); }},
+    {SettingKey::Hoehe, "Hoehe", [] { return QStringLiteral("7575"); }},
+    {SettingKey::StartupMaximized, "StartupMaximized", [] { return QStringLiteral("0"); }},
+    {SettingKey::TabStrip, "TabStrip", [] { return QStringLiteral("1"); }},
+    {SettingKey::Sort, "Sort", [] { return QStringLiteral("0"); }},
+    {SettingKey::DefDrive, "DefDrive", [] { return QStringLiteral("C:"); }},
+}};
+
+constexpr bool tableFollowsEnum()
+{
+    for (size_t i = 0; i < kKeys.size(); ++i) {
+        if (static_cast<size_t>(kKeys[i].key) != i)
+            return false;
+    }
+    return true;
+}
+static_assert(tableFollowsEnum(), "the key table must list the keys in the order of SettingKey");
+
+const KeyEntry &entry(SettingKey key)
+{
+    return kKeys[static_cast<size_t>(key)];
+}
+
+QString settingsKey(SettingKey key)
+{
+    return QStringLiteral("Settings/") + QString::fromLatin1(entry(key).name);
+}
+
+QString groupKey(const QString &group, const QString &key)
+{
+    return group + QLatin1Char('/') + key;
+}
+
+QString storeLocation()
+{
+    const QString chosen = qEnvironmentVariable("SILBERBUCH_CONFIG");
+    if (!chosen.isEmpty())
+        return chosen;
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Silberbuch"),
+                     QStringLiteral("Silberbuch"))
+        .fileName();
+}
+
+} // namespace
+
+Settings::Settings()
+    : m_store(storeLocation(), QSettings::IniFormat)
+{
+}
+
+Settings::Settings(const QString &iniPath)
+    : m_store(iniPath, QSettings::IniFormat)
+{
+}
+
+QString Settings::keyName(SettingKey key)
+{
+    return QString::fromLatin1(entry(key).name);
+}
+
+QString Settings::declaredDefault(SettingKey key)
+{
+    return entry(key).declaredDefault();
+}
+
+QString Settings::value(SettingKey key) const
+{
+    if (!contains(key))
+        return declaredDefault(key);
+    return read(settingsKey(key), {});
+}
+
+QString Settings::value(SettingKey key, const QString &readerDefault) const
+{
+    return read(settingsKey(key), readerDefault);
+}
+
+bool Settings::contains(SettingKey key) const
+{
+    return m_store.contains(settingsKey(key));
+}
+
+void Settings::setValue(SettingKey key, const QString &text)
+{
+    write(settingsKey(key), text);
+}
+
+QString Settings::groupValue(const QString &group, const QString &key, const QString &def) const
+{
+    return read(groupKey(group, key), def);
+}
+
+void Settings::setGroupValue(const QString &group, const QString &key, const QString &text)
+{
+    write(groupKey(group, key), text);
+}
+
+QStringList Settings::groupKeys(const QString &group) const
+{
+    m_store.beginGroup(group);
+    const QStringList keys = m_store.childKeys();
+    m_store.endGroup();
+    return keys;
+}
+
+void Settings::removeGroupValue(const QString &group, const QString &key)
+{
+    m_store.remove(groupKey(group, key));
+    m_store.sync();
+}
+
+QString Settings::read(const QString &fullKey, const QString &def) const
+{
+    const QVariant stored = m_store.value(fullKey);
+    if (!stored.isValid())
+        return def;
+    // A hand-edited value with an unquoted comma comes back as a list; keep it one text.
+    if (stored.typeId() == QMetaType::QStringList)
+        return stored.toStringList().join(QStringLiteral(", "));
+    return stored.toString();
+}
+
+void Settings::write(const QString &fullKey, const QString &text)
+{
+    m_store.setValue(fullKey, text);
+    // Written at once: a later crash must not lose the start counter or a window layout.
+    m_store.sync();
+}

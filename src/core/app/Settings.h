@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+
+// The keys of the group "Settings". Each has one declared default (see Settings.cpp); a
+// reader that needs another default passes it explicitly.
+enum class SettingKey {
+    Start,            // start counter, plain decimal
+    Standard,         // name of the default archive
+    autoarchiv,       // "1": ask for the archive at every start
+    autostart,        // "1": start with the desktop session
+    pfad,             // truth value: the data folder is the program folder
+    path,             // the data folder when pfad is false
+    Breite,           // main window width in twips
+    Hoehe,            // main window height in twips
+    StartupMaximized, // main window state: 0 normal, 1 minimized, 2 maximized
+    TabStrip,         // selected tab of the main window, 1 to 3
+    Sort,             // "1" when the CD list stood in alphabetical order
+    DefDrive,         // last drive used for an image
+};
+
+// The user's settings: an INI file, every value a text. Each value is read at the moment
+// it is needed and written at once, so two instances in one process see each other's writes.
+class Settings
+{
+public:
+    // The user's store: the file named by $SILBERBUCH_CONFIG when set, else the per-user
+    // store of the application "Silberbuch".
+    Settings();
+    explicit Settings(const QString &iniPath);
+
+    Settings(const Settings &) = delete;
+    Settings &operator=(const Settings &) = delete;
+
+    static QString keyName(SettingKey key);
+    static QString declaredDefault(SettingKey key);
+
+    // The stored text, or the declared default when the key is missing.
+    QString value(SettingKey key) const;
+    // The stored text, or this reader's own default when the key is missing.
+    QString value(SettingKey key, const QString &readerDefault) const;
+    bool contains(SettingKey key) const;
+    void setValue(SettingKey key, const QString &text);
+
+    // Other groups ("Drives", "Printer").
+    QString groupValue(const QString &group, const QString &key, const QString &def = {}) const;
+    void setGroupValue(const QString &group, const QString &key, const QString &text);
+    QStringList groupKeys(const QString &group) const;
+    void removeGroupValue(const QString &group, const QString &key);
+
+    QString fileName() const { return m_store.fileName(); }
+
+private:
+    QString read(const QString &fullKey, const QString &def) const;
+    void write(const QString &fullKey, const QString &text);
+
+    mutable QSettings m_store;
+};
