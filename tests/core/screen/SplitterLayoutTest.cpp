@@ -1,5 +1,4 @@
 #include "screen/SplitterLayout.h"
-#include "screen/Twips.h"
 
 #include <gtest/gtest.h>
 
@@ -101,13 +100,4 @@ TEST(SplitterLayout, DegenerateSizesKeepTheCurrentBoxes)
     const SplitterLayout layout = layoutSplitter(limits, 400, {700, 300, 900}, leftNow, rightNow);
     EXPECT_FLOAT_EQ(layout.left.height, 777);
     EXPECT_FLOAT_EQ(layout.right.width, 555);
-}
-
-TEST(Twips, FifteenToAPixelRoundedToEven)
-{
-    EXPECT_EQ(twips::toPixels(12240), 816);
-    EXPECT_EQ(twips::toPixels(8995), 600);
-    EXPECT_EQ(twips::toPixels(7.5), 0);
-    EXPECT_EQ(twips::toPixels(22.5), 2);
-    EXPECT_EQ(twips::fromPixels(816), 12240);
 }
