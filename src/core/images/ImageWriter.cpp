@@ -1,0 +1,240 @@
+#include "ImageWriter.h"
+
+#include "common/DateText.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <random>
+#include <unistd.h>
+
+namespace {
+
+// Lines are handed to the file system in pieces of about this size.
+constexpr size_t kWriteSize = size_t{1} << 20;
+
+// Removes every CR not followed by LF and every LF not preceded by such a CR, in place.
+// `size` bytes of whole lines, so no pair is cut at the end. Returns the new size.
+size_t removeStrayLineBreaks(char *data, size_t size)
+{
+    char *write = data;
+    const char *read = data;
+    const char *end = data + size;
+    while (read < end) {
+        const auto *lf = static_cast<const char *>(std::memchr(read, '\n', static_cast<size_t>(end - read)));
+        const char *lineEnd = lf ? lf : end;
+        // A clean line: no CR before its final CR LF, and its LF preceded by that CR.
+        const char *body = (lf && lf > read && lf[-1] == '\r') ? lf - 1 : lineEnd;
+        const bool clean = body != lineEnd || !lf;
+        if (clean && !std::memchr(read, '\r', static_cast<size_t>(body - read))) {
+            const size_t length = static_cast<size_t>((lf ? lf + 1 : end) - read);
+            if (write != read)
+                std::memmove(write, read, length);
+            write += length;
+            read += length;
+            continue;
+        }
+        // Rare: a name brought a line break in. Byte by byte up to this LF.
+        const char *stop = lf ? lf + 1 : end;
+        for (; read < stop; ++read) {
+            if (*read == '\r') {
+                if (read + 1 < end && read[1] == '\n') {
+                    *write++ = '\r';
+                    *write++ = '\n';
+                    ++read;
+                }
+            } else if (*read != '\n') {
+                *write++ = *read;
+            }
+        }
+    }
+    return static_cast<size_t>(write - data);
+}
+
+void appendNumber(long long value, std::string &out)
+{
+    char digits[24];
+    const auto result = std::to_chars(digits, digits + sizeof digits, value);
+    out.append(digits, result.ptr);
+}
+
+std::string folderOfPath(const std::string &path)
+{
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string(".") : path.substr(0, slash);
+}
+
+} // namespace
+
+ImageWriter::ImageWriter(std::string targetPath)
+    : m_targetPath(std::move(targetPath))
+{
+    m_buffer.reserve(kWriteSize + kWriteSize / 4);
+}
+
+ImageWriter::~ImageWriter()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+    if (!m_committed)
+        removeTemporary();
+}
+
+bool ImageWriter::open()
+{
+    // A fresh name of our own, created exclusively, so the file gets the usual permissions.
+    std::random_device device;
+    std::mt19937_64 random(device());
+    const std::string folder = folderOfPath(m_targetPath);
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        char suffix[17];
+        std::snprintf(suffix, sizeof suffix, "%016llx", static_cast<unsigned long long>(random()));
+        const std::string candidate = folder + "/.capture-" + suffix + ".tmp";
+        m_fd = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (m_fd >= 0) {
+            m_tempPath = candidate;
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    m_error = errno;
+    return false;
+}
+
+void ImageWriter::beginLine()
+{
+    m_starts.push_back(m_buffer.size());
+}
+
+void ImageWriter::endLine()
+{
+    m_buffer.append("\r\n", 2);
+}
+
+void ImageWriter::appendPath(std::string_view folder, std::string_view name)
+{
+    m_buffer.append(folder);
+    if (folder.empty() || folder.back() != '\\')
+        m_buffer.push_back('\\');
+    m_buffer.append(name);
+}
+
+void ImageWriter::rootLine(std::string_view drive)
+{
+    beginLine();
+    m_buffer.push_back('>');
+    m_buffer.append(drive.substr(0, 3));
+    endLine();
+}
+
+void ImageWriter::folderLine(std::string_view folder, std::string_view name)
+{
+    beginLine();
+    m_buffer.push_back('>');
+    appendPath(folder, name);
+    endLine();
+}
+
+void ImageWriter::fileLine(std::string_view folder, std::string_view name, int64_t size, int64_t mtimeSeconds)
+{
+    beginLine();
+    appendPath(folder, name);
+    m_buffer.push_back('|');
+    appendNumber(static_cast<int32_t>(static_cast<uint32_t>(size)), m_buffer);
+    m_buffer.push_back('|');
+    appendGermanDateText(utcDateTime(mtimeSeconds), m_buffer);
+    endLine();
+}
+
+void ImageWriter::entryLine(std::string_view folder, std::string_view archive, std::string_view name,
+                            std::string_view size, std::string_view date)
+{
+    beginLine();
+    appendPath(folder, archive);
+    m_buffer.push_back('\\');
+    m_buffer.append(name);
+    m_buffer.push_back('|');
+    m_buffer.append(size);
+    m_buffer.push_back('|');
+    m_buffer.append(date);
+    endLine();
+}
+
+void ImageWriter::dropLastLine()
+{
+    if (m_starts.empty())
+        return;
+    m_buffer.resize(m_starts.back());
+    m_starts.pop_back();
+}
+
+void ImageWriter::settle(size_t mayStillDrop)
+{
+    if (m_starts.size() > mayStillDrop) {
+        const size_t firstKept = m_starts.size() - mayStillDrop;
+        m_finalEnd = mayStillDrop == 0 ? m_buffer.size() : m_starts[firstKept];
+        m_starts.erase(m_starts.begin(), m_starts.begin() + static_cast<std::ptrdiff_t>(firstKept));
+    }
+    if (m_finalEnd >= kWriteSize)
+        writeOut();
+}
+
+void ImageWriter::writeOut()
+{
+    const size_t cleaned = removeStrayLineBreaks(m_buffer.data(), m_finalEnd);
+    const char *data = m_buffer.data();
+    size_t left = cleaned;
+    while (left > 0 && m_error == 0 && m_fd >= 0) {
+        const ssize_t n = ::write(m_fd, data, left);
+        if (n < 0) {
+            if (errno != EINTR)
+                m_error = errno;
+            continue;
+        }
+        data += n;
+        left -= static_cast<size_t>(n);
+        m_written += static_cast<uint64_t>(n);
+    }
+    m_buffer.erase(0, m_finalEnd);
+    for (size_t &start : m_starts)
+        start -= m_finalEnd;
+    m_finalEnd = 0;
+}
+
+bool ImageWriter::finish()
+{
+    settle(0);
+    beginLine();
+    endLine();
+    settle(0);
+    writeOut();
+    if (m_fd >= 0) {
+        if (m_error == 0 && ::fdatasync(m_fd) != 0)
+            m_error = errno;
+        if (::close(m_fd) != 0 && m_error == 0)
+            m_error = errno;
+        m_fd = -1;
+    }
+    return m_error == 0;
+}
+
+bool ImageWriter::commit()
+{
+    if (m_error != 0 || m_tempPath.empty())
+        return false;
+    if (::rename(m_tempPath.c_str(), m_targetPath.c_str()) != 0) {
+        m_error = errno;
+        return false;
+    }
+    m_committed = true;
+    return true;
+}
+
+void ImageWriter::removeTemporary()
+{
+    if (!m_tempPath.empty())
+        ::unlink(m_tempPath.c_str());
+}
