@@ -1,0 +1,108 @@
+#include "ArchiveCatalog.h"
+
+#include "ArchiveStore.h"
+#include "app/DataPaths.h"
+#include "app/Settings.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+using Kind = ArchiveError::Kind;
+
+const QString kExtension = QStringLiteral(".mdb");
+
+bool byListOrder(const QString &a, const QString &b)
+{
+    const int folded = QString::compare(a, b, Qt::CaseInsensitive);
+    return folded != 0 ? folded < 0 : a < b;
+}
+
+} // namespace
+
+ArchiveCatalog::ArchiveCatalog(const QString &dataFolder)
+    : m_dataFolder(dataFolder)
+{
+}
+
+QStringList ArchiveCatalog::names() const
+{
+    // Hidden files stay out of the list, as they do in a file list.
+    const QFileInfoList files = QDir(datapaths::archiveFolder(m_dataFolder)).entryInfoList(QDir::Files);
+    QStringList names;
+    for (const QFileInfo &file : files) {
+        const QString fileName = file.fileName();
+        if (fileName.endsWith(kExtension))
+            names.append(fileName.left(fileName.size() - kExtension.size()));
+    }
+    std::sort(names.begin(), names.end(), byListOrder);
+    return names;
+}
+
+QString ArchiveCatalog::pathOf(const QString &name) const
+{
+    return datapaths::archiveFile(m_dataFolder, name);
+}
+
+ArchiveError ArchiveCatalog::create(const QString &name, const QStringList &listedNames) const
+{
+    if (name.isEmpty())
+        return {Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.")};
+    if (name.contains(QLatin1Char('/')) || name.contains(QChar(0)))
+        return {Kind::BadName, QStringLiteral("Der Name \"") + name
+                                   + QStringLiteral("\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie "
+                                                    "einen anderen Namen.")};
+    if (listedNames.contains(name))
+        return {Kind::DuplicateName, duplicateNameMessage(name)};
+    if (!QDir().mkpath(datapaths::archiveFolder(m_dataFolder)))
+        return {Kind::FileError, QStringLiteral("Der Ordner \"")
+                                     + QDir::toNativeSeparators(datapaths::archiveFolder(m_dataFolder))
+                                     + QStringLiteral("\" kann nicht angelegt werden.")};
+    return ArchiveStore::create(pathOf(name));
+}
+
+ArchiveError ArchiveCatalog::remove(const QString &name) const
+{
+    QFile file(pathOf(name));
+    if (!QFileInfo(file).isFile())
+        return {Kind::NotFound, QStringLiteral("Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht "
+                                               "gefunden. Das Archiv wird aus der Liste entfernt!")};
+    if (!file.remove())
+        return {Kind::FileError, QStringLiteral("Die Archivdatei \"") + QDir::toNativeSeparators(file.fileName())
+                                     + QStringLiteral("\" kann nicht gelöscht werden.")};
+    return {};
+}
+
+QString ArchiveCatalog::duplicateNameMessage(const QString &name)
+{
+    return QStringLiteral("Fehler! Es existiert bereits ein Archiv mit dem Namen ") + name
+        + QStringLiteral(" !\r\nBitte wählen Sie einen anderen Namen");
+}
+
+bool archiveNameMatches(const QString &typed, const QStringList &entries)
+{
+    return std::any_of(entries.begin(), entries.end(), [&](const QString &entry) {
+        return typed == entry + kExtension || typed == entry;
+    });
+}
+
+QString defaultArchive(const Settings &settings)
+{
+    return settings.value(SettingKey::Standard);
+}
+
+QString setDefaultArchive(Settings &settings, const QString &name)
+{
+    settings.setValue(SettingKey::Standard, name);
+    return QStringLiteral("Archiv ") + name
+        + QStringLiteral(" wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs automatisch "
+                         "gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen");
+}
+
+QString archiveNotFoundMessage()
+{
+    return QStringLiteral("Archiv nicht gefunden! Bitte wählen Sie ein anderes aus.");
+}

@@ -1,0 +1,173 @@
+#include "ArchiveStore.h"
+
+#include "ArchiveConnection.h"
+
+#include <QFile>
+
+#include <sqlite3.h>
+
+namespace {
+
+using Kind = ArchiveError::Kind;
+
+// The six fields in the order of creation. Rows are kept in key order (no row ids), which
+// is the order every "Select * FROM cds" must deliver without an ORDER BY.
+const char kCreateTable[] = "CREATE TABLE cds ("
+                            " cd_nummer INTEGER,"
+                            " cd_name VARCHAR(50) CHECK (length(cd_name) <= 50),"
+                            " cd_seriennummer INTEGER,"
+                            " cd_inhalt TEXT,"
+                            " cd_ausgeliehen BOOLEAN,"
+                            " cd_cover TEXT,"
+                            " CONSTRAINT PrimaryKey PRIMARY KEY (cd_nummer)"
+                            ") WITHOUT ROWID";
+
+QString columnText(sqlite3_stmt *statement, int column)
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
+    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+// Fields are read by name, so an archive whose table lists them in another order reads alike.
+CdRow readRow(sqlite3_stmt *statement)
+{
+    CdRow row;
+    const int columns = sqlite3_column_count(statement);
+    for (int c = 0; c < columns; ++c) {
+        const std::string_view name = sqlite3_column_name(statement, c);
+        const bool null = sqlite3_column_type(statement, c) == SQLITE_NULL;
+        if (name == "cd_nummer")
+            row.number = sqlite3_column_int(statement, c);
+        else if (name == "cd_name")
+            row.name = columnText(statement, c);
+        else if (name == "cd_seriennummer")
+            row.imageId = sqlite3_column_int(statement, c);
+        else if (name == "cd_inhalt")
+            row.comments = columnText(statement, c);
+        else if (name == "cd_ausgeliehen")
+            row.lent = sqlite3_column_int(statement, c) != 0;
+        else if (name == "cd_cover" && !null)
+            row.cover = columnText(statement, c);
+    }
+    return row;
+}
+
+QVariantList fieldsOf(const CdRow &row)
+{
+    return {row.number, row.name, row.imageId, row.comments, row.lent, row.cover};
+}
+
+ArchiveError rowMissing(int32_t number)
+{
+    return {Kind::NotFound, QStringLiteral("Die CD (Nummer: ") + QString::number(number)
+                                + QStringLiteral(") wurde im Archiv nicht gefunden.")};
+}
+
+QString byNumber(int32_t number)
+{
+    return QStringLiteral("Select * FROM cds WHERE cd_nummer=") + QString::number(number);
+}
+
+} // namespace
+
+ArchiveStore::ArchiveStore(const QString &mdbPath)
+    : m_path(mdbPath)
+{
+}
+
+ArchiveError ArchiveStore::create(const QString &mdbPath)
+{
+    ArchiveError error;
+    {
+        ArchiveConnection connection(mdbPath, ArchiveConnection::Mode::Create);
+        if (!connection.openError().ok())
+            return connection.openError();
+        error = connection.transaction([&] { return connection.run(QString::fromLatin1(kCreateTable)); });
+    }
+    // A file without its table would only be in the way of the next attempt.
+    if (!error.ok())
+        QFile::remove(mdbPath);
+    return error;
+}
+
+StoreResult<std::vector<CdRow>> ArchiveStore::selectAll() const
+{
+    return selectRows(QStringLiteral("Select * FROM cds"));
+}
+
+StoreResult<CdRow> ArchiveStore::selectByNumber(int32_t number) const
+{
+    StoreResult<std::vector<CdRow>> rows = selectRows(byNumber(number));
+    if (!rows.ok())
+        return {{}, rows.error};
+    if (rows.value.empty())
+        return {{}, rowMissing(number)};
+    return {rows.value.front(), {}};
+}
+
+StoreResult<std::vector<CdRow>> ArchiveStore::selectWithImage() const
+{
+    return selectRows(QStringLiteral("SELECT * FROM cds WHERE cd_seriennummer<>0"));
+}
+
+StoreResult<std::vector<int32_t>> ArchiveStore::selectNumbers(const QString &queryText, const QVariantList &binds) const
+{
+    StoreResult<std::vector<int32_t>> result;
+    ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
+    result.error = connection.run(queryText, binds, [&](sqlite3_stmt *statement) {
+        result.value.push_back(sqlite3_column_int(statement, 0));
+    });
+    if (!result.ok())
+        result.value.clear();
+    return result;
+}
+
+StoreResult<std::vector<CdRow>> ArchiveStore::selectRows(const QString &queryText) const
+{
+    StoreResult<std::vector<CdRow>> result;
+    ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
+    result.error = connection.run(queryText, {}, [&](sqlite3_stmt *statement) {
+        result.value.push_back(readRow(statement));
+    });
+    if (!result.ok())
+        result.value.clear();
+    return result;
+}
+
+ArchiveError ArchiveStore::addRow(const CdRow &row) const
+{
+    return write(QStringLiteral("INSERT INTO cds (cd_nummer, cd_name, cd_seriennummer, cd_inhalt, cd_ausgeliehen, "
+                                "cd_cover) VALUES (?, ?, ?, ?, ?, ?)"),
+                 fieldsOf(row), row.number);
+}
+
+ArchiveError ArchiveStore::updateRow(int32_t oldNumber, const CdRow &row) const
+{
+    QVariantList binds = fieldsOf(row);
+    binds.append(oldNumber);
+    return write(QStringLiteral("UPDATE cds SET cd_nummer=?, cd_name=?, cd_seriennummer=?, cd_inhalt=?, "
+                                "cd_ausgeliehen=?, cd_cover=? WHERE cd_nummer=?"),
+                 binds, oldNumber);
+}
+
+ArchiveError ArchiveStore::deleteRow(int32_t number) const
+{
+    return write(QStringLiteral("DELETE FROM cds WHERE cd_nummer=?"), {number}, number);
+}
+
+ArchiveError ArchiveStore::setImageId(int32_t number, int32_t imageId) const
+{
+    return write(QStringLiteral("UPDATE cds SET cd_seriennummer=? WHERE cd_nummer=?"), {imageId, number}, number);
+}
+
+// Runs one change of the row of number in a transaction; NotFound when it touched no row.
+ArchiveError ArchiveStore::write(const QString &statement, const QVariantList &binds, int32_t number) const
+{
+    ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
+    return connection.transaction([&] {
+        ArchiveError error = connection.run(statement, binds);
+        if (error.ok() && connection.changes() == 0)
+            error = rowMissing(number);
+        return error;
+    });
+}
