@@ -1,0 +1,111 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+// A drive image held in memory for browsing. The file is read once into one buffer; the
+// folder tree and, for every folder, the positions of its file lines are noted on the way,
+// so that listing a folder touches that folder's lines only. All texts are views into the
+// buffer (code page 1252 bytes) and live as long as the index.
+//
+// Lines end at CR LF or at a lone CR; a lone LF stays inside its line.
+class ImageIndex
+{
+public:
+    struct Folder
+    {
+        std::string_view key;  // the line from its second character: "d:\Bilder", "d:" for a root
+        std::string_view text; // the root's key, else the name after the last backslash
+        int32_t parent = -1;   // index in folders(), -1 for a root
+    };
+
+    // File-specific pictures, or the one standard picture for every row.
+    enum class Icons { FileSpecific, None };
+
+    struct Row
+    {
+        std::string_view name;
+        std::string_view size;
+        std::string_view date;
+        int32_t icon = 0; // index into Listing::iconTypes
+    };
+
+    struct Listing
+    {
+        // The file types to fetch a picture for, in this order. With file-specific icons: the
+        // distinct types of the folder as they first appear, then one empty type. With none:
+        // the single type "dat". A type can hold a backslash (a file without a dot in a
+        // folder with one); no picture exists for such a type.
+        std::vector<std::string_view> iconTypes;
+        std::vector<Row> rows;
+    };
+
+    // Reads the file. One that cannot be read gives an index with isLoaded() false, no
+    // folders and no rows.
+    static std::shared_ptr<const ImageIndex> load(const QString &path);
+
+    ImageIndex(const ImageIndex &) = delete;
+    ImageIndex &operator=(const ImageIndex &) = delete;
+
+    const QString &path() const { return m_path; }
+    bool isLoaded() const { return m_loaded; }
+    // False once the file's size or modification time differ from those at the load, or
+    // the file is gone (or has come since).
+    bool isCurrent() const;
+
+    // The folder lines in file order, each under an earlier one, up to the first line the
+    // tree cannot take: a folder line whose parent is not in the tree or whose key is
+    // already there, or a file line in the root without "|". Nothing after it is in the tree.
+    const std::vector<Folder> &folders() const { return m_folders; }
+
+    // Lines beginning with ">" and other non-empty lines, counted over the whole file.
+    int64_t folderLineCount() const { return m_folderLines; }
+    int64_t fileLineCount() const { return m_fileLines; }
+
+    // The file lines whose folder (the line up to its last backslash) is exactly `folder`,
+    // in file order. A line without "|" is stepped over. A row whose name is already in the
+    // listing is not added; its size and date replace those of the row added before it.
+    //
+    // Icons: the type table takes the type of each line, "dat" for a path without a dot or
+    // ending in a digit. A row then looks up its type by the plain rule (the text after the
+    // last dot), so "lied.mp3" finds no entry and keeps the icon of the row before (the
+    // first icon for the first row).
+    Listing listFolder(std::string_view folder, Icons icons) const;
+
+private:
+    struct FileState
+    {
+        int64_t size = -1;
+        int64_t modifiedNs = -1;
+        bool operator==(const FileState &) const = default;
+    };
+    static FileState stateOf(const QString &path);
+
+    ImageIndex() = default;
+    void index();
+
+    QString m_path;
+    bool m_loaded = false;
+    FileState m_state;
+    std::unique_ptr<char[]> m_bytes;
+    size_t m_size = 0;
+
+    std::vector<Folder> m_folders;
+    int64_t m_folderLines = 0;
+    int64_t m_fileLines = 0;
+
+    // Folder text -> its range in m_fileLineStarts, which holds the start offsets of the
+    // file lines grouped by folder, in file order within each group.
+    struct Range
+    {
+        uint32_t first = 0;
+        uint32_t count = 0;
+    };
+    std::unordered_map<std::string_view, Range> m_groups;
+    std::vector<uint64_t> m_fileLineStarts;
+};
