@@ -20,8 +20,9 @@ bool writePlaceholder(const QString &path)
     return file.write(kPlaceholderLine, length) == length;
 }
 
-// A folder the lookup does not find is created, and must not exist yet: an empty folder
-// left behind makes this fail on purpose, as the placeholder files exist to prevent.
+// A folder the lookup does not find is created, and creating one that exists fails: an
+// empty folder left behind thus sends the start down the failure road. The placeholder
+// files are there so that this never happens to a folder the program made itself.
 bool createFolderWithPlaceholder(const QString &folder, const QString &placeholderName)
 {
     if (dirFinds(folder))
