@@ -50,17 +50,18 @@ QString ArchiveCatalog::pathOf(const QString &name) const
 ArchiveError ArchiveCatalog::create(const QString &name, const QStringList &listedNames) const
 {
     if (name.isEmpty())
-        return {Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.")};
+        return { Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.") };
     if (name.contains(QLatin1Char('/')) || name.contains(QChar(0)))
-        return {Kind::BadName, QStringLiteral("Der Name \"") + name
-                                   + QStringLiteral("\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie "
-                                                    "einen anderen Namen.")};
+        return { Kind::BadName,
+            QStringLiteral("Der Name \"") + name
+                + QStringLiteral("\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie "
+                                 "einen anderen Namen.") };
     if (listedNames.contains(name))
-        return {Kind::DuplicateName, duplicateNameMessage(name)};
+        return { Kind::DuplicateName, duplicateNameMessage(name) };
     if (!QDir().mkpath(datapaths::archiveFolder(m_dataFolder)))
-        return {Kind::FileError, QStringLiteral("Der Ordner \"")
-                                     + QDir::toNativeSeparators(datapaths::archiveFolder(m_dataFolder))
-                                     + QStringLiteral("\" kann nicht angelegt werden.")};
+        return { Kind::FileError,
+            QStringLiteral("Der Ordner \"") + QDir::toNativeSeparators(datapaths::archiveFolder(m_dataFolder))
+                + QStringLiteral("\" kann nicht angelegt werden.") };
     return ArchiveStore::create(pathOf(name));
 }
 
@@ -68,11 +69,13 @@ ArchiveError ArchiveCatalog::remove(const QString &name) const
 {
     QFile file(pathOf(name));
     if (!QFileInfo(file).isFile())
-        return {Kind::NotFound, QStringLiteral("Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht "
-                                               "gefunden. Das Archiv wird aus der Liste entfernt!")};
+        return { Kind::NotFound,
+            QStringLiteral("Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht "
+                           "gefunden. Das Archiv wird aus der Liste entfernt!") };
     if (!file.remove())
-        return {Kind::FileError, QStringLiteral("Die Archivdatei \"") + QDir::toNativeSeparators(file.fileName())
-                                     + QStringLiteral("\" kann nicht gelöscht werden.")};
+        return { Kind::FileError,
+            QStringLiteral("Die Archivdatei \"") + QDir::toNativeSeparators(file.fileName())
+                + QStringLiteral("\" kann nicht gelöscht werden.") };
     return {};
 }
 
@@ -84,9 +87,8 @@ QString ArchiveCatalog::duplicateNameMessage(const QString &name)
 
 bool archiveNameMatches(const QString &typed, const QStringList &entries)
 {
-    return std::any_of(entries.begin(), entries.end(), [&](const QString &entry) {
-        return typed == entry + kExtension || typed == entry;
-    });
+    return std::any_of(entries.begin(), entries.end(),
+        [&](const QString &entry) { return typed == entry + kExtension || typed == entry; });
 }
 
 QString defaultArchive(const Settings &settings)
@@ -98,8 +100,9 @@ QString setDefaultArchive(Settings &settings, const QString &name)
 {
     settings.setValue(SettingKey::Standard, name);
     return QStringLiteral("Archiv ") + name
-        + QStringLiteral(" wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs automatisch "
-                         "gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen");
+        + QStringLiteral(
+            " wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs automatisch "
+            "gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen");
 }
 
 QString archiveNotFoundMessage()

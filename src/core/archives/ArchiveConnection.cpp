@@ -41,7 +41,8 @@ void bindValue(sqlite3_stmt *statement, int index, const QVariant &value)
             sqlite3_bind_null(statement, index);
         } else {
             const QByteArray text = value.toString().toUtf8();
-            sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+            sqlite3_bind_text(
+                statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
         }
     }
 }
@@ -57,7 +58,8 @@ ArchiveConnection::ArchiveConnection(const QString &path, Mode mode)
         return;
     }
     if (mode == Mode::Create && exists) {
-        m_openError = {Kind::FileError, QStringLiteral("Die Datei ") + quoted(path) + QStringLiteral(" existiert bereits.")};
+        m_openError = { Kind::FileError,
+            QStringLiteral("Die Datei ") + quoted(path) + QStringLiteral(" existiert bereits.") };
         return;
     }
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
@@ -93,7 +95,7 @@ ArchiveError ArchiveConnection::run(const QString &sql, const QVariantList &bind
         if (readRow)
             readRow(statement);
     }
-    ArchiveError result = code == SQLITE_DONE ? ArchiveError{} : failure(code);
+    ArchiveError result = code == SQLITE_DONE ? ArchiveError {} : failure(code);
     sqlite3_finalize(statement);
     return result;
 }
@@ -118,49 +120,64 @@ int ArchiveConnection::changes() const
 
 ArchiveError ArchiveConnection::fileMissing() const
 {
-    return {Kind::FileError, QStringLiteral("Die Archivdatei ") + quoted(m_path) + QStringLiteral(" wurde nicht gefunden.")};
+    return { Kind::FileError,
+        QStringLiteral("Die Archivdatei ") + quoted(m_path) + QStringLiteral(" wurde nicht gefunden.") };
 }
 
 ArchiveError ArchiveConnection::failure(int code) const
 {
     if (m_patternError != LikePattern::Error::None)
-        return {Kind::BadPattern, likeErrorMessage(m_patternError)};
+        return { Kind::BadPattern, likeErrorMessage(m_patternError) };
     if (code == SQLITE_CONSTRAINT_PRIMARYKEY)
-        return {Kind::DuplicateNumber, QStringLiteral("Bitte geben Sie eine andere CD Nummer ein, da jede Nummer nur "
-                                                      "einmal vergeben werden darf!")};
+        return { Kind::DuplicateNumber,
+            QStringLiteral("Bitte geben Sie eine andere CD Nummer ein, da jede Nummer nur "
+                           "einmal vergeben werden darf!") };
     // The only check of the table is the length of the title.
     if (code == SQLITE_CONSTRAINT_CHECK)
-        return {Kind::TitleTooLong, QStringLiteral("Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben.")};
+        return { Kind::TitleTooLong,
+            QStringLiteral("Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben.") };
     const QString file = quoted(m_path);
     switch (code & 0xff) {
     case SQLITE_NOTADB:
-        return {Kind::FileError, QStringLiteral("Die Datei ") + file + QStringLiteral(" ist keine Archivdatenbank.")};
+        return { Kind::FileError,
+            QStringLiteral("Die Datei ") + file + QStringLiteral(" ist keine Archivdatenbank.") };
     case SQLITE_CORRUPT:
-        return {Kind::FileError, QStringLiteral("Die Archivdatei ") + file + QStringLiteral(" ist beschädigt.")};
+        return { Kind::FileError,
+            QStringLiteral("Die Archivdatei ") + file + QStringLiteral(" ist beschädigt.") };
     case SQLITE_CANTOPEN:
-        return {Kind::FileError, QStringLiteral("Die Archivdatei ") + file + QStringLiteral(" kann nicht geöffnet werden.")};
+        return { Kind::FileError,
+            QStringLiteral("Die Archivdatei ") + file + QStringLiteral(" kann nicht geöffnet werden.") };
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return {Kind::FileError, QStringLiteral("Das Archiv ") + file
-                                     + QStringLiteral(" wird gerade von einem anderen Programm benutzt. Bitte "
-                                                      "versuchen Sie es gleich noch einmal.")};
+        return { Kind::FileError,
+            QStringLiteral("Das Archiv ") + file
+                + QStringLiteral(" wird gerade von einem anderen Programm benutzt. Bitte "
+                                 "versuchen Sie es gleich noch einmal.") };
     case SQLITE_READONLY:
-        return {Kind::FileError, QStringLiteral("Das Archiv ") + file
-                                     + QStringLiteral(" ist schreibgeschützt. Die Änderung wurde nicht gespeichert.")};
+        return { Kind::FileError,
+            QStringLiteral("Das Archiv ") + file
+                + QStringLiteral(" ist schreibgeschützt. Die Änderung wurde nicht gespeichert.") };
     case SQLITE_FULL:
-        return {Kind::FileError, QStringLiteral("Auf dem Datenträger ist kein Platz mehr. Die Änderung wurde nicht "
-                                                "gespeichert.")};
+        return { Kind::FileError,
+            QStringLiteral("Auf dem Datenträger ist kein Platz mehr. Die Änderung wurde nicht "
+                           "gespeichert.") };
     case SQLITE_IOERR:
-        return {Kind::FileError, QStringLiteral("Die Archivdatei ") + file
-                                     + QStringLiteral(" kann nicht gelesen oder geschrieben werden.")};
+        return { Kind::FileError,
+            QStringLiteral("Die Archivdatei ") + file
+                + QStringLiteral(" kann nicht gelesen oder geschrieben werden.") };
     default:
         break;
     }
-    const QString detail = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QString::fromUtf8(sqlite3_errstr(code));
+    const QString detail
+        = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QString::fromUtf8(sqlite3_errstr(code));
     if (detail.startsWith(QLatin1String("no such table")))
-        return {Kind::FileError, QStringLiteral("Die Datei ") + file + QStringLiteral(" enthält keine CD-Tabelle und ist "
-                                                                                      "daher kein Archiv.")};
-    return {Kind::EngineError, QStringLiteral("Fehler ") + QString::number(code) + QStringLiteral(" beim Zugriff auf "
-                                                                                                 "das Archiv ")
-                                   + file + QStringLiteral(": ") + detail};
+        return { Kind::FileError,
+            QStringLiteral("Die Datei ") + file
+                + QStringLiteral(" enthält keine CD-Tabelle und ist "
+                                 "daher kein Archiv.") };
+    return { Kind::EngineError,
+        QStringLiteral("Fehler ") + QString::number(code)
+            + QStringLiteral(" beim Zugriff auf "
+                             "das Archiv ")
+            + file + QStringLiteral(": ") + detail };
 }

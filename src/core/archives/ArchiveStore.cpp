@@ -54,13 +54,14 @@ CdRow readRow(sqlite3_stmt *statement)
 
 QVariantList fieldsOf(const CdRow &row)
 {
-    return {row.number, row.name, row.imageId, row.comments, row.lent, row.cover};
+    return { row.number, row.name, row.imageId, row.comments, row.lent, row.cover };
 }
 
 ArchiveError rowMissing(int32_t number)
 {
-    return {Kind::NotFound, QStringLiteral("Die CD (Nummer: ") + QString::number(number)
-                                + QStringLiteral(") wurde im Archiv nicht gefunden.")};
+    return { Kind::NotFound,
+        QStringLiteral("Die CD (Nummer: ") + QString::number(number)
+            + QStringLiteral(") wurde im Archiv nicht gefunden.") };
 }
 
 QString byNumber(int32_t number)
@@ -99,10 +100,10 @@ StoreResult<CdRow> ArchiveStore::selectByNumber(int32_t number) const
 {
     StoreResult<std::vector<CdRow>> rows = selectRows(byNumber(number));
     if (!rows.ok())
-        return {{}, rows.error};
+        return { {}, rows.error };
     if (rows.value.empty())
-        return {{}, rowMissing(number)};
-    return {rows.value.front(), {}};
+        return { {}, rowMissing(number) };
+    return { rows.value.front(), {} };
 }
 
 StoreResult<std::vector<CdRow>> ArchiveStore::selectWithImage() const
@@ -110,13 +111,13 @@ StoreResult<std::vector<CdRow>> ArchiveStore::selectWithImage() const
     return selectRows(QStringLiteral("SELECT * FROM cds WHERE cd_seriennummer<>0"));
 }
 
-StoreResult<std::vector<int32_t>> ArchiveStore::selectNumbers(const QString &queryText, const QVariantList &binds) const
+StoreResult<std::vector<int32_t>> ArchiveStore::selectNumbers(
+    const QString &queryText, const QVariantList &binds) const
 {
     StoreResult<std::vector<int32_t>> result;
     ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
-    result.error = connection.run(queryText, binds, [&](sqlite3_stmt *statement) {
-        result.value.push_back(sqlite3_column_int(statement, 0));
-    });
+    result.error = connection.run(queryText, binds,
+        [&](sqlite3_stmt *statement) { result.value.push_back(sqlite3_column_int(statement, 0)); });
     if (!result.ok())
         result.value.clear();
     return result;
@@ -126,9 +127,8 @@ StoreResult<std::vector<CdRow>> ArchiveStore::selectRows(const QString &queryTex
 {
     StoreResult<std::vector<CdRow>> result;
     ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
-    result.error = connection.run(queryText, {}, [&](sqlite3_stmt *statement) {
-        result.value.push_back(readRow(statement));
-    });
+    result.error = connection.run(
+        queryText, {}, [&](sqlite3_stmt *statement) { result.value.push_back(readRow(statement)); });
     if (!result.ok())
         result.value.clear();
     return result;
@@ -136,9 +136,10 @@ StoreResult<std::vector<CdRow>> ArchiveStore::selectRows(const QString &queryTex
 
 ArchiveError ArchiveStore::addRow(const CdRow &row) const
 {
-    return write(QStringLiteral("INSERT INTO cds (cd_nummer, cd_name, cd_seriennummer, cd_inhalt, cd_ausgeliehen, "
-                                "cd_cover) VALUES (?, ?, ?, ?, ?, ?)"),
-                 fieldsOf(row), row.number);
+    return write(
+        QStringLiteral("INSERT INTO cds (cd_nummer, cd_name, cd_seriennummer, cd_inhalt, cd_ausgeliehen, "
+                       "cd_cover) VALUES (?, ?, ?, ?, ?, ?)"),
+        fieldsOf(row), row.number);
 }
 
 ArchiveError ArchiveStore::updateRow(int32_t oldNumber, const CdRow &row) const
@@ -147,17 +148,18 @@ ArchiveError ArchiveStore::updateRow(int32_t oldNumber, const CdRow &row) const
     binds.append(oldNumber);
     return write(QStringLiteral("UPDATE cds SET cd_nummer=?, cd_name=?, cd_seriennummer=?, cd_inhalt=?, "
                                 "cd_ausgeliehen=?, cd_cover=? WHERE cd_nummer=?"),
-                 binds, oldNumber);
+        binds, oldNumber);
 }
 
 ArchiveError ArchiveStore::deleteRow(int32_t number) const
 {
-    return write(QStringLiteral("DELETE FROM cds WHERE cd_nummer=?"), {number}, number);
+    return write(QStringLiteral("DELETE FROM cds WHERE cd_nummer=?"), { number }, number);
 }
 
 ArchiveError ArchiveStore::setImageId(int32_t number, int32_t imageId) const
 {
-    return write(QStringLiteral("UPDATE cds SET cd_seriennummer=? WHERE cd_nummer=?"), {imageId, number}, number);
+    return write(
+        QStringLiteral("UPDATE cds SET cd_seriennummer=? WHERE cd_nummer=?"), { imageId, number }, number);
 }
 
 // Runs one change of the row of number in a transaction; NotFound when it touched no row.

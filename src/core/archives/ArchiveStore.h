@@ -30,7 +30,8 @@ public:
     StoreResult<std::vector<CdRow>> selectWithImage() const;
     // Runs a query text whose first column is cd_nummer, with "?" parameters bound in order,
     // and returns that column. LIKE in the text follows the catalogue's pattern rule.
-    StoreResult<std::vector<int32_t>> selectNumbers(const QString &queryText, const QVariantList &binds = {}) const;
+    StoreResult<std::vector<int32_t>> selectNumbers(
+        const QString &queryText, const QVariantList &binds = {}) const;
 
     // DuplicateNumber when the number is taken, TitleTooLong over 50 characters.
     ArchiveError addRow(const CdRow &row) const;

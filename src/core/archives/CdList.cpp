@@ -56,8 +56,9 @@ Fill entriesOf(const std::vector<CdRow> &rows)
             outside.append(QString::number(row.number));
     }
     if (!outside.isEmpty())
-        fill.error = QStringLiteral("Folgende CD-Nummern liegen außerhalb des Bereichs von -32768 bis 32767 und können "
-                                    "in der Liste nicht angezeigt werden: ")
+        fill.error = QStringLiteral(
+                         "Folgende CD-Nummern liegen außerhalb des Bereichs von -32768 bis 32767 und können "
+                         "in der Liste nicht angezeigt werden: ")
             + outside.join(QStringLiteral(", "));
     return fill;
 }
@@ -88,7 +89,7 @@ void sortList1(QStringList &entries, bool &listSorted)
     for (const QString &entry : entries) {
         // Without a blank the number part is empty and the whole entry is the title.
         const qsizetype p = entry.indexOf(QLatin1Char(' ')) + 1;
-        columns.push_back({entry.left(p), entry.right(entry.size() - p)});
+        columns.push_back({ entry.left(p), entry.right(entry.size() - p) });
     }
     quickSort(columns, 0, static_cast<int>(columns.size()) - 1);
     entries.clear();

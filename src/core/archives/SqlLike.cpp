@@ -12,7 +12,7 @@ namespace {
 std::string_view bytesOf(sqlite3_value *value)
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
-    return {text, static_cast<size_t>(sqlite3_value_bytes(value))};
+    return { text, static_cast<size_t>(sqlite3_value_bytes(value)) };
 }
 
 void deletePattern(void *pattern)
@@ -32,7 +32,8 @@ void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
     const auto *kept = static_cast<const LikePattern *>(sqlite3_get_auxdata(context, 0));
     std::unique_ptr<LikePattern> compiled;
     if (!kept)
-        compiled = std::make_unique<LikePattern>(cp1252::fromUtf8(bytesOf(arguments[0])), LikePattern::Case::Folded);
+        compiled = std::make_unique<LikePattern>(
+            cp1252::fromUtf8(bytesOf(arguments[0])), LikePattern::Case::Folded);
     const LikePattern &pattern = kept ? *kept : *compiled;
     if (!pattern.isValid()) {
         *static_cast<LikePattern::Error *>(sqlite3_user_data(context)) = pattern.error();
@@ -49,5 +50,5 @@ void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
 void registerSqlLike(sqlite3 *db, LikePattern::Error *patternError)
 {
     sqlite3_create_function_v2(db, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, patternError, &likeFunction,
-                               nullptr, nullptr, nullptr);
+        nullptr, nullptr, nullptr);
 }
