@@ -70,7 +70,7 @@ bool VolumeWalk::run(const std::string &rootFolder, std::string_view drive)
     m_fsPath = rootFolder;
     m_depth = 0;
     m_passedLevels = 0;
-    m_lastReport = std::chrono::steady_clock::now();
+    m_lastReport = std::chrono::steady_clock::now() - kReportInterval; // the first folder reports at once
     const int fd = ::open(rootFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     struct stat root;
     if (fd >= 0 && ::fstat(fd, &root) == 0)

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+// Builds a folder tree on disk for capture tests: files of a given size (large ones sparse,
+// so they take no room), copies of fixture files, links, each with a fixed modification
+// time in seconds since 1970 UTC. Paths are relative to the root, with "/".
+class TreeBuilder
+{
+public:
+    // `root` must exist.
+    explicit TreeBuilder(const QString &root);
+
+    const QString &root() const { return m_root; }
+    QString path(const QString &relative) const;
+
+    void folder(const QString &relative);
+    // A file of `size` bytes: "x" repeated up to 64 KiB, a hole beyond.
+    void file(const QString &relative, int64_t size, int64_t mtime);
+    void copy(const QString &source, const QString &relative, int64_t mtime);
+    void symlink(const QString &target, const QString &relative, int64_t mtime);
+
+    // The names in `relativeFolder` in the order the file system lists them, "." and ".."
+    // left out: captures follow this order, so expected images are composed with it.
+    QStringList listingOrder(const QString &relativeFolder = {}) const;
+
+private:
+    void parentsOf(const QString &relative) const;
+    void setTime(const QString &relative, int64_t mtime, bool link) const;
+
+    QString m_root;
+};
