@@ -106,7 +106,12 @@ std::optional<Prompts::FileAnswer> Prompts::file(QWidget *parent, const FileRequ
     QFileDialog dialog(parent, request.title, request.directory);
     const bool save = request.mode == FileRequest::Mode::Save;
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (request.mode == FileRequest::Mode::Folder) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    } else {
+        dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    }
     // The callers ask about an existing file themselves where they care.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
@@ -121,4 +126,9 @@ std::optional<Prompts::FileAnswer> Prompts::file(QWidget *parent, const FileRequ
         return std::nullopt;
     const auto chosenFilter = request.nameFilters.indexOf(dialog.selectedNameFilter());
     return FileAnswer{dialog.selectedFiles().constFirst(), static_cast<int>(std::max<qsizetype>(chosenFilter, 0))};
+}
+
+void Prompts::runtimeError(QWidget *parent, int number, const QString &text)
+{
+    message(parent, QStringLiteral("Laufzeitfehler '%1':\n\n%2").arg(number).arg(text), Icon::Critical);
 }

@@ -19,7 +19,7 @@ public:
 
     struct FileRequest
     {
-        enum class Mode { Open, Save };
+        enum class Mode { Open, Save, Folder };
         Mode mode = Mode::Open;
         QString title;
         QString directory;
@@ -41,6 +41,10 @@ public:
     static std::optional<QString> input(QWidget *parent, const QString &prompt, const QString &title,
                                         const QString &defaultText = {});
 
-    // An open or save file dialog: the chosen file, or nothing for a cancel.
+    // An open or save file dialog, or a folder choice: the chosen path, or nothing for a cancel.
     static std::optional<FileAnswer> file(QWidget *parent, const FileRequest &request);
+
+    // The report of a failure that the program doesn't handle in its own words: the error
+    // number and text under the stop icon. The operation is abandoned, the program goes on.
+    static void runtimeError(QWidget *parent, int number, const QString &text);
 };

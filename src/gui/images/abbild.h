@@ -1,0 +1,61 @@
+#pragma once
+
+#include "common/MainWindowLink.h"
+#include "images/ImageCapture.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class CaptureRelay;
+class QThread;
+class Settings;
+class wait;
+struct Session;
+
+namespace Ui {
+class abbild;
+}
+
+// The capture dialog: a drive, all files or a filter, the prune option. The capture runs on
+// a thread of its own while `wait` shows its progress; what becomes of the new image id
+// depends on the session's capture mode: "1" stores it in the selected CD's row, "2" and "3"
+// hand it to the CD editor that opened the dialog (imageCaptured).
+class abbild : public QWidget
+{
+    Q_OBJECT
+
+public:
+    abbild(Session &session, Settings &settings, MainWindowLink link, QWidget *parent = nullptr);
+    ~abbild() override;
+
+    bool captureRunning() const { return m_thread != nullptr; }
+
+signals:
+    void imageCaptured(int32_t id);
+    // The capture has ended, whatever its outcome, and every message about it was answered.
+    void captureEnded();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void optionClicked();
+    void showFilterHelp();
+    void addFolder();
+    void aufnahhme();
+    void captureFinished();
+    void storeInSelectedCd(int32_t id);
+
+    std::unique_ptr<Ui::abbild> m_ui;
+    Session &m_session;
+    Settings &m_settings;
+    MainWindowLink m_link;
+
+    QThread *m_thread = nullptr;
+    CaptureRelay *m_relay = nullptr;
+    QPointer<wait> m_wait;
+    CaptureResult m_result;
+};
