@@ -2,12 +2,11 @@
 
 #include "ImageLineMatcher.h"
 #include "ImageScanner.h"
+#include "SearchMessages.h"
 #include "SearchProgress.h"
 
 #include "app/DataPaths.h"
 #include "common/Cp1252.h"
-
-#include <QDir>
 
 #include <thread>
 
@@ -23,14 +22,12 @@ FileSearchResult refused(FileSearchOutcome outcome, const QString &message)
 
 FileSearchResult emptyWord()
 {
-    return refused(FileSearchOutcome::EmptyWord, QStringLiteral("Bitte geben Sie einen Suchbegriff ein!"));
+    return refused(FileSearchOutcome::EmptyWord, searchmessages::emptyWord());
 }
 
 FileSearchResult unreadable(const QString &path)
 {
-    return refused(FileSearchOutcome::UnreadableImage,
-                   QStringLiteral("Das Datenträgerabbild %1 kann nicht gelesen werden.")
-                       .arg(QDir::toNativeSeparators(path)));
+    return refused(FileSearchOutcome::UnreadableImage, searchmessages::unreadableImage(path));
 }
 
 ImageScanJob jobFor(const SearchCd &cd, const QString &dataFolder)
@@ -51,7 +48,7 @@ FileSearchResult collect(std::vector<ImageScanJob> &jobs, const QString &word)
             result.hits.push_back(std::move(hit));
     }
     if (result.hits.empty())
-        return refused(FileSearchOutcome::NoHit, FileSearch::noHitMessage(word));
+        return refused(FileSearchOutcome::NoHit, searchmessages::noHit(word));
     result.outcome = FileSearchOutcome::Hits;
     return result;
 }
@@ -73,7 +70,7 @@ FileSearchResult FileSearch::searchOneCd(const SearchCd &cd, const QString &word
     ImageFileBuffer buffer;
     switch (buffer.load(jobs.front().path)) {
     case ImageFileBuffer::Status::Missing:
-        return refused(FileSearchOutcome::NoImage, QStringLiteral("Kein Datenträgerabbild vorhanden!"));
+        return refused(FileSearchOutcome::NoImage, searchmessages::noImage());
     case ImageFileBuffer::Status::Unreadable:
         return unreadable(jobs.front().path);
     case ImageFileBuffer::Status::Loaded:
@@ -101,8 +98,7 @@ FileSearchResult FileSearch::searchAllCds(const std::vector<SearchCd> &cds, cons
             jobs.push_back(jobFor(cd, m_dataFolder));
     }
     if (jobs.empty())
-        return refused(FileSearchOutcome::NoCdWithImage,
-                       QStringLiteral("Keine CD mit der gesuchten Datei vorhanden!"));
+        return refused(FileSearchOutcome::NoCdWithImage, searchmessages::noCdWithImage());
     const ImageLineMatcher matcher('*' + cp1252::fromQString(word) + '*', ImageLineMatcher::Part::WholeLine);
     if (matcher.error() != LikePattern::Error::None)
         return refused(FileSearchOutcome::BadPattern, likeErrorMessage(matcher.error()));
@@ -119,9 +115,4 @@ FileSearchResult FileSearch::searchAllCds(const std::vector<SearchCd> &cds, cons
         break;
     }
     return collect(jobs, word);
-}
-
-QString FileSearch::noHitMessage(const QString &word)
-{
-    return QStringLiteral("Keine CD mit dem Inhalt ") + word + QStringLiteral(" gefunden!");
 }

@@ -30,9 +30,6 @@ public:
     FileSearchResult searchAllCds(const std::vector<SearchCd> &cds, const QString &word,
                                   SearchProgress *progress = nullptr) const;
 
-    // The message for a word that found nothing.
-    static QString noHitMessage(const QString &word);
-
 private:
     QString m_dataFolder;
     int m_workers;
