@@ -8,8 +8,10 @@
 
 namespace {
 
-// Large enough that a listing of small entries reads the file in a few calls.
+// Large enough that a listing of small entries reads the file in a few calls; behind a jump
+// over large data a header is all that is wanted, so less is read there.
 constexpr size_t kBlockSize = 64 * 1024;
+constexpr size_t kBlockAfterSkip = 4 * 1024;
 
 } // namespace
 
@@ -57,14 +59,16 @@ bool BufferedFileReader::fill()
 {
     if (m_fd < 0)
         return false;
+    size_t block = kBlockSize;
     if (m_pendingSkip > 0) {
         if (::lseek(m_fd, static_cast<off_t>(m_pendingSkip), SEEK_CUR) < 0)
             return false;
         m_pendingSkip = 0;
+        block = kBlockAfterSkip;
     }
     ssize_t got;
     do {
-        got = ::read(m_fd, m_buffer.data(), m_buffer.size());
+        got = ::read(m_fd, m_buffer.data(), block);
     } while (got < 0 && errno == EINTR);
     if (got <= 0)
         return false;
