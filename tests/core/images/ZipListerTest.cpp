@@ -202,3 +202,19 @@ TEST(ZipLister, OddHeadersEndTheWalkWithoutLosingWhatCameBefore)
         expectRows(listZip(c.zip.writeTo(dir, c.name)), withEndRow(c.rows));
     }
 }
+
+TEST(ZipLister, StepsOverDataOfAnySize)
+{
+    // Sizes around the reader's block so that headers straddle blocks and jumps land in,
+    // at and far behind the buffered part.
+    const std::vector<size_t> sizes = {1, 65400, 70000, 3, 4090, 200000, 65536, 40};
+    ZipBytes zip;
+    std::vector<ArchiveEntry> rows;
+    for (size_t i = 0; i < sizes.size(); ++i) {
+        const std::string name = "teil" + std::to_string(i) + ".bin";
+        zip.entry(name, std::string(sizes[i], static_cast<char>('a' + i)));
+        rows.push_back({name, std::to_string(sizes[i]), kDate});
+    }
+    QTemporaryDir dir;
+    expectRows(listZip(zip.writeTo(dir, "gemischt.zip")), withEndRow(rows));
+}
