@@ -6,6 +6,7 @@
 #include "SearchProgress.h"
 
 #include "app/DataPaths.h"
+#include "archives/ArchiveStore.h"
 #include "common/Cp1252.h"
 
 #include <thread>
@@ -115,4 +116,19 @@ FileSearchResult FileSearch::searchAllCds(const std::vector<SearchCd> &cds, cons
         break;
     }
     return collect(jobs, word);
+}
+
+FileSearchResult FileSearch::searchArchive(const ArchiveStore &store, const QString &word,
+                                           SearchProgress *progress) const
+{
+    if (word.isEmpty())
+        return emptyWord();
+    const StoreResult<std::vector<CdRow>> rows = store.selectWithImage();
+    if (!rows.ok())
+        return refused(FileSearchOutcome::ArchiveFailed, rows.error.message);
+    std::vector<SearchCd> cds;
+    cds.reserve(rows.value.size());
+    for (const CdRow &row : rows.value)
+        cds.push_back({row.number, row.name, row.imageId});
+    return searchAllCds(cds, word, progress);
 }

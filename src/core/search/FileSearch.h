@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class ArchiveStore;
 class SearchProgress;
 
 // The search for a word in the drive images below a data folder. Every image is read afresh;
@@ -29,6 +30,11 @@ public:
     // is passed over.
     FileSearchResult searchAllCds(const std::vector<SearchCd> &cds, const QString &word,
                                   SearchProgress *progress = nullptr) const;
+
+    // All CDs of an archive that have an image, in the archive's order. The archive is read
+    // and closed before the first image is touched.
+    FileSearchResult searchArchive(const ArchiveStore &store, const QString &word,
+                                   SearchProgress *progress = nullptr) const;
 
 private:
     QString m_dataFolder;

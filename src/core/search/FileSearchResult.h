@@ -7,7 +7,7 @@
 
 // How a file search ended. The dialog shows `message` with the icon that the outcome calls
 // for: EmptyWord none; NoImage stop (and the dialog closes); NoCdWithImage stop; NoHit
-// information; BadPattern and UnreadableImage critical. Hits and Cancelled have no message.
+// information; BadPattern, UnreadableImage and ArchiveFailed critical. Hits and Cancelled have no message.
 enum class FileSearchOutcome {
     Hits,
     EmptyWord,
@@ -15,6 +15,7 @@ enum class FileSearchOutcome {
     NoCdWithImage,
     BadPattern,
     UnreadableImage,
+    ArchiveFailed,
     NoHit,
     Cancelled,
 };

@@ -1,3 +1,4 @@
+#include "ArchiveBuilder.h"
 #include "SearchDataFolder.h"
 
 #include "common/Cp1252.h"
@@ -343,6 +344,38 @@ TEST(FileSearch, ReportsEveryImageAndCanBeCancelled)
     RecordingProgress before(0);
     EXPECT_EQ(FileSearch(data.path()).searchOneCd(cds[0], QStringLiteral("haus"), false, &before).outcome,
               FileSearchOutcome::Cancelled);
+}
+
+} // namespace
+
+namespace {
+
+TEST(FileSearch, SearchesTheCdsOfAnArchiveThatHaveAnImage)
+{
+    SearchDataFolder data;
+    ArchiveBuilder archive(data.path(), QStringLiteral("Test"));
+    archive.cd(9, QStringLiteral("Neun"), QStringLiteral("Sta1|End1"), 90)
+        .cd(2, QStringLiteral("Zwei"), QStringLiteral("Sta1|End1"), 20)
+        .cd(5, QStringLiteral("Ohne Abbild"), QStringLiteral("Sta1|End1"), 0)
+        .cd(4, QStringLiteral("Abbild fehlt"), QStringLiteral("Sta1|End1"), 40);
+    data.writeImage(90, {">d:", "d:\\Haus.txt|1|01.01.2003"});
+    data.writeImage(20, {">d:", "d:\\haus.txt|2|01.01.2003"});
+    data.writeImage(0, {">d:", "d:\\haus.txt|3|01.01.2003"});
+    const FileSearch search(data.path());
+    const FileSearchResult found = search.searchArchive(archive.store(), QStringLiteral("haus"));
+    EXPECT_EQ(found.hits, (std::vector<std::string>{"2-Zwei<d:\\haus.txt|2|01.01.2003",
+                                                     "9-Neun<d:\\Haus.txt|1|01.01.2003"}));
+
+    ArchiveBuilder noImages(data.path(), QStringLiteral("Leer"));
+    noImages.cd(1, QStringLiteral("Eins"));
+    EXPECT_EQ(search.searchArchive(noImages.store(), QStringLiteral("haus")).outcome,
+              FileSearchOutcome::NoCdWithImage);
+
+    const ArchiveStore missing(data.path() + QStringLiteral("/archive/Fehlt.mdb"));
+    const FileSearchResult failed = search.searchArchive(missing, QStringLiteral("haus"));
+    EXPECT_EQ(failed.outcome, FileSearchOutcome::ArchiveFailed);
+    EXPECT_FALSE(failed.message.isEmpty());
+    EXPECT_EQ(search.searchArchive(missing, QString()).outcome, FileSearchOutcome::EmptyWord);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "QStringPrinter.h"
+#include "QStringPrinting.h"
 
 #include "search/ResultNavigator.h"
 
