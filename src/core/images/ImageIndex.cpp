@@ -1,31 +1,18 @@
 #include "ImageIndex.h"
 
 #include "ImageLine.h"
+#include "LineScanner.h"
 
 #include <QFile>
 
 #include <cstring>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <unordered_set>
 
 namespace {
-
-// The end of the line that starts at `p`: the first CR, or the end of the data.
-const char *lineEnd(const char *p, const char *end)
-{
-    const void *cr = std::memchr(p, '\r', static_cast<size_t>(end - p));
-    return cr ? static_cast<const char *>(cr) : end;
-}
-
-// Where the next line starts after a line ending at `e`: behind CR LF or a lone CR.
-const char *nextLine(const char *e, const char *end)
-{
-    if (e == end)
-        return end;
-    return (e + 1 < end && e[1] == '\n') ? e + 2 : e + 1;
-}
 
 // The type by which the icon table is built: "dat" also when the path ends in a digit.
 std::string_view tableType(std::string_view fullPath)
@@ -47,7 +34,31 @@ bool readWhole(int fd, char *into, size_t size)
     return true;
 }
 
+constexpr size_t hugePage = size_t(2) << 20;
+
 } // namespace
+
+ImageIndex::Buffer::Buffer(size_t size) : m_size(size)
+{
+    if (size == 0)
+        return;
+    m_mapped = (size + hugePage - 1) / hugePage * hugePage;
+    void *memory = ::mmap(nullptr, m_mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) {
+        m_mapped = 0;
+        m_size = 0;
+        return;
+    }
+    if (size >= hugePage)
+        ::madvise(memory, m_mapped, MADV_HUGEPAGE);
+    m_data = static_cast<char *>(memory);
+}
+
+ImageIndex::Buffer::~Buffer()
+{
+    if (m_mapped)
+        ::munmap(m_data, m_mapped);
+}
 
 ImageIndex::FileState ImageIndex::stateOf(const QString &path)
 {
@@ -69,15 +80,15 @@ std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
     if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) {
         image->m_state = {static_cast<int64_t>(info.st_size), static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000
                                                                   + static_cast<int64_t>(info.st_mtim.tv_nsec)};
-        image->m_size = static_cast<size_t>(info.st_size);
-        image->m_bytes = std::make_unique_for_overwrite<char[]>(image->m_size);
-        image->m_loaded = readWhole(fd, image->m_bytes.get(), image->m_size);
+        const auto size = static_cast<size_t>(info.st_size);
+        image->m_bytes = std::make_unique<Buffer>(size);
+        image->m_loaded = image->m_bytes->size() == size && readWhole(fd, image->m_bytes->data(), size);
     }
     ::close(fd);
     if (image->m_loaded)
         image->index();
     else
-        image->m_size = 0;
+        image->m_bytes.reset();
     return image;
 }
 
@@ -88,92 +99,108 @@ bool ImageIndex::isCurrent() const
 
 void ImageIndex::index()
 {
-    const char *const begin = m_bytes.get();
-    const char *const end = begin + m_size;
+    const char *const begin = m_bytes->data();
 
     std::unordered_map<std::string_view, int32_t> nodeOf;
     bool treeOpen = true;
 
-    // Per file line: its group and start, grouped after the pass. The files of one folder
-    // mostly follow each other, so the last group is tried before the table.
-    std::vector<uint32_t> groupOfLine;
-    std::vector<uint64_t> startOfLine;
-    std::vector<std::string_view> groupFolders;
-    std::unordered_map<std::string_view, uint32_t> groupIds;
-    std::string_view lastFolder;
-    uint32_t lastGroup = UINT32_MAX;
+    // The run being extended: its group, and where its last line ended. Any line that is not
+    // a file line of that folder closes it.
+    std::string_view runFolder;
+    uint32_t runGroup = 0;
+    bool haveGroup = false;
+    bool runOpen = false;
+    const auto closeRun = [&](const char *at) {
+        if (runOpen)
+            m_runs[static_cast<size_t>(m_groups[runGroup].last)].end = static_cast<uint64_t>(at - begin);
+        runOpen = false;
+    };
 
-    for (const char *p = begin; p < end;) {
-        const char *e = lineEnd(p, end);
-        const std::string_view line(p, static_cast<size_t>(e - p));
-        const uint64_t start = static_cast<uint64_t>(p - begin);
-        p = nextLine(e, end);
-        if (line.empty())
-            continue;
-
+    linescanner::forEachLine(begin, m_bytes->size(), [&](std::string_view line, size_t lastBackslash) {
+        if (line.empty()) {
+            closeRun(line.data());
+            return;
+        }
         if (line.front() == '>') {
+            closeRun(line.data());
             ++m_folderLines;
-            if (!treeOpen)
-                continue;
-            Folder folder;
-            folder.key = imageline::folderKey(line);
-            folder.text = imageline::nodeText(line);
-            if (!imageline::isRoot(line)) {
-                const auto parent = nodeOf.find(imageline::parentKey(line));
-                if (parent == nodeOf.end()) {
-                    treeOpen = false;
-                    continue;
-                }
-                folder.parent = parent->second;
-            }
-            if (!nodeOf.emplace(folder.key, static_cast<int32_t>(m_folders.size())).second) {
-                treeOpen = false;
-                continue;
-            }
-            m_folders.push_back(folder);
-            continue;
+            if (treeOpen)
+                treeOpen = addFolder(line, nodeOf);
+            return;
         }
 
         ++m_fileLines;
-        const std::string_view folder = imageline::folderOf(line);
+        const std::string_view folder =
+            lastBackslash == std::string_view::npos ? std::string_view() : line.substr(0, lastBackslash);
         if (treeOpen && folder.size() == 2 && line.find('|') == std::string_view::npos)
             treeOpen = false;
-        if (lastGroup == UINT32_MAX || folder != lastFolder) {
-            const auto [it, added] = groupIds.emplace(folder, static_cast<uint32_t>(groupFolders.size()));
-            if (added)
-                groupFolders.push_back(folder);
-            lastFolder = folder;
-            lastGroup = it->second;
+        if (runOpen && folder == runFolder) {
+            ++m_groups[runGroup].lines;
+            return;
         }
-        groupOfLine.push_back(lastGroup);
-        startOfLine.push_back(start);
-    }
+        closeRun(line.data());
+        if (!haveGroup || folder != runFolder) {
+            const auto [it, added] = m_groupOf.emplace(folder, static_cast<uint32_t>(m_groups.size()));
+            if (added)
+                m_groups.emplace_back();
+            runGroup = it->second;
+            runFolder = folder;
+            haveGroup = true;
+        }
+        Group &group = m_groups[runGroup];
+        const auto run = static_cast<int32_t>(m_runs.size());
+        m_runs.push_back({static_cast<uint64_t>(line.data() - begin), 0, -1});
+        if (group.last >= 0)
+            m_runs[static_cast<size_t>(group.last)].next = run;
+        else
+            group.first = run;
+        group.last = run;
+        ++group.lines;
+        runOpen = true;
+    });
+    closeRun(begin + m_bytes->size());
+}
 
-    std::vector<uint32_t> next(groupFolders.size() + 1, 0);
-    for (const uint32_t group : groupOfLine)
-        ++next[group + 1];
-    for (size_t g = 0; g < groupFolders.size(); ++g) {
-        m_groups.emplace(groupFolders[g], Range{next[g], next[g + 1]});
-        next[g + 1] += next[g];
+bool ImageIndex::addFolder(std::string_view line, std::unordered_map<std::string_view, int32_t> &nodeOf)
+{
+    Folder folder;
+    folder.key = imageline::folderKey(line);
+    folder.text = imageline::nodeText(line);
+    if (!imageline::isRoot(line)) {
+        // Depth first, the parent is mostly the folder before or one of its ancestors.
+        const std::string_view parentKey = imageline::parentKey(line);
+        int32_t parent = static_cast<int32_t>(m_folders.size()) - 1;
+        while (parent >= 0 && m_folders[static_cast<size_t>(parent)].key != parentKey)
+            parent = m_folders[static_cast<size_t>(parent)].parent;
+        if (parent < 0) {
+            const auto found = nodeOf.find(parentKey);
+            if (found == nodeOf.end())
+                return false;
+            parent = found->second;
+        }
+        folder.parent = parent;
     }
-    m_fileLineStarts.resize(startOfLine.size());
-    for (size_t i = 0; i < startOfLine.size(); ++i)
-        m_fileLineStarts[next[groupOfLine[i]]++] = startOfLine[i];
+    if (!nodeOf.emplace(folder.key, static_cast<int32_t>(m_folders.size())).second)
+        return false;
+    m_folders.push_back(folder);
+    return true;
 }
 
 ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons) const
 {
     Listing listing;
     std::vector<imageline::FileFields> lines;
-    if (const auto group = m_groups.find(folder); group != m_groups.end()) {
-        const char *const begin = m_bytes.get();
-        const char *const end = begin + m_size;
-        lines.reserve(group->second.count);
-        for (uint32_t i = 0; i < group->second.count; ++i) {
-            const char *p = begin + m_fileLineStarts[group->second.first + i];
-            imageline::FileFields fields;
-            if (imageline::cutFileLine(std::string_view(p, static_cast<size_t>(lineEnd(p, end) - p)), fields))
-                lines.push_back(fields);
+    if (const auto found = m_groupOf.find(folder); found != m_groupOf.end()) {
+        const Group &group = m_groups[found->second];
+        lines.reserve(group.lines);
+        for (int32_t r = group.first; r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
+            const Run &run = m_runs[static_cast<size_t>(r)];
+            linescanner::forEachLine(m_bytes->data() + run.begin, run.end - run.begin,
+                                     [&lines](std::string_view line, size_t) {
+                                         imageline::FileFields fields;
+                                         if (imageline::cutFileLine(line, fields))
+                                             lines.push_back(fields);
+                                     });
         }
     }
 

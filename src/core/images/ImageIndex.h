@@ -86,26 +86,55 @@ private:
     };
     static FileState stateOf(const QString &path);
 
+    // The file's bytes, in memory of its own: huge pages where the system gives them, so
+    // that a large image costs few page faults.
+    class Buffer
+    {
+    public:
+        Buffer() = default;
+        explicit Buffer(size_t size);
+        ~Buffer();
+        Buffer(const Buffer &) = delete;
+        Buffer &operator=(const Buffer &) = delete;
+        char *data() const { return m_data; }
+        size_t size() const { return m_size; }
+
+    private:
+        char *m_data = nullptr;
+        size_t m_size = 0;
+        size_t m_mapped = 0;
+    };
+
     ImageIndex() = default;
     void index();
+    // Adds a folder line to the tree; false when the tree cannot take it.
+    bool addFolder(std::string_view line, std::unordered_map<std::string_view, int32_t> &nodeOf);
 
     QString m_path;
     bool m_loaded = false;
     FileState m_state;
-    std::unique_ptr<char[]> m_bytes;
-    size_t m_size = 0;
+    std::unique_ptr<Buffer> m_bytes;
 
     std::vector<Folder> m_folders;
     int64_t m_folderLines = 0;
     int64_t m_fileLines = 0;
 
-    // Folder text -> its range in m_fileLineStarts, which holds the start offsets of the
-    // file lines grouped by folder, in file order within each group.
-    struct Range
+    // The file lines of a folder lie in runs of consecutive lines; each run is a byte range
+    // of the buffer, and a folder's runs are chained in file order. The runs are few (about
+    // two per folder), so nothing is kept per line.
+    struct Run
     {
-        uint32_t first = 0;
-        uint32_t count = 0;
+        uint64_t begin = 0;
+        uint64_t end = 0;
+        int32_t next = -1;
     };
-    std::unordered_map<std::string_view, Range> m_groups;
-    std::vector<uint64_t> m_fileLineStarts;
+    struct Group
+    {
+        int32_t first = -1;
+        int32_t last = -1;
+        uint32_t lines = 0;
+    };
+    std::unordered_map<std::string_view, uint32_t> m_groupOf;
+    std::vector<Group> m_groups;
+    std::vector<Run> m_runs;
 };
