@@ -38,14 +38,15 @@ std::string writeZip(const QString &path, int entries, uint32_t dataSize)
     file.open(QIODevice::WriteOnly);
     const std::string data(dataSize, 'x');
     for (int i = 0; i < entries; ++i) {
-        const std::string name = "Bilder/" + std::to_string(2000 + i % 20) + "/urlaub_" + std::to_string(i) + ".jpg";
+        const std::string name
+            = "Bilder/" + std::to_string(2000 + i % 20) + "/urlaub_" + std::to_string(i) + ".jpg";
         std::string header = "PK\x03\x04";
-        put16(header, 20);     // version needed
-        put16(header, 0);      // flags
-        put16(header, 0);      // stored
+        put16(header, 20); // version needed
+        put16(header, 0); // flags
+        put16(header, 0); // stored
         put16(header, 0x20A3); // time
         put16(header, 0x2A43); // date
-        put32(header, 0);      // CRC-32, not checked by either reader when listing
+        put32(header, 0); // CRC-32, not checked by either reader when listing
         put32(header, dataSize);
         put32(header, dataSize);
         put16(header, static_cast<uint32_t>(name.size()));
@@ -79,7 +80,7 @@ double millisecondsPerRun(const std::function<size_t()> &run, size_t &entries)
     using clock = std::chrono::steady_clock;
     const auto start = clock::now();
     int runs = 0;
-    std::chrono::duration<double> elapsed{0};
+    std::chrono::duration<double> elapsed { 0 };
     while (elapsed.count() < 1.0) {
         entries = run();
         ++runs;
@@ -94,13 +95,14 @@ void compareZip(const char *what, const std::string &path)
     size_t theirs = 0;
     const double ourTime = millisecondsPerRun([&] { return listZip(path).rows.size() - 1; }, ours);
     const double theirTime = millisecondsPerRun([&] { return libraryListing(path); }, theirs);
-    std::printf("%-28s listZip %8.2f ms (%zu entries, %.1f M entries/s) | streaming reader %8.2f ms (%zu entries) | ratio %.2f\n",
-                what, ourTime, ours, ours / ourTime / 1000.0, theirTime, theirs, theirTime / ourTime);
+    std::printf("%-28s listZip %8.2f ms (%zu entries, %.1f M entries/s) | streaming reader %8.2f ms (%zu "
+                "entries) | ratio %.2f\n",
+        what, ourTime, ours, ours / ourTime / 1000.0, theirTime, theirs, theirTime / ourTime);
 }
 
 void timeRarFixtures(const QString &folder)
 {
-    const QStringList names = QDir(folder).entryList({QStringLiteral("*.rar")}, QDir::Files);
+    const QStringList names = QDir(folder).entryList({ QStringLiteral("*.rar") }, QDir::Files);
     for (const QString &name : names) {
         const std::string path = QFile::encodeName(QDir(folder).filePath(name)).toStdString();
         size_t rows = 0;

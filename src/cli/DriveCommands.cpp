@@ -11,7 +11,8 @@ const char *const kUsage = "drives [add BUCHSTABE ORDNER]";
 void printDrive(const Drive &drive)
 {
     const QChar tab = QLatin1Char('\t');
-    printLine(drive.letter + tab + drive.label + tab + drive.mountPoint + tab + QString::number(drive.serial));
+    printLine(
+        drive.letter + tab + drive.label + tab + drive.mountPoint + tab + QString::number(drive.serial));
 }
 
 int drives(CliContext &context)

@@ -21,14 +21,16 @@ protected:
     {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), m_dir.filePath(QStringLiteral("silberbuch.ini")));
+        environment.insert(
+            QStringLiteral("SILBERBUCH_CONFIG"), m_dir.filePath(QStringLiteral("silberbuch.ini")));
         environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI), QStringList{QStringLiteral("drives")} + arguments);
+        process.start(QStringLiteral(SILBERBUCH_CLI), QStringList { QStringLiteral("drives") } + arguments);
         EXPECT_TRUE(process.waitForFinished(30000));
         CliRun result;
         result.exitCode = process.exitCode();
-        result.lines = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        result.lines
+            = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         result.error = QString::fromUtf8(process.readAllStandardError()).trimmed();
         return result;
     }
@@ -58,12 +60,12 @@ TEST_F(DriveCommandsTest, ListsTheRootAsDriveCWithFourFields)
 TEST_F(DriveCommandsTest, AddedFolderIsListedFromThenOn)
 {
     const QString musik = folder(QStringLiteral("Musik"));
-    const CliRun added = run({QStringLiteral("add"), QStringLiteral("Y"), musik});
+    const CliRun added = run({ QStringLiteral("add"), QStringLiteral("Y"), musik });
     ASSERT_EQ(added.exitCode, 0) << added.error.toStdString();
     ASSERT_EQ(added.lines.size(), 1);
     const QStringList fields = added.lines.first().split(QLatin1Char('\t'));
     ASSERT_EQ(fields.size(), 4);
-    EXPECT_EQ(fields.mid(0, 3), (QStringList{QStringLiteral("y:"), QStringLiteral("Musik"), musik}));
+    EXPECT_EQ(fields.mid(0, 3), (QStringList { QStringLiteral("y:"), QStringLiteral("Musik"), musik }));
     EXPECT_NE(fields[3].toInt(), 0);
     EXPECT_TRUE(run({}).lines.contains(added.lines.first()));
 }
@@ -71,15 +73,17 @@ TEST_F(DriveCommandsTest, AddedFolderIsListedFromThenOn)
 TEST_F(DriveCommandsTest, RefusedInputExitsWithOneAndAGermanMessage)
 {
     const QString musik = folder(QStringLiteral("Musik"));
-    ASSERT_EQ(run({QStringLiteral("add"), QStringLiteral("y:"), musik}).exitCode, 0);
+    ASSERT_EQ(run({ QStringLiteral("add"), QStringLiteral("y:"), musik }).exitCode, 0);
     const QString missing = m_dir.filePath(QStringLiteral("fehlt"));
     const std::vector<std::pair<QStringList, QString>> cases = {
-        {{QStringLiteral("add"), QStringLiteral("7"), musik},
-         QStringLiteral("„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")},
-        {{QStringLiteral("add"), QStringLiteral("c"), musik}, QStringLiteral("Der Laufwerksbuchstabe c: ist bereits vergeben (/).")},
-        {{QStringLiteral("add"), QStringLiteral("y"), folder(QStringLiteral("Filme"))},
-         QStringLiteral("Der Laufwerksbuchstabe y: ist bereits vergeben (%1).").arg(musik)},
-        {{QStringLiteral("add"), QStringLiteral("x"), missing}, QStringLiteral("Der Ordner „%1“ existiert nicht.").arg(missing)},
+        { { QStringLiteral("add"), QStringLiteral("7"), musik },
+            QStringLiteral("„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
+        { { QStringLiteral("add"), QStringLiteral("c"), musik },
+            QStringLiteral("Der Laufwerksbuchstabe c: ist bereits vergeben (/).") },
+        { { QStringLiteral("add"), QStringLiteral("y"), folder(QStringLiteral("Filme")) },
+            QStringLiteral("Der Laufwerksbuchstabe y: ist bereits vergeben (%1).").arg(musik) },
+        { { QStringLiteral("add"), QStringLiteral("x"), missing },
+            QStringLiteral("Der Ordner „%1“ existiert nicht.").arg(missing) },
     };
     for (const auto &[arguments, message] : cases) {
         SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
@@ -92,9 +96,11 @@ TEST_F(DriveCommandsTest, RefusedInputExitsWithOneAndAGermanMessage)
 
 TEST_F(DriveCommandsTest, WrongWordsAreAUsageError)
 {
-    for (const QStringList &arguments : {QStringList{QStringLiteral("add"), QStringLiteral("x")}, QStringList{QStringLiteral("zeigen")}}) {
+    for (const QStringList &arguments : { QStringList { QStringLiteral("add"), QStringLiteral("x") },
+             QStringList { QStringLiteral("zeigen") } }) {
         const CliRun wrong = run(arguments);
         EXPECT_EQ(wrong.exitCode, 2);
-        EXPECT_TRUE(wrong.error.startsWith(QStringLiteral("Aufruf: silberbuch-cli drives"))) << wrong.error.toStdString();
+        EXPECT_TRUE(wrong.error.startsWith(QStringLiteral("Aufruf: silberbuch-cli drives")))
+            << wrong.error.toStdString();
     }
 }

@@ -25,14 +25,15 @@ QString keyOf(const QString &letter, const char *suffix = "")
 bool isSamePlace(const QString &a, const QString &b)
 {
     const QString canonicalA = QFileInfo(a).canonicalFilePath();
-    return !canonicalA.isEmpty() ? canonicalA == QFileInfo(b).canonicalFilePath() : QDir::cleanPath(a) == QDir::cleanPath(b);
+    return !canonicalA.isEmpty() ? canonicalA == QFileInfo(b).canonicalFilePath()
+                                 : QDir::cleanPath(a) == QDir::cleanPath(b);
 }
 
 // A later mount on the same point covers an earlier one.
 const Mount *mountAt(const QString &mountPoint, const std::vector<Mount> &mounts)
 {
-    const auto found = std::find_if(mounts.rbegin(), mounts.rend(),
-                                    [&](const Mount &mount) { return mount.mountPoint == mountPoint; });
+    const auto found = std::find_if(
+        mounts.rbegin(), mounts.rend(), [&](const Mount &mount) { return mount.mountPoint == mountPoint; });
     return found == mounts.rend() ? nullptr : &*found;
 }
 
@@ -67,7 +68,8 @@ AddDriveResult DriveTable::addFolder(const QString &letter, const QString &folde
     AddDriveResult result;
     const QString drive = normalLetter(letter);
     if (drive.isEmpty()) {
-        result.error = QStringLiteral("„%1“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.").arg(letter);
+        result.error = QStringLiteral("„%1“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")
+                           .arg(letter);
         return result;
     }
     if (!QFileInfo(folder).isDir()) {
@@ -77,16 +79,19 @@ AddDriveResult DriveTable::addFolder(const QString &letter, const QString &folde
     const std::vector<Mount> mounts = readMountInfo(m_sources.mountInfo);
     const std::vector<Entry> known = entriesWithNewMounts(mounts);
     if (const auto taken = entryOf(drive, known)) {
-        result.error = QStringLiteral("Der Laufwerksbuchstabe %1 ist bereits vergeben (%2).").arg(drive, taken->mountPoint);
+        result.error = QStringLiteral("Der Laufwerksbuchstabe %1 ist bereits vergeben (%2).")
+                           .arg(drive, taken->mountPoint);
         return result;
     }
     for (const Entry &entry : known) {
         if (isSamePlace(folder, entry.mountPoint)) {
-            result.error = QStringLiteral("Der Ordner „%1“ ist bereits das Laufwerk %2.").arg(folder, entry.letter);
+            result.error
+                = QStringLiteral("Der Ordner „%1“ ist bereits das Laufwerk %2.").arg(folder, entry.letter);
             return result;
         }
     }
-    result.drive = describe(store(drive, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()), true), mounts);
+    result.drive
+        = describe(store(drive, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()), true), mounts);
     return result;
 }
 
@@ -131,15 +136,16 @@ QString DriveTable::normalLetter(const QString &text)
 
 std::vector<DriveTable::Entry> DriveTable::entries() const
 {
-    std::vector<Entry> result{{kRootLetter, QStringLiteral("/"), true}};
+    std::vector<Entry> result { { kRootLetter, QStringLiteral("/"), true } };
     for (const QString &key : m_settings.groupKeys(kGroup)) {
         const QString letter = normalLetter(key);
         if (key.size() != 1 || letter.isEmpty() || letter == kRootLetter)
             continue;
-        result.push_back({letter, m_settings.groupValue(kGroup, key),
-                          m_settings.groupValue(kGroup, keyOf(letter, ".folder")) == QLatin1String("1")});
+        result.push_back({ letter, m_settings.groupValue(kGroup, key),
+            m_settings.groupValue(kGroup, keyOf(letter, ".folder")) == QLatin1String("1") });
     }
-    std::sort(result.begin(), result.end(), [](const Entry &a, const Entry &b) { return a.letter < b.letter; });
+    std::sort(
+        result.begin(), result.end(), [](const Entry &a, const Entry &b) { return a.letter < b.letter; });
     return result;
 }
 
@@ -148,10 +154,11 @@ std::vector<DriveTable::Entry> DriveTable::entriesWithNewMounts(const std::vecto
     std::vector<Entry> known = entries();
     bool added = false;
     for (const Mount &mount : mounts) {
-        if (mount.mountPoint == QLatin1String("/") || !isUserFileSystem(mount) || !QFileInfo(mount.mountPoint).isDir())
+        if (mount.mountPoint == QLatin1String("/") || !isUserFileSystem(mount)
+            || !QFileInfo(mount.mountPoint).isDir())
             continue;
         const bool seen = std::any_of(known.begin(), known.end(),
-                                      [&](const Entry &entry) { return entry.mountPoint == mount.mountPoint; });
+            [&](const Entry &entry) { return entry.mountPoint == mount.mountPoint; });
         if (seen)
             continue;
         const QString letter = nextFreeLetter(known);
@@ -161,13 +168,16 @@ std::vector<DriveTable::Entry> DriveTable::entriesWithNewMounts(const std::vecto
         added = true;
     }
     if (added)
-        std::sort(known.begin(), known.end(), [](const Entry &a, const Entry &b) { return a.letter < b.letter; });
+        std::sort(
+            known.begin(), known.end(), [](const Entry &a, const Entry &b) { return a.letter < b.letter; });
     return known;
 }
 
-std::optional<DriveTable::Entry> DriveTable::entryOf(const QString &letter, const std::vector<Entry> &known) const
+std::optional<DriveTable::Entry> DriveTable::entryOf(
+    const QString &letter, const std::vector<Entry> &known) const
 {
-    const auto found = std::find_if(known.begin(), known.end(), [&](const Entry &entry) { return entry.letter == letter; });
+    const auto found = std::find_if(
+        known.begin(), known.end(), [&](const Entry &entry) { return entry.letter == letter; });
     if (letter.isEmpty() || found == known.end())
         return std::nullopt;
     return *found;
@@ -190,7 +200,7 @@ DriveTable::Entry DriveTable::store(const QString &letter, const QString &mountP
         m_settings.setGroupValue(kGroup, keyOf(letter, ".folder"), QStringLiteral("1"));
     else if (!m_settings.groupValue(kGroup, keyOf(letter, ".folder")).isEmpty())
         m_settings.removeGroupValue(kGroup, keyOf(letter, ".folder"));
-    return {letter, mountPoint, folder};
+    return { letter, mountPoint, folder };
 }
 
 Drive DriveTable::describe(const Entry &entry, const std::vector<Mount> &mounts)
@@ -207,7 +217,8 @@ Drive DriveTable::describe(const Entry &entry, const std::vector<Mount> &mounts)
     // as present by its folder alone.
     if (mount == nullptr && !(entry.folder && QFileInfo(entry.mountPoint).isDir()))
         return drive;
-    const std::optional<uint32_t> serial = mount != nullptr ? volumeid::serial(*mount, m_sources) : std::nullopt;
+    const std::optional<uint32_t> serial
+        = mount != nullptr ? volumeid::serial(*mount, m_sources) : std::nullopt;
     drive.serial = serial ? static_cast<int32_t>(*serial) : keptId(entry.letter);
     return drive;
 }

@@ -13,9 +13,11 @@ QString unescaped(QByteArrayView field)
     QByteArray bytes;
     bytes.reserve(field.size());
     for (qsizetype i = 0; i < field.size(); ++i) {
-        const auto isOctal = [&](qsizetype at) { return at < field.size() && field[at] >= '0' && field[at] <= '7'; };
+        const auto isOctal
+            = [&](qsizetype at) { return at < field.size() && field[at] >= '0' && field[at] <= '7'; };
         if (field[i] == '\\' && isOctal(i + 1) && isOctal(i + 2) && isOctal(i + 3)) {
-            bytes.append(static_cast<char>(((field[i + 1] - '0') << 6) | ((field[i + 2] - '0') << 3) | (field[i + 3] - '0')));
+            bytes.append(static_cast<char>(
+                ((field[i + 1] - '0') << 6) | ((field[i + 2] - '0') << 3) | (field[i + 3] - '0')));
             i += 3;
         } else {
             bytes.append(field[i]);
@@ -68,30 +70,57 @@ std::vector<Mount> readMountInfo(const QString &path)
 bool isUserFileSystem(const Mount &mount)
 {
     static const QSet<QString> kernelTypes = {
-        QStringLiteral("proc"),       QStringLiteral("sysfs"),       QStringLiteral("tmpfs"),
-        QStringLiteral("devtmpfs"),   QStringLiteral("devpts"),      QStringLiteral("cgroup"),
-        QStringLiteral("cgroup2"),    QStringLiteral("securityfs"),  QStringLiteral("debugfs"),
-        QStringLiteral("tracefs"),    QStringLiteral("pstore"),      QStringLiteral("bpf"),
-        QStringLiteral("configfs"),   QStringLiteral("fusectl"),     QStringLiteral("mqueue"),
-        QStringLiteral("hugetlbfs"),  QStringLiteral("autofs"),      QStringLiteral("binfmt_misc"),
-        QStringLiteral("efivarfs"),   QStringLiteral("rpc_pipefs"),  QStringLiteral("nsfs"),
-        QStringLiteral("ramfs"),      QStringLiteral("overlay"),     QStringLiteral("squashfs"),
-        QStringLiteral("selinuxfs"),  QStringLiteral("nfsd"),        QStringLiteral("fuse.gvfsd-fuse"),
-        QStringLiteral("fuse.portal"), QStringLiteral("fuse.lxcfs"), QStringLiteral("fuse.snapfuse"),
+        QStringLiteral("proc"),
+        QStringLiteral("sysfs"),
+        QStringLiteral("tmpfs"),
+        QStringLiteral("devtmpfs"),
+        QStringLiteral("devpts"),
+        QStringLiteral("cgroup"),
+        QStringLiteral("cgroup2"),
+        QStringLiteral("securityfs"),
+        QStringLiteral("debugfs"),
+        QStringLiteral("tracefs"),
+        QStringLiteral("pstore"),
+        QStringLiteral("bpf"),
+        QStringLiteral("configfs"),
+        QStringLiteral("fusectl"),
+        QStringLiteral("mqueue"),
+        QStringLiteral("hugetlbfs"),
+        QStringLiteral("autofs"),
+        QStringLiteral("binfmt_misc"),
+        QStringLiteral("efivarfs"),
+        QStringLiteral("rpc_pipefs"),
+        QStringLiteral("nsfs"),
+        QStringLiteral("ramfs"),
+        QStringLiteral("overlay"),
+        QStringLiteral("squashfs"),
+        QStringLiteral("selinuxfs"),
+        QStringLiteral("nfsd"),
+        QStringLiteral("fuse.gvfsd-fuse"),
+        QStringLiteral("fuse.portal"),
+        QStringLiteral("fuse.lxcfs"),
+        QStringLiteral("fuse.snapfuse"),
     };
     // Shares that have no device of their own.
     static const QSet<QString> networkTypes = {
-        QStringLiteral("nfs"),        QStringLiteral("nfs4"),        QStringLiteral("cifs"),
-        QStringLiteral("smb3"),       QStringLiteral("smbfs"),       QStringLiteral("9p"),
-        QStringLiteral("virtiofs"),   QStringLiteral("fuse.sshfs"),  QStringLiteral("fuse.rclone"),
-        QStringLiteral("davfs"),      QStringLiteral("zfs"),
+        QStringLiteral("nfs"),
+        QStringLiteral("nfs4"),
+        QStringLiteral("cifs"),
+        QStringLiteral("smb3"),
+        QStringLiteral("smbfs"),
+        QStringLiteral("9p"),
+        QStringLiteral("virtiofs"),
+        QStringLiteral("fuse.sshfs"),
+        QStringLiteral("fuse.rclone"),
+        QStringLiteral("davfs"),
+        QStringLiteral("zfs"),
     };
     if (kernelTypes.contains(mount.fsType))
         return false;
     // A disk's source is the path of its device; the kernel's own have a bare word there.
     if (!mount.source.startsWith(QLatin1Char('/')) && !networkTypes.contains(mount.fsType))
         return false;
-    for (const char *system : {"/proc", "/sys", "/dev", "/snap"}) {
+    for (const char *system : { "/proc", "/sys", "/dev", "/snap" }) {
         if (isUnder(mount.mountPoint, QString::fromLatin1(system)))
             return false;
     }

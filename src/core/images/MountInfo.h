@@ -8,11 +8,11 @@
 // One line of the kernel's mount table.
 struct Mount
 {
-    dev_t device = 0;   // the file system's device number (major:minor)
-    QString root;       // the folder of the file system that is mounted
+    dev_t device = 0; // the file system's device number (major:minor)
+    QString root; // the folder of the file system that is mounted
     QString mountPoint;
     QString fsType;
-    QString source;     // the device path for disks, "server:/share" and the like for networks
+    QString source; // the device path for disks, "server:/share" and the like for networks
 };
 
 // The mounts in the order of the table (a later mount on the same point covers an earlier

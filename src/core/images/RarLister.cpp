@@ -6,7 +6,6 @@
 #include <archive.h>
 #include <archive_entry.h>
 
-#include <clocale>
 #include <ctime>
 #include <locale.h>
 
@@ -92,7 +91,7 @@ std::string entryDate(archive_entry *entry)
     if (!archive_entry_mtime_is_set(entry))
         return {};
     const time_t when = archive_entry_mtime(entry);
-    tm local{};
+    tm local {};
     if (localtime_r(&when, &local) == nullptr)
         return {};
     return dosDateText(dosDateWord(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday));
@@ -120,7 +119,7 @@ ArchiveListing listRar(const std::string &path)
                     if (c == '\\')
                         c = '/';
                 }
-                listing.rows.push_back(ArchiveEntry{std::move(name), entrySize(entry), entryDate(entry)});
+                listing.rows.push_back(ArchiveEntry { std::move(name), entrySize(entry), entryDate(entry) });
             }
         }
         if (!reader.skipData())

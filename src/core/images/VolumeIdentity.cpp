@@ -43,7 +43,7 @@ std::optional<Descriptor> primaryDescriptor(const Mount &mount)
 // Four byte-wide sums over the columns of the descriptor, the first column the highest byte.
 uint32_t descriptorChecksum(const Descriptor &descriptor)
 {
-    std::array<uint8_t, 4> sums{};
+    std::array<uint8_t, 4> sums {};
     for (size_t i = 0; i < descriptor.size(); ++i)
         sums[i % 4] = static_cast<uint8_t>(sums[i % 4] + descriptor[i]);
     return (static_cast<uint32_t>(sums[0]) << 24) | (static_cast<uint32_t>(sums[1]) << 16)
@@ -79,11 +79,14 @@ QString decodedLinkName(const QString &name)
 QString linkNameFor(const QString &folder, const Mount &mount)
 {
     const QString device = QFileInfo(mount.source).canonicalFilePath();
-    const QFileInfoList links = QDir(folder).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    const QFileInfoList links
+        = QDir(folder).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
     for (const QFileInfo &link : links) {
         if (!device.isEmpty() && link.canonicalFilePath() == device)
             return link.fileName();
-        struct stat target {};
+        struct stat target
+        {
+        };
         if (::stat(QFile::encodeName(link.filePath()).constData(), &target) == 0 && S_ISBLK(target.st_mode)
             && target.st_rdev == mount.device)
             return link.fileName();

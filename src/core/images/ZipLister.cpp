@@ -79,9 +79,9 @@ ArchiveListing listZip(const std::string &path)
                 return listing;
             }
             const auto signedSize = static_cast<int32_t>(compressedSize);
-            listing.rows.push_back(ArchiveEntry{std::move(name),
-                                                signedSize > 0 ? std::to_string(signedSize) : std::string(),
-                                                dosDateText(word16(header + kDateAt))});
+            listing.rows.push_back(
+                ArchiveEntry { std::move(name), signedSize > 0 ? std::to_string(signedSize) : std::string(),
+                    dosDateText(word16(header + kDateAt)) });
         }
         file.skip(compressedSize);
     }

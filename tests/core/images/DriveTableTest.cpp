@@ -22,17 +22,17 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_dir.isValid());
-        for (const char *folder : {"dev", "by-uuid", "by-label", "media"})
+        for (const char *folder : { "dev", "by-uuid", "by-label", "media" })
             QDir(m_dir.path()).mkpath(QString::fromLatin1(folder));
         m_settings = std::make_unique<Settings>(m_dir.filePath(QStringLiteral("silberbuch.ini")));
-        m_mountLines = {line(QStringLiteral("/"), QStringLiteral("ext4"), device(QStringLiteral("vda")))};
+        m_mountLines = { line(QStringLiteral("/"), QStringLiteral("ext4"), device(QStringLiteral("vda"))) };
         writeMountInfo();
     }
 
     VolumeSources sources() const
     {
-        return {m_dir.filePath(QStringLiteral("mountinfo")), m_dir.filePath(QStringLiteral("by-uuid")),
-                m_dir.filePath(QStringLiteral("by-label"))};
+        return { m_dir.filePath(QStringLiteral("mountinfo")), m_dir.filePath(QStringLiteral("by-uuid")),
+            m_dir.filePath(QStringLiteral("by-label")) };
     }
     DriveTable table() { return DriveTable(*m_settings, sources()); }
 
@@ -56,7 +56,7 @@ protected:
     }
 
     QString line(const QString &mountPoint, const QString &type, const QString &source,
-                 const QString &root = QStringLiteral("/"))
+        const QString &root = QStringLiteral("/"))
     {
         QString escaped = mountPoint;
         escaped.replace(QLatin1Char(' '), QLatin1String("\\040"));
@@ -74,8 +74,8 @@ protected:
     void unmount(const QString &mountPoint)
     {
         m_mountLines.erase(std::remove_if(m_mountLines.begin(), m_mountLines.end(),
-                                          [&](const QString &l) { return l.split(QLatin1Char(' '))[4] == mountPoint; }),
-                           m_mountLines.end());
+                               [&](const QString &l) { return l.split(QLatin1Char(' '))[4] == mountPoint; }),
+            m_mountLines.end());
         writeMountInfo();
     }
     void writeMountInfo()
@@ -123,21 +123,23 @@ TEST_F(DriveTableTest, GivesLettersToTheUsersFileSystemsInTheOrderOfTheMountTabl
     mount(QStringLiteral("cgroup"), QStringLiteral("cgroup2"), QStringLiteral("cgroup2"));
     mount(QStringLiteral("merged"), QStringLiteral("overlay"), QStringLiteral("overlay"));
     mount(QStringLiteral("snapcore"), QStringLiteral("squashfs"), device(QStringLiteral("loop3")));
-    const QString stick = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
-    const QString share = mount(QStringLiteral("netz"), QStringLiteral("nfs4"), QStringLiteral("server:/export"));
+    const QString stick
+        = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
+    const QString share
+        = mount(QStringLiteral("netz"), QStringLiteral("nfs4"), QStringLiteral("server:/export"));
     // A file mounted over a file, and a mount point that does not exist.
     const QString hosts = m_dir.filePath(QStringLiteral("hosts"));
     QFile(hosts).open(QIODevice::WriteOnly);
     m_mountLines << line(hosts, QStringLiteral("ext4"), device(QStringLiteral("sdb1")))
-                 << line(m_dir.filePath(QStringLiteral("weg")), QStringLiteral("ext4"), device(QStringLiteral("sdd1")))
+                 << line(m_dir.filePath(QStringLiteral("weg")), QStringLiteral("ext4"),
+                        device(QStringLiteral("sdd1")))
                  << line(QStringLiteral("/proc"), QStringLiteral("proc"), QStringLiteral("proc"));
     writeMountInfo();
 
     const std::vector<Drive> drives = table().drives();
     ASSERT_EQ(drives.size(), 4u);
-    const std::vector<std::pair<QString, QString>> expected = {
-        {QStringLiteral("c:"), QStringLiteral("/")}, {QStringLiteral("d:"), usb}, {QStringLiteral("e:"), stick},
-        {QStringLiteral("f:"), share}};
+    const std::vector<std::pair<QString, QString>> expected = { { QStringLiteral("c:"), QStringLiteral("/") },
+        { QStringLiteral("d:"), usb }, { QStringLiteral("e:"), stick }, { QStringLiteral("f:"), share } };
     for (size_t i = 0; i < expected.size(); ++i) {
         EXPECT_EQ(drives[i].letter, expected[i].first);
         EXPECT_EQ(drives[i].mountPoint, expected[i].second);
@@ -148,12 +150,15 @@ TEST_F(DriveTableTest, GivesLettersToTheUsersFileSystemsInTheOrderOfTheMountTabl
 TEST_F(DriveTableTest, ALetterStaysWithItsMountPointWhileMediaComeAndGo)
 {
     const QString usb = mount(QStringLiteral("usb"), QStringLiteral("ext4"), device(QStringLiteral("sdb1")));
-    link("by-uuid", QStringLiteral("0badcafe-0000-4000-8000-000000000001"), m_dir.filePath(QStringLiteral("dev/sdb1")));
-    const QString stick = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
+    link("by-uuid", QStringLiteral("0badcafe-0000-4000-8000-000000000001"),
+        m_dir.filePath(QStringLiteral("dev/sdb1")));
+    const QString stick
+        = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
     EXPECT_EQ(letterOf(usb), QStringLiteral("d:"));
 
     unmount(usb);
-    const QString disc = mount(QStringLiteral("cdrom"), QStringLiteral("iso9660"), device(QStringLiteral("sr0"), isoImage()));
+    const QString disc = mount(
+        QStringLiteral("cdrom"), QStringLiteral("iso9660"), device(QStringLiteral("sr0"), isoImage()));
     const std::optional<Drive> gone = table().find(QStringLiteral("d"));
     ASSERT_TRUE(gone);
     EXPECT_EQ(gone->mountPoint, usb);
@@ -178,14 +183,15 @@ TEST_F(DriveTableTest, SerialIsTheVolumeIdWhereTheFileSystemHasOne)
         int32_t serial;
     };
     const std::vector<Case> cases = {
-        {"fat", "vfat", QByteArray(64, '\0'), "1234-ABCD", 0x1234ABCD},
-        {"exfat", "exfat", QByteArray(64, '\0'), "0A1B-2C3D", 0x0A1B2C3D},
+        { "fat", "vfat", QByteArray(64, '\0'), "1234-ABCD", 0x1234ABCD },
+        { "exfat", "exfat", QByteArray(64, '\0'), "0A1B-2C3D", 0x0A1B2C3D },
         // The low half of the 64-bit NTFS serial.
-        {"ntfs", "ntfs3", QByteArray(64, '\0'), "0123456789ABCDEF", static_cast<int32_t>(0x89ABCDEFu)},
-        {"ext4", "ext4", QByteArray(64, '\0'), "deadbeef-1234-5678-9abc-def012345678", static_cast<int32_t>(0xDEADBEEFu)},
+        { "ntfs", "ntfs3", QByteArray(64, '\0'), "0123456789ABCDEF", static_cast<int32_t>(0x89ABCDEFu) },
+        { "ext4", "ext4", QByteArray(64, '\0'), "deadbeef-1234-5678-9abc-def012345678",
+            static_cast<int32_t>(0xDEADBEEFu) },
         // A readable disc gives the checksum of its descriptor, not its UUID.
-        {"cd", "iso9660", isoImage(), "2011-02-03-04-05-06-00", static_cast<int32_t>(0x82D79081u)},
-        {"kaputt", "iso9660", QByteArray(64, '\0'), "2012-03-04-05-06-07-00", 0x20120304},
+        { "cd", "iso9660", isoImage(), "2011-02-03-04-05-06-00", static_cast<int32_t>(0x82D79081u) },
+        { "kaputt", "iso9660", QByteArray(64, '\0'), "2012-03-04-05-06-07-00", 0x20120304 },
     };
     for (const Case &c : cases) {
         const QString dev = device(QString::fromLatin1(c.name), c.content);
@@ -195,7 +201,8 @@ TEST_F(DriveTableTest, SerialIsTheVolumeIdWhereTheFileSystemHasOne)
     DriveTable drives = table();
     for (const Case &c : cases) {
         SCOPED_TRACE(c.name);
-        const std::optional<Drive> drive = drives.find(letterOf(m_dir.filePath(QStringLiteral("media/") + QString::fromLatin1(c.name))));
+        const std::optional<Drive> drive
+            = drives.find(letterOf(m_dir.filePath(QStringLiteral("media/") + QString::fromLatin1(c.name))));
         ASSERT_TRUE(drive);
         EXPECT_EQ(drive->serial, c.serial);
         EXPECT_EQ(drives.getSerial(*drive), c.serial);
@@ -204,14 +211,16 @@ TEST_F(DriveTableTest, SerialIsTheVolumeIdWhereTheFileSystemHasOne)
 
 TEST_F(DriveTableTest, AVolumeWithoutSerialKeepsTheIdItWasGiven)
 {
-    const QString share = mount(QStringLiteral("netz"), QStringLiteral("cifs"), QStringLiteral("//server/musik"));
+    const QString share
+        = mount(QStringLiteral("netz"), QStringLiteral("cifs"), QStringLiteral("//server/musik"));
     // A folder of a disk mounted on its own must not share the disk's id.
     const QString disk = device(QStringLiteral("sdb1"));
     link("by-uuid", QStringLiteral("1234-ABCD"), disk);
-    m_mountLines.append(line(folder(QStringLiteral("media/teil")), QStringLiteral("vfat"), disk, QStringLiteral("/bilder")));
+    m_mountLines.append(
+        line(folder(QStringLiteral("media/teil")), QStringLiteral("vfat"), disk, QStringLiteral("/bilder")));
     writeMountInfo();
 
-    for (const QString &point : {share, m_dir.filePath(QStringLiteral("media/teil"))}) {
+    for (const QString &point : { share, m_dir.filePath(QStringLiteral("media/teil")) }) {
         SCOPED_TRACE(point.toStdString());
         const QString letter = letterOf(point);
         const int32_t first = table().find(letter)->serial;
@@ -238,13 +247,15 @@ TEST_F(DriveTableTest, LabelIsTheFileSystemsLabelElseTheFolderName)
     QStringList texts;
     for (const Drive &drive : table().drives())
         texts << drive.listText();
-    EXPECT_EQ(texts, (QStringList{QStringLiteral("c:"), QStringLiteral("d: [MEINE PLATTE]"),
-                                  QStringLiteral("e: [Mein Stick]"), QStringLiteral("f: [MEINE_CD]")}));
+    EXPECT_EQ(texts,
+        (QStringList { QStringLiteral("c:"), QStringLiteral("d: [MEINE PLATTE]"),
+            QStringLiteral("e: [Mein Stick]"), QStringLiteral("f: [MEINE_CD]") }));
 }
 
 TEST_F(DriveTableTest, VolumeNameIsTheLabelOfAMountedDriveOnly)
 {
-    const QString disc = mount(QStringLiteral("cdrom"), QStringLiteral("iso9660"), device(QStringLiteral("sr0"), isoImage()));
+    const QString disc = mount(
+        QStringLiteral("cdrom"), QStringLiteral("iso9660"), device(QStringLiteral("sr0"), isoImage()));
     DriveTable drives = table();
     EXPECT_EQ(drives.volumeName(QStringLiteral("d")), QStringLiteral("MEINE_CD"));
     EXPECT_EQ(drives.volumeName(QStringLiteral("D:")), QStringLiteral("MEINE_CD"));
@@ -269,16 +280,24 @@ TEST_F(DriveTableTest, AddFolderRefusesWithAGermanMessage)
         QString error;
     };
     const std::vector<Case> cases = {
-        {QStringLiteral("1"), other, QStringLiteral("„1“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")},
-        {QStringLiteral("gh"), other, QStringLiteral("„gh“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")},
-        {QStringLiteral("ä:"), other, QStringLiteral("„ä:“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")},
-        {QString(), other, QStringLiteral("„“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.")},
-        {QStringLiteral("c:"), other, QStringLiteral("Der Laufwerksbuchstabe c: ist bereits vergeben (/).")},
-        {QStringLiteral("D"), other,
-         QStringLiteral("Der Laufwerksbuchstabe d: ist bereits vergeben (%1).").arg(m_dir.filePath(QStringLiteral("media/usb")))},
-        {QStringLiteral("m:"), other, QStringLiteral("Der Laufwerksbuchstabe m: ist bereits vergeben (%1).").arg(musik)},
-        {QStringLiteral("x"), missing, QStringLiteral("Der Ordner „%1“ existiert nicht.").arg(missing)},
-        {QStringLiteral("x"), musik + QStringLiteral("/"), QStringLiteral("Der Ordner „%1/“ ist bereits das Laufwerk m:.").arg(musik)},
+        { QStringLiteral("1"), other,
+            QStringLiteral("„1“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
+        { QStringLiteral("gh"), other,
+            QStringLiteral("„gh“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
+        { QStringLiteral("ä:"), other,
+            QStringLiteral("„ä:“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
+        { QString(), other,
+            QStringLiteral("„“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
+        { QStringLiteral("c:"), other,
+            QStringLiteral("Der Laufwerksbuchstabe c: ist bereits vergeben (/).") },
+        { QStringLiteral("D"), other,
+            QStringLiteral("Der Laufwerksbuchstabe d: ist bereits vergeben (%1).")
+                .arg(m_dir.filePath(QStringLiteral("media/usb"))) },
+        { QStringLiteral("m:"), other,
+            QStringLiteral("Der Laufwerksbuchstabe m: ist bereits vergeben (%1).").arg(musik) },
+        { QStringLiteral("x"), missing, QStringLiteral("Der Ordner „%1“ existiert nicht.").arg(missing) },
+        { QStringLiteral("x"), musik + QStringLiteral("/"),
+            QStringLiteral("Der Ordner „%1/“ ist bereits das Laufwerk m:.").arg(musik) },
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.error.toStdString());
@@ -313,7 +332,8 @@ TEST_F(DriveTableTest, DriveForFolderFindsOrAddsTheFolder)
     EXPECT_EQ(table().driveForFolder(fotos + QStringLiteral("/../Fotos")).letter, QStringLiteral("e:"));
     EXPECT_EQ(table().driveForFolder(m_dir.filePath(QStringLiteral("fehlt"))).letter, QString());
     // A new mount takes the next letter after the folder.
-    const QString stick = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
+    const QString stick
+        = mount(QStringLiteral("stick"), QStringLiteral("vfat"), device(QStringLiteral("sdc1")));
     EXPECT_EQ(letterOf(stick), QStringLiteral("f:"));
 }
 
@@ -331,11 +351,16 @@ TEST_F(DriveTableTest, MountsBeyondTheLastLetterGetNone)
 TEST(DriveLetter, NormalFormIsLowerCaseWithColon)
 {
     const std::vector<std::pair<QString, QString>> cases = {
-        {QStringLiteral("d"), QStringLiteral("d:")},   {QStringLiteral("D"), QStringLiteral("d:")},
-        {QStringLiteral("Z:"), QStringLiteral("z:")},  {QStringLiteral("a:"), QStringLiteral("a:")},
-        {QStringLiteral("d:\\"), QString()},          {QStringLiteral("d: [CD]"), QString()},
-        {QStringLiteral(":"), QString()},             {QStringLiteral("dd"), QString()},
-        {QStringLiteral("é"), QString()},             {QString(), QString()},
+        { QStringLiteral("d"), QStringLiteral("d:") },
+        { QStringLiteral("D"), QStringLiteral("d:") },
+        { QStringLiteral("Z:"), QStringLiteral("z:") },
+        { QStringLiteral("a:"), QStringLiteral("a:") },
+        { QStringLiteral("d:\\"), QString() },
+        { QStringLiteral("d: [CD]"), QString() },
+        { QStringLiteral(":"), QString() },
+        { QStringLiteral("dd"), QString() },
+        { QStringLiteral("é"), QString() },
+        { QString(), QString() },
     };
     for (const auto &[text, letter] : cases)
         EXPECT_EQ(DriveTable::normalLetter(text), letter) << text.toStdString();

@@ -16,7 +16,8 @@ namespace {
 
 std::string fixture(const std::string &name)
 {
-    return QFile::encodeName(fixturePath(QStringLiteral("rar/") + QString::fromStdString(name))).toStdString();
+    return QFile::encodeName(fixturePath(QStringLiteral("rar/") + QString::fromStdString(name)))
+        .toStdString();
 }
 
 void expectRows(const ArchiveListing &listing, const std::vector<ArchiveEntry> &expected)
@@ -39,65 +40,82 @@ struct Case
 
 const std::vector<ArchiveEntry> kSixBins(const std::string &date)
 {
-    std::vector<ArchiveEntry> rows{{"test.bin", "1200", date}};
+    std::vector<ArchiveEntry> rows { { "test.bin", "1200", date } };
     for (int i = 1; i <= 6; ++i)
-        rows.push_back({"test" + std::to_string(i) + ".bin", "4096", date});
+        rows.push_back({ "test" + std::to_string(i) + ".bin", "4096", date });
     return rows;
 }
 
 std::vector<Case> fixtureCases()
 {
-    const ArchiveEntry first{"LibarchiveAddingTest2.html", "20111", "21.09.2012"};
-    const ArchiveEntry second{"LibarchiveAddingTest.html", "20111", "01.01.2012"};
+    const ArchiveEntry first { "LibarchiveAddingTest2.html", "20111", "21.09.2012" };
+    const ArchiveEntry second { "LibarchiveAddingTest.html", "20111", "01.01.2012" };
     std::vector<Case> cases = {
         // Links and folders have no dot behind the first separator and stay out.
-        {"rar4_basic_unix.rar", {{"test.txt", "20", "26.06.2011"}, {"testdir/test.txt", "20", "26.06.2011"}}},
-        {"rar4_basic_windows.rar",
-         {{"testdir/test.txt", "16", "18.08.2011"}, {"test.txt", "16", "18.08.2011"}, {"testshortcut.lnk", "441", "18.08.2011"}}},
+        { "rar4_basic_unix.rar",
+            { { "test.txt", "20", "26.06.2011" }, { "testdir/test.txt", "20", "26.06.2011" } } },
+        { "rar4_basic_windows.rar",
+            { { "testdir/test.txt", "16", "18.08.2011" }, { "test.txt", "16", "18.08.2011" },
+                { "testshortcut.lnk", "441", "18.08.2011" } } },
         // Characters outside code page 1252 become "?".
-        {"rar4_unicode_names.rar",
-         {{"???" "/" "???????" "/" "?????? ??????.txt", "0", "01.07.2011"},
-          {"???" "/" "?????????long-filename-in-??.txt", "5", "20.03.2011"},
-          {"abcdefghijklmnopqrs???.txt", "16", "07.03.2012"}}},
-        {"rar4_comment_block.rar", {{"test.txt", "20", "26.06.2011"}}},
+        { "rar4_unicode_names.rar",
+            { { "???"
+                "/"
+                "???????"
+                "/"
+                "?????? ??????.txt",
+                  "0", "01.07.2011" },
+                { "???"
+                  "/"
+                  "?????????long-filename-in-??.txt",
+                    "5", "20.03.2011" },
+                { "abcdefghijklmnopqrs???.txt", "16", "07.03.2012" } } },
+        { "rar4_comment_block.rar", { { "test.txt", "20", "26.06.2011" } } },
         // Encrypted data does not matter, only the headers are read.
-        {"rar4_encrypted_data.rar", {{"foo.txt", "16", "17.09.2013"}, {"bar.txt", "16", "17.09.2013"}}},
-        {"rar4_encrypted_partial.rar", {{"foo.txt", "16", "17.09.2013"}, {"bar.txt", "16", "17.09.2013"}}},
-        {"rar4_encrypted_headers.rar", {}},
+        { "rar4_encrypted_data.rar",
+            { { "foo.txt", "16", "17.09.2013" }, { "bar.txt", "16", "17.09.2013" } } },
+        { "rar4_encrypted_partial.rar",
+            { { "foo.txt", "16", "17.09.2013" }, { "bar.txt", "16", "17.09.2013" } } },
+        { "rar4_encrypted_headers.rar", {} },
         // The reader gives up at the first solid entry of a RAR 4 archive.
-        {"rar4_solid_encrypted_data.rar", {{"a.txt", "18", "22.03.2024"}}},
-        {"rar4_damaged_no_endarc.rar", {{"test.txt", "20", "26.06.2011"}}},
-        {"rar4_damaged_truncated_data.rar", {}},
-        {"rar4_multivol_one_file.part1.rar", {second}},
-        {"rar4_multivol_one_file.part2.rar", {second}},
-        {"rar4_multivol_one_file.part3.rar", {second}},
-        {"rar4_multivol_two_files.part1.rar", {first}},
-        {"rar4_multivol_two_files.part2.rar", {first}},
-        {"rar4_multivol_two_files.part3.rar", {first, second}},
-        {"rar4_multivol_two_files.part4.rar", {second}},
-        {"rar4_multivol_two_files.part5.rar", {second}},
-        {"rar4_multivol_two_files.part6.rar", {second}},
-        {"rar5_stored.rar", {{"helloworld.txt", "29", "26.09.2018"}}},
-        {"rar5_win32_dir.rar", kSixBins("02.10.2018")},
+        { "rar4_solid_encrypted_data.rar", { { "a.txt", "18", "22.03.2024" } } },
+        { "rar4_damaged_no_endarc.rar", { { "test.txt", "20", "26.06.2011" } } },
+        { "rar4_damaged_truncated_data.rar", {} },
+        { "rar4_multivol_one_file.part1.rar", { second } },
+        { "rar4_multivol_one_file.part2.rar", { second } },
+        { "rar4_multivol_one_file.part3.rar", { second } },
+        { "rar4_multivol_two_files.part1.rar", { first } },
+        { "rar4_multivol_two_files.part2.rar", { first } },
+        { "rar4_multivol_two_files.part3.rar", { first, second } },
+        { "rar4_multivol_two_files.part4.rar", { second } },
+        { "rar4_multivol_two_files.part5.rar", { second } },
+        { "rar4_multivol_two_files.part6.rar", { second } },
+        { "rar5_stored.rar", { { "helloworld.txt", "29", "26.09.2018" } } },
+        { "rar5_win32_dir.rar", kSixBins("02.10.2018") },
         // Read as RAR although its first member is a ZIP.
-        {"rar5_folder_zip_inside.rar", {{"payload/inner.zip", "165", "21.08.2026"}, {"payload/real_after.txt", "21", "21.08.2026"}}},
-        {"rar5_fileattr_dirs.rar",
-         {{"readonly.txt", "11", "09.05.2019"}, {"hidden.txt", "11", "09.05.2019"}, {"system.txt", "11", "09.05.2019"},
-          {"ro_hidden.txt", "11", "09.05.2019"}}},
+        { "rar5_folder_zip_inside.rar",
+            { { "payload/inner.zip", "165", "21.08.2026" },
+                { "payload/real_after.txt", "21", "21.08.2026" } } },
+        { "rar5_fileattr_dirs.rar",
+            { { "readonly.txt", "11", "09.05.2019" }, { "hidden.txt", "11", "09.05.2019" },
+                { "system.txt", "11", "09.05.2019" }, { "ro_hidden.txt", "11", "09.05.2019" } } },
         // A link has no size of its own.
-        {"rar5_symlink_dir.rar", {{"file.txt", "5", "17.04.2019"}, {"symlink.txt", "0", "17.04.2019"}}},
-        {"rar5_unicode_links.rar",
-         {{"??.txt", "13", "20.09.2023"}, {"???? ????.txt", "0", "20.09.2023"}, {"???????? ????.txt", "0", "20.09.2023"}}},
+        { "rar5_symlink_dir.rar",
+            { { "file.txt", "5", "17.04.2019" }, { "symlink.txt", "0", "17.04.2019" } } },
+        { "rar5_unicode_links.rar",
+            { { "??.txt", "13", "20.09.2023" }, { "???? ????.txt", "0", "20.09.2023" },
+                { "???????? ????.txt", "0", "20.09.2023" } } },
         // The time of an encrypted entry stands behind its encryption record and is not read.
-        {"rar5_encrypted_data.rar",
-         {{"a.txt", "18", "22.03.2024"}, {"b.txt", "18", ""}, {"c.txt", "18", "22.03.2024"}, {"d.txt", "18", ""}}},
-        {"rar5_encrypted_headers.rar", {}},
-        {"rar5_solid.rar", kSixBins("27.09.2018")},
-        {"rar5_damaged_truncated_huff.rar", {}},
+        { "rar5_encrypted_data.rar",
+            { { "a.txt", "18", "22.03.2024" }, { "b.txt", "18", "" }, { "c.txt", "18", "22.03.2024" },
+                { "d.txt", "18", "" } } },
+        { "rar5_encrypted_headers.rar", {} },
+        { "rar5_solid.rar", kSixBins("27.09.2018") },
+        { "rar5_damaged_truncated_huff.rar", {} },
     };
     // Both members of this set have no dot behind their first separator.
     for (int part = 1; part <= 8; ++part)
-        cases.push_back({"rar5_multivol.part0" + std::to_string(part) + ".rar", {}});
+        cases.push_back({ "rar5_multivol.part0" + std::to_string(part) + ".rar", {} });
     return cases;
 }
 
@@ -116,7 +134,8 @@ TEST(RarLister, EveryFixtureFileHasACase)
     std::set<std::string> covered;
     for (const Case &c : fixtureCases())
         covered.insert(c.file);
-    const QStringList files = QDir(fixturePath(QStringLiteral("rar"))).entryList({QStringLiteral("*.rar")}, QDir::Files);
+    const QStringList files
+        = QDir(fixturePath(QStringLiteral("rar"))).entryList({ QStringLiteral("*.rar") }, QDir::Files);
     for (const QString &file : files)
         EXPECT_TRUE(covered.count(file.toStdString())) << file.toStdString();
 }
@@ -153,5 +172,10 @@ TEST(RarLister, ReadsUnicodeNamesUnderTheCLocaleAndLeavesItInPlace)
 
     EXPECT_EQ(byteChars, 1u);
     ASSERT_EQ(listing.rows.size(), 3u);
-    EXPECT_EQ(listing.rows[0].name, "???" "/" "???????" "/" "?????? ??????.txt");
+    EXPECT_EQ(listing.rows[0].name,
+        "???"
+        "/"
+        "???????"
+        "/"
+        "?????? ??????.txt");
 }

@@ -112,26 +112,30 @@ TEST(ZipLister, ListsEveryFixtureAsItsLocalHeadersSay)
         std::vector<ArchiveEntry> rows;
     };
     const std::vector<Case> cases = {
-        {"two_files_and_folder.zip", {{"folder/a.txt", "7", kDate}, {"b.txt", "12", kDate}}},
+        { "two_files_and_folder.zip", { { "folder/a.txt", "7", kDate }, { "b.txt", "12", kDate } } },
         // The stored empty file drops out; the deflated one has two bytes of data.
-        {"empty_file.zip", {{"before.txt", "8", kDate}, {"after.txt", "7", kDate}, {"empty_deflated.txt", "2", kDate}}},
+        { "empty_file.zip",
+            { { "before.txt", "8", kDate }, { "after.txt", "7", kDate },
+                { "empty_deflated.txt", "2", kDate } } },
         // Sizes in a data descriptor: the walk cannot go on behind such an entry.
-        {"data_descriptor_streamed.zip", {}},
-        {"data_descriptor_middle.zip", {{"before.txt", "8", kDate}}},
-        {"backslash_names.zip", {{"dir\\sub\\file.txt", "6", kDate}, {"dir\\other.txt", "7", kDate}, {"plain.txt", "7", kDate}}},
-        {"dos_date_zero.zip", {{"nodate.txt", "9", ""}, {"dated.txt", "7", kDate}}},
-        {"date_2044.zip", {{"y2043.txt", "6", "31.12.2043"}, {"y2044.txt", "6", ""}}},
-        {"no_entries.zip", {}},
-        {"not_a_zip.zip", {}},
-        {"zero_bytes.zip", {}},
-        {"prefixed_stub.zip", {}},
-        {"name_lone_cr.zip", {{"line1\rline2.txt", "4", kDate}, {"after.txt", "7", kDate}}},
-        {"name_pipe.zip", {{"a|b.txt", "6", kDate}, {"after.txt", "7", kDate}}},
+        { "data_descriptor_streamed.zip", {} },
+        { "data_descriptor_middle.zip", { { "before.txt", "8", kDate } } },
+        { "backslash_names.zip",
+            { { "dir\\sub\\file.txt", "6", kDate }, { "dir\\other.txt", "7", kDate },
+                { "plain.txt", "7", kDate } } },
+        { "dos_date_zero.zip", { { "nodate.txt", "9", "" }, { "dated.txt", "7", kDate } } },
+        { "date_2044.zip", { { "y2043.txt", "6", "31.12.2043" }, { "y2044.txt", "6", "" } } },
+        { "no_entries.zip", {} },
+        { "not_a_zip.zip", {} },
+        { "zero_bytes.zip", {} },
+        { "prefixed_stub.zip", {} },
+        { "name_lone_cr.zip", { { "line1\rline2.txt", "4", kDate }, { "after.txt", "7", kDate } } },
+        { "name_pipe.zip", { { "a|b.txt", "6", kDate }, { "after.txt", "7", kDate } } },
         // Names are the stored bytes: UTF-8 stays UTF-8, code page 1252 stays itself.
-        {"name_utf8.zip", {{"M\xC3\xBCller_\xE2\x82\xAC.txt", "6", kDate}}},
-        {"name_cp1252.zip", {{"M\xFCller_\x80.txt", "8", kDate}}},
+        { "name_utf8.zip", { { "M\xC3\xBCller_\xE2\x82\xAC.txt", "6", kDate } } },
+        { "name_cp1252.zip", { { "M\xFCller_\x80.txt", "8", kDate } } },
         // The second header is whole, its data cut short: it counts, then the walk ends.
-        {"truncated.zip", {{"first.txt", "12", kDate}, {"second.txt", "24", kDate}}},
+        { "truncated.zip", { { "first.txt", "12", kDate }, { "second.txt", "24", kDate } } },
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.file);
@@ -143,7 +147,7 @@ TEST(ZipLister, ListsTheSameFileAfreshEachTime)
 {
     const std::string path = fixture("two_files_and_folder.zip");
     listZip(path);
-    expectRows(listZip(path), withEndRow({{"folder/a.txt", "7", kDate}, {"b.txt", "12", kDate}}));
+    expectRows(listZip(path), withEndRow({ { "folder/a.txt", "7", kDate }, { "b.txt", "12", kDate } }));
 }
 
 TEST(ZipLister, HoldsUpToTheLimitOfStoredEntries)
@@ -171,9 +175,11 @@ TEST(ZipLister, OneEntryOverTheLimitStopsWithAMessage)
 TEST(ZipLister, AMissingFileStopsWithAMessage)
 {
     QTemporaryDir dir;
-    const ArchiveListing listing = listZip(QFile::encodeName(dir.filePath(QStringLiteral("weg.zip"))).toStdString());
+    const ArchiveListing listing
+        = listZip(QFile::encodeName(dir.filePath(QStringLiteral("weg.zip"))).toStdString());
     EXPECT_TRUE(listing.rows.empty());
-    EXPECT_EQ(listing.error, QStringLiteral("Datei nicht gefunden: „%1“").arg(dir.filePath(QStringLiteral("weg.zip"))));
+    EXPECT_EQ(listing.error,
+        QStringLiteral("Datei nicht gefunden: „%1“").arg(dir.filePath(QStringLiteral("weg.zip"))));
 }
 
 TEST(ZipLister, OddHeadersEndTheWalkWithoutLosingWhatCameBefore)
@@ -187,14 +193,18 @@ TEST(ZipLister, OddHeadersEndTheWalkWithoutLosingWhatCameBefore)
     const std::vector<Case> cases = {
         // A size of 2 GiB or more is negative as a signed number: the field stays empty, and
         // the jump over the data lands behind the end.
-        {"huge_entry", ZipBytes().entry("a.txt", "abc").header("gross.iso", 0x80000000u),
-         {{"a.txt", "3", kDate}, {"gross.iso", "", kDate}}},
+        { "huge_entry", ZipBytes().entry("a.txt", "abc").header("gross.iso", 0x80000000u),
+            { { "a.txt", "3", kDate }, { "gross.iso", "", kDate } } },
         // A header that the file cuts off before its name is complete is no entry.
-        {"name_cut_short", ZipBytes().entry("a.txt", "abc").header("langer_name.txt", 5).cutLast(4), {{"a.txt", "3", kDate}}},
-        {"header_cut_short", ZipBytes().entry("a.txt", "abc").header("b.txt", 5).cutLast(15), {{"a.txt", "3", kDate}}},
-        {"garbage_behind", ZipBytes().entry("a.txt", "abc").raw("PK\x01\x02 central directory"), {{"a.txt", "3", kDate}}},
+        { "name_cut_short", ZipBytes().entry("a.txt", "abc").header("langer_name.txt", 5).cutLast(4),
+            { { "a.txt", "3", kDate } } },
+        { "header_cut_short", ZipBytes().entry("a.txt", "abc").header("b.txt", 5).cutLast(15),
+            { { "a.txt", "3", kDate } } },
+        { "garbage_behind", ZipBytes().entry("a.txt", "abc").raw("PK\x01\x02 central directory"),
+            { { "a.txt", "3", kDate } } },
         // Day and month are not checked: a zero shows as "00".
-        {"day_and_month_zero", ZipBytes().entry("a.txt", "abc", 0x0200), {{"a.txt", "3", "00.00.1981"}}},
+        { "day_and_month_zero", ZipBytes().entry("a.txt", "abc", 0x0200),
+            { { "a.txt", "3", "00.00.1981" } } },
     };
     QTemporaryDir dir;
     for (const Case &c : cases) {
@@ -207,13 +217,13 @@ TEST(ZipLister, StepsOverDataOfAnySize)
 {
     // Sizes around the reader's block so that headers straddle blocks and jumps land in,
     // at and far behind the buffered part.
-    const std::vector<size_t> sizes = {1, 65400, 70000, 3, 4090, 200000, 65536, 40};
+    const std::vector<size_t> sizes = { 1, 65400, 70000, 3, 4090, 200000, 65536, 40 };
     ZipBytes zip;
     std::vector<ArchiveEntry> rows;
     for (size_t i = 0; i < sizes.size(); ++i) {
         const std::string name = "teil" + std::to_string(i) + ".bin";
         zip.entry(name, std::string(sizes[i], static_cast<char>('a' + i)));
-        rows.push_back({name, std::to_string(sizes[i]), kDate});
+        rows.push_back({ name, std::to_string(sizes[i]), kDate });
     }
     QTemporaryDir dir;
     expectRows(listZip(zip.writeTo(dir, "gemischt.zip")), withEndRow(rows));
