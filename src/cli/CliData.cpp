@@ -1,0 +1,52 @@
+#include "CliData.h"
+
+#include "app/DataFolder.h"
+#include "archives/ArchiveCatalog.h"
+
+#include <QDir>
+
+CliData::CliData(const CliContext &context)
+    : m_archiveOption(context.archiveOption)
+{
+    if (context.dataOption.isEmpty()) {
+        QString notice;
+        m_dataFolder = getDataFolder(m_session, m_settings, &notice);
+        if (!notice.isEmpty())
+            printError(notice);
+        return;
+    }
+    m_dataFolder = QDir(context.dataOption).absolutePath();
+    if (!folderExists(m_dataFolder))
+        m_problem = QStringLiteral("Der Datenordner \"") + QDir::toNativeSeparators(m_dataFolder)
+            + QStringLiteral("\" existiert nicht.");
+}
+
+QString CliData::archivePath(QString *problem) const
+{
+    const QString name = m_archiveOption.isEmpty() ? defaultArchive(m_settings) : m_archiveOption;
+    if (name.isEmpty()) {
+        *problem = QStringLiteral(
+            "Es ist kein Standardarchiv festgelegt. Bitte geben Sie das Archiv mit --archive NAME "
+            "an.");
+        return {};
+    }
+    const ArchiveCatalog catalog(m_dataFolder);
+    if (!catalog.names().contains(name)) {
+        *problem = archiveNotFoundMessage();
+        return {};
+    }
+    return catalog.pathOf(name);
+}
+
+int refuse(const QString &message)
+{
+    QString plain = message;
+    printError(plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    return ExitRefused;
+}
+
+int usageError(const char *usage)
+{
+    printError(QStringLiteral("Aufruf: silberbuch-cli ") + QString::fromUtf8(usage));
+    return ExitUsage;
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+// What one run of the command line gave back.
+struct CliRun
+{
+    int exitCode = -1;
+    QStringList lines; // stdout, one entry per line
+    QString error; // stderr, trimmed
+};
+
+// Runs the real command line against a temporary data folder (--data), a settings file of
+// its own ($SILBERBUCH_CONFIG) and a program folder of its own ($SILBERBUCH_HOME).
+class CliRunner
+{
+public:
+    CliRunner()
+    {
+        EXPECT_TRUE(m_dir.isValid());
+        QDir(m_dir.path()).mkpath(QStringLiteral("data"));
+    }
+
+    QString dataFolder() const { return m_dir.filePath(QStringLiteral("data")); }
+    QString dataPath(const QString &relative) const { return QDir(dataFolder()).filePath(relative); }
+    QString settingsFile() const { return m_dir.filePath(QStringLiteral("settings.ini")); }
+    QString scratch(const QString &name) const { return m_dir.filePath(name); }
+
+    // The arguments follow "--data <data folder>".
+    CliRun run(const QStringList &arguments) const
+    {
+        return runPlain(QStringList { QStringLiteral("--data"), dataFolder() } + arguments);
+    }
+
+    CliRun runPlain(const QStringList &arguments) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
+        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
+        EXPECT_TRUE(process.waitForFinished(30000));
+        CliRun result;
+        result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        result.lines
+            = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        result.error = QString::fromUtf8(process.readAllStandardError()).trimmed();
+        return result;
+    }
+
+    // Every file below the test's folder with its bytes, settings included: equal snapshots
+    // before and after a refused call show that it changed nothing.
+    std::map<QString, QByteArray> snapshot() const
+    {
+        std::map<QString, QByteArray> files;
+        QDirIterator it(m_dir.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            QFile file(it.next());
+            files[file.fileName()]
+                = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+        }
+        return files;
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
