@@ -44,10 +44,8 @@ ImageScanJob jobFor(const SearchCd &cd, const QString &dataFolder)
 FileSearchResult collect(std::vector<ImageScanJob> &jobs, const QString &word)
 {
     FileSearchResult result;
-    for (ImageScanJob &job : jobs) {
-        for (std::string &hit : job.hits)
-            result.hits.push_back(std::move(hit));
-    }
+    for (ImageScanJob &job : jobs)
+        result.hits.append(std::move(job.hits));
     if (result.hits.empty())
         return refused(FileSearchOutcome::NoHit, searchmessages::noHit(word));
     result.outcome = FileSearchOutcome::Hits;
@@ -67,7 +65,8 @@ FileSearchResult FileSearch::searchOneCd(const SearchCd &cd, const QString &word
 {
     if (word.isEmpty())
         return emptyWord();
-    std::vector<ImageScanJob> jobs{jobFor(cd, m_dataFolder)};
+    std::vector<ImageScanJob> jobs;
+    jobs.push_back(jobFor(cd, m_dataFolder));
     ImageFileBuffer buffer;
     switch (buffer.load(jobs.front().path)) {
     case ImageFileBuffer::Status::Missing:

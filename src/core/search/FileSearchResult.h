@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "HitList.h"
 
-#include <string>
-#include <vector>
+#include <QString>
 
 // How a file search ended. The dialog shows `message` with the icon that the outcome calls
 // for: EmptyWord none; NoImage stop (and the dialog closes); NoCdWithImage stop; NoHit
@@ -25,6 +24,6 @@ struct FileSearchResult
     FileSearchOutcome outcome = FileSearchOutcome::NoHit;
     // The hit entries, number + "-" + title + "<" + image line, in code page 1252: in the
     // order of the images and, within an image, of its lines. Empty unless outcome is Hits.
-    std::vector<std::string> hits;
+    HitList hits;
     QString message;
 };

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "HitList.h"
 #include "ImageFileBuffer.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 // One image to be searched and what came of it.
 struct ImageScanJob
@@ -14,6 +14,6 @@ struct ImageScanJob
     int32_t cdNumber = 0;
     std::string entryPrefix; // number + "-" + title + "<", code page 1252
     QString path;
-    std::vector<std::string> hits; // entryPrefix + line, in line order
+    HitList hits; // entryPrefix + line, in line order
     ImageFileBuffer::Status status = ImageFileBuffer::Status::Loaded;
 };

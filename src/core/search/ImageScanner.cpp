@@ -30,11 +30,8 @@ bool ImageScanner::scanText(std::string_view text, ImageScanJob &job) const
         const size_t to = ImageLineMatcher::blockEnd(text, from, kBlockSize);
         lines.clear();
         m_matcher.scan(text.substr(from, to - from), lines);
-        for (const std::string_view line : lines) {
-            std::string &entry = job.hits.emplace_back();
-            entry.reserve(job.entryPrefix.size() + line.size());
-            entry.append(job.entryPrefix).append(line);
-        }
+        for (const std::string_view line : lines)
+            job.hits.append(job.entryPrefix, line);
         from = to;
     }
     return true;
