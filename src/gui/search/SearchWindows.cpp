@@ -1,0 +1,71 @@
+#include "SearchWindows.h"
+
+#include "Form1.h"
+#include "frmResults.h"
+#include "frmsearch.h"
+
+#include "app/DataFolder.h"
+
+namespace {
+
+template <typename Window>
+Window *raised(Window *window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+    return window;
+}
+
+} // namespace
+
+SearchWindows::SearchWindows(Session &session, Settings &settings, SearchLink link, QWidget *mainWindow)
+    : QObject(mainWindow)
+    , m_session(session)
+    , m_settings(settings)
+    , m_link(std::move(link))
+    , m_mainWindow(mainWindow)
+{
+}
+
+frmsearch *SearchWindows::showSearch()
+{
+    if (!m_search)
+        m_search = new frmsearch(*this, m_mainWindow);
+    return raised(m_search.data());
+}
+
+frmResults *SearchWindows::showResults()
+{
+    if (!m_results)
+        m_results = new frmResults(*this, m_mainWindow);
+    return raised(m_results.data());
+}
+
+Form1 *SearchWindows::showNavigator()
+{
+    if (m_navigator)
+        delete m_navigator;
+    m_navigator = new Form1(*this, m_session.foundCdNumbers, m_mainWindow);
+    return raised(m_navigator.data());
+}
+
+frmsearch *SearchWindows::searchWindow() const
+{
+    return m_search;
+}
+
+frmResults *SearchWindows::resultsWindow() const
+{
+    return m_results;
+}
+
+Form1 *SearchWindows::navigatorWindow() const
+{
+    return m_navigator;
+}
+
+QString SearchWindows::dataFolder() const
+{
+    return getDataFolder(m_session, m_settings);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "SearchLink.h"
+
+#include <QObject>
+#include <QPointer>
+
+class Form1;
+class QWidget;
+struct Session;
+class Settings;
+class frmResults;
+class frmsearch;
+
+// The three windows of searching, each a single instance that is created on first use and
+// gone when it is closed. The main window owns one of these and opens the search dialog
+// through it; the windows reach each other through it as well.
+class SearchWindows : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `mainWindow` becomes the parent of every search window.
+    SearchWindows(Session &session, Settings &settings, SearchLink link, QWidget *mainWindow);
+
+    // The search dialog, loaded if need be and brought to the front. The caller has set the
+    // session's current CD from the CD list; a dialog that is loaded already keeps its options.
+    frmsearch *showSearch();
+    // The result list, loaded if need be; a list that is open already is refilled by its caller.
+    frmResults *showResults();
+    // The navigator over the session's found CDs. A navigator that is open shows the numbers
+    // of the search before, so it gives way to a fresh one.
+    Form1 *showNavigator();
+
+    // The windows now loaded, or null.
+    frmsearch *searchWindow() const;
+    frmResults *resultsWindow() const;
+    Form1 *navigatorWindow() const;
+
+    Session &session() const { return m_session; }
+    Settings &settings() const { return m_settings; }
+    const SearchLink &link() const { return m_link; }
+    QWidget *mainWindow() const { return m_mainWindow; }
+    // The data folder under which the images lie, no trailing separator.
+    QString dataFolder() const;
+
+private:
+    Session &m_session;
+    Settings &m_settings;
+    SearchLink m_link;
+    QPointer<QWidget> m_mainWindow;
+    QPointer<frmsearch> m_search;
+    QPointer<frmResults> m_results;
+    QPointer<Form1> m_navigator;
+};
