@@ -89,6 +89,14 @@ TEST_F(ArchiveCommandsTest, MissingDataFolderIsRefused)
     EXPECT_FALSE(QFileInfo::exists(missing));
 }
 
+TEST_F(ArchiveCommandsTest, WithoutDataOptionTheProgramFolderIsTheDataFolder)
+{
+    const CliRun created = m_cli.runPlain(args({ "archive", "create", "Daheim" }));
+    EXPECT_EQ(created.exitCode, 0) << created.error.toStdString();
+    EXPECT_TRUE(QFileInfo::exists(m_cli.scratch(QStringLiteral("home/archive/Daheim.mdb"))));
+    EXPECT_EQ(m_cli.runPlain(args({ "archive", "list" })).lines, args({ "Daheim" }));
+}
+
 TEST_F(ArchiveCommandsTest, DeleteRemovesTheArchiveFileOnly)
 {
     ArchiveBuilder(m_cli.dataFolder(), QStringLiteral("Weg"))

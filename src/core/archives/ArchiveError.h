@@ -22,7 +22,6 @@ struct ArchiveError
     QString message;
 
     bool ok() const { return kind == Kind::None; }
-    static ArchiveError failure(Kind kind, const QString &message) { return { kind, message }; }
 };
 
 // A value together with the error that kept it from being complete.
