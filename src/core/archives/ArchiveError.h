@@ -22,6 +22,7 @@ struct ArchiveError
     QString message;
 
     bool ok() const { return kind == Kind::None; }
+    static ArchiveError failure(Kind kind, const QString &message) { return {kind, message}; }
 };
 
 // A value together with the error that kept it from being complete.
