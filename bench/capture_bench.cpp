@@ -22,14 +22,14 @@
 namespace {
 
 constexpr int kTopFolders = 20;
-constexpr int kMiddleFolders = 9;   // per top folder
-constexpr int kLeafFolders = 110;   // per middle folder
+constexpr int kMiddleFolders = 9; // per top folder
+constexpr int kLeafFolders = 110; // per middle folder
 constexpr int kFilesPerFolder = 10; // 20 + 180 + 19,800 folders, 200,000 files
 
-const char *const kStems[] = {"liesmich", "garten", "bericht", "rechnung", "track", "setup", "foto",
-                              "vertrag", "Mahnung_Müller", "index", "main", "daten", "urlaub", "haus",
-                              "kinder", "büro", "readme", "notes", "Grüße", "Übersicht"};
-const char *const kTypes[] = {"txt", "jpg", "mp3", "doc", "exe", "dll", "pdf", "xls", "html", "png"};
+const char *const kStems[] = { "liesmich", "garten", "bericht", "rechnung", "track", "setup", "foto",
+    "vertrag", "Mahnung_Müller", "index", "main", "daten", "urlaub", "haus", "kinder", "büro", "readme",
+    "notes", "Grüße", "Übersicht" };
+const char *const kTypes[] = { "txt", "jpg", "mp3", "doc", "exe", "dll", "pdf", "xls", "html", "png" };
 
 bool makeFolder(const std::string &path)
 {
@@ -39,15 +39,15 @@ bool makeFolder(const std::string &path)
 bool fillFolder(const std::string &folder, std::mt19937 &random)
 {
     for (int i = 0; i < kFilesPerFolder; ++i) {
-        const std::string name = folder + "/" + kStems[random() % std::size(kStems)] + " " + std::to_string(i) + "."
-            + kTypes[random() % std::size(kTypes)];
+        const std::string name = folder + "/" + kStems[random() % std::size(kStems)] + " " + std::to_string(i)
+            + "." + kTypes[random() % std::size(kTypes)];
         const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
         if (fd < 0)
             return false;
         // Sparse: the sizes are real, the disk stays empty.
         const off_t size = static_cast<off_t>(random() % 5000000);
         const time_t when = static_cast<time_t>(946684800 + random() % 700000000);
-        const timespec times[2] = {{when, 0}, {when, 0}};
+        const timespec times[2] = { { when, 0 }, { when, 0 } };
         const bool ok = ::ftruncate(fd, size) == 0 && ::futimens(fd, times) == 0;
         ::close(fd);
         if (!ok)
@@ -77,16 +77,17 @@ int generate(const std::string &root)
         }
     }
     std::printf("generated %d folders, %d files in %s\n",
-                kTopFolders * (1 + kMiddleFolders * (1 + kLeafFolders)),
-                kTopFolders * (1 + kMiddleFolders * (1 + kLeafFolders)) * kFilesPerFolder, root.c_str());
+        kTopFolders * (1 + kMiddleFolders * (1 + kLeafFolders)),
+        kTopFolders * (1 + kMiddleFolders * (1 + kLeafFolders)) * kFilesPerFolder, root.c_str());
     return 0;
 }
 
 int capture(const std::string &root, const std::string &data, bool prune, const QString &filter)
 {
     const auto start = std::chrono::steady_clock::now();
-    const CaptureResult result = ImageCapture(QString::fromStdString(data))
-                                     .capture(QStringLiteral("d:"), QString::fromStdString(root), 1, filter, prune);
+    const CaptureResult result
+        = ImageCapture(QString::fromStdString(data))
+              .capture(QStringLiteral("d:"), QString::fromStdString(root), 1, filter, prune);
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     if (!result.ok()) {
         std::fprintf(stderr, "%s\n", result.error.toUtf8().constData());
@@ -94,10 +95,10 @@ int capture(const std::string &root, const std::string &data, bool prune, const 
     }
     struct stat image;
     ::stat((data + "/lws/1.dat").c_str(), &image);
-    rusage usage{};
+    rusage usage {};
     ::getrusage(RUSAGE_SELF, &usage);
-    std::printf("seconds %.4f folders %u files %u image_bytes %lld peak_rss_kb %ld\n", seconds, result.folders,
-                result.files, static_cast<long long>(image.st_size), usage.ru_maxrss);
+    std::printf("seconds %.4f folders %u files %u image_bytes %lld peak_rss_kb %ld\n", seconds,
+        result.folders, result.files, static_cast<long long>(image.st_size), usage.ru_maxrss);
     return 0;
 }
 

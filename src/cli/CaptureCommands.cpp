@@ -48,7 +48,7 @@ std::optional<Drive> driveOf(DriveTable &table, const QString &word, QString *pr
 // CD's row. Everything that can be refused is checked before the capture starts.
 int capture(CliContext &context)
 {
-    const CliOptions options(context.words, {kFilter, kCd}, {kKeepEmpty});
+    const CliOptions options(context.words, { kFilter, kCd }, { kKeepEmpty });
     if (!options.ok() || options.plainWords().size() != 1)
         return usageError(kUsage);
     const QString filter = options.has(kFilter) ? options.value(kFilter) : QStringLiteral("*.*");
@@ -83,8 +83,9 @@ int capture(CliContext &context)
     if (!drive)
         return refuse(problem);
     const int32_t id = table.getSerial(*drive);
-    const CaptureResult result =
-        ImageCapture(data.dataFolder()).capture(drive->letter, drive->mountPoint, id, filter, !options.has(kKeepEmpty));
+    const CaptureResult result
+        = ImageCapture(data.dataFolder())
+              .capture(drive->letter, drive->mountPoint, id, filter, !options.has(kKeepEmpty));
     if (!result.ok())
         return refuse(result.error);
     if (store) {

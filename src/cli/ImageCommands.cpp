@@ -34,19 +34,21 @@ void printFolder(const ImageIndex &index, std::string_view key)
 {
     const QChar tab = QLatin1Char('\t');
     for (const ImageIndex::Row &row : index.listFolder(key, ImageIndex::Icons::None).rows)
-        printLine(cp1252::toQString(row.name) + tab + cp1252::toQString(row.size) + tab + cp1252::toQString(row.date));
+        printLine(cp1252::toQString(row.name) + tab + cp1252::toQString(row.size) + tab
+            + cp1252::toQString(row.date));
 }
 
 int image(CliContext &context)
 {
-    const CliOptions options(context.words, {kFolder});
+    const CliOptions options(context.words, { kFolder });
     const QStringList &words = options.plainWords();
     if (!options.ok() || words.size() != 2 || words.first() != QLatin1String("show"))
         return usageError(kUsage);
     bool numeric = false;
     const int32_t id = words[1].toInt(&numeric);
     if (!numeric)
-        return refuse(QStringLiteral("Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein."));
+        return refuse(
+            QStringLiteral("Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein."));
 
     CliData data(context);
     if (!data.ok())
@@ -67,8 +69,10 @@ int image(CliContext &context)
     folder.replace(QLatin1Char('/'), QLatin1Char('\\'));
     const std::string key = cp1252::fromQString(folder);
     const auto &folders = index->folders();
-    if (std::none_of(folders.begin(), folders.end(), [&](const ImageIndex::Folder &f) { return f.key == key; }))
-        return refuse(QStringLiteral("Der Ordner \"%1\" ist im Abbild %2 nicht enthalten.").arg(folder).arg(id));
+    if (std::none_of(
+            folders.begin(), folders.end(), [&](const ImageIndex::Folder &f) { return f.key == key; }))
+        return refuse(
+            QStringLiteral("Der Ordner \"%1\" ist im Abbild %2 nicht enthalten.").arg(folder).arg(id));
     printFolder(*index, key);
     return ExitOk;
 }

@@ -29,14 +29,17 @@ protected:
 
     CliRun capture(const QStringList &options = {})
     {
-        return m_cli.run(QStringList{QStringLiteral("capture"), m_tree.root()} + options);
+        return m_cli.run(QStringList { QStringLiteral("capture"), m_tree.root() } + options);
     }
-    QByteArray image(const QString &id) const { return readAll(m_cli.dataPath(QStringLiteral("lws/%1.dat").arg(id))); }
+    QByteArray image(const QString &id) const
+    {
+        return readAll(m_cli.dataPath(QStringLiteral("lws/%1.dat").arg(id)));
+    }
 
     // The letter the volume's folder got, as the drive list shows it.
     QByteArray letter() const
     {
-        for (const QString &line : m_cli.run({QStringLiteral("drives")}).lines) {
+        for (const QString &line : m_cli.run({ QStringLiteral("drives") }).lines) {
             const QStringList fields = line.split(QLatin1Char('\t'));
             if (fields.size() == 4 && fields[2] == m_tree.root())
                 return fields[0].toLatin1();
@@ -53,7 +56,8 @@ protected:
             if (name == QLatin1String("liesmich.txt"))
                 lines += drive + "\\liesmich.txt|6|03.02.2001 04:05:06\r\n";
             else if (name == QLatin1String("Bilder") && withPicture)
-                lines += ">" + drive + "\\Bilder\r\n" + drive + "\\Bilder\\haus.jpg|2|03.02.2001 04:05:06\r\n";
+                lines
+                    += ">" + drive + "\\Bilder\r\n" + drive + "\\Bilder\\haus.jpg|2|03.02.2001 04:05:06\r\n";
             else if (name == QLatin1String("Bilder") && withEmptyFolder)
                 lines += ">" + drive + "\\Bilder\r\n";
             else if (name == QLatin1String("Leer") && withEmptyFolder)
@@ -64,7 +68,7 @@ protected:
 
     CliRunner m_cli;
     QTemporaryDir m_volume;
-    TreeBuilder m_tree{m_volume.path()};
+    TreeBuilder m_tree { m_volume.path() };
 };
 
 } // namespace
@@ -78,10 +82,12 @@ TEST_F(CaptureCommandsTest, PrintsTheImageIdAloneAndWritesTheImage)
         bool withPicture;
         bool withEmptyFolder;
     } cases[] = {
-        {"pruned by default", {}, true, false},
-        {"keep empty", {QStringLiteral("--keep-empty")}, true, true},
-        {"text filter", {QStringLiteral("--filter"), QStringLiteral("*.txt")}, false, false},
-        {"text filter, keep empty", {QStringLiteral("--filter"), QStringLiteral("*.txt"), QStringLiteral("--keep-empty")}, false, true},
+        { "pruned by default", {}, true, false },
+        { "keep empty", { QStringLiteral("--keep-empty") }, true, true },
+        { "text filter", { QStringLiteral("--filter"), QStringLiteral("*.txt") }, false, false },
+        { "text filter, keep empty",
+            { QStringLiteral("--filter"), QStringLiteral("*.txt"), QStringLiteral("--keep-empty") }, false,
+            true },
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
@@ -100,11 +106,12 @@ TEST_F(CaptureCommandsTest, AFolderBecomesADriveAndItsLetterCapturesTheSameVolum
     const CliRun byFolder = capture();
     ASSERT_EQ(byFolder.exitCode, 0) << byFolder.error.toStdString();
     const QString drive = QString::fromLatin1(letter());
-    const CliRun drives = m_cli.run({QStringLiteral("drives")});
-    EXPECT_TRUE(drives.lines.contains(QStringLiteral("%1\t%2\t%3\t%4")
-                                          .arg(drive, QFileInfo(m_tree.root()).fileName(), m_tree.root(), byFolder.lines.first())))
+    const CliRun drives = m_cli.run({ QStringLiteral("drives") });
+    EXPECT_TRUE(drives.lines.contains(
+        QStringLiteral("%1\t%2\t%3\t%4")
+            .arg(drive, QFileInfo(m_tree.root()).fileName(), m_tree.root(), byFolder.lines.first())))
         << drives.lines.join(QLatin1Char('\n')).toStdString();
-    const CliRun byLetter = m_cli.run({QStringLiteral("capture"), drive});
+    const CliRun byLetter = m_cli.run({ QStringLiteral("capture"), drive });
     ASSERT_EQ(byLetter.exitCode, 0) << byLetter.error.toStdString();
     EXPECT_EQ(byLetter.lines, byFolder.lines);
 }
@@ -113,7 +120,8 @@ TEST_F(CaptureCommandsTest, WithACdTheIdGoesIntoItsRow)
 {
     ArchiveBuilder archive(m_cli.dataFolder(), QStringLiteral("Musik"));
     archive.cd(3, QStringLiteral("Drei")).cd(4, QStringLiteral("Vier"));
-    const CliRun run = capture({QStringLiteral("--cd"), QStringLiteral("3"), QStringLiteral("--archive"), QStringLiteral("Musik")});
+    const CliRun run = capture({ QStringLiteral("--cd"), QStringLiteral("3"), QStringLiteral("--archive"),
+        QStringLiteral("Musik") });
     ASSERT_EQ(run.exitCode, 0) << run.error.toStdString();
     EXPECT_EQ(archive.store().selectByNumber(3).value.imageId, run.lines.first().toInt());
     EXPECT_EQ(archive.store().selectByNumber(4).value.imageId, 0);
@@ -129,18 +137,25 @@ TEST_F(CaptureCommandsTest, RefusedCallsSayWhyAndChangeNothing)
         QString message;
         int exitCode;
     } cases[] = {
-        {"bad filter", {QStringLiteral("capture"), m_tree.root(), QStringLiteral("--filter"), QStringLiteral("*.[")},
-         QStringLiteral("Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."), 1},
-        {"missing folder", {QStringLiteral("capture"), m_cli.scratch(QStringLiteral("nix"))},
-         QStringLiteral("Der Ordner \"%1\" existiert nicht.").arg(m_cli.scratch(QStringLiteral("nix"))), 1},
-        {"unknown letter", {QStringLiteral("capture"), QStringLiteral("q:")}, QStringLiteral("Das Laufwerk q: gibt es nicht."), 1},
-        {"missing cd", {QStringLiteral("capture"), m_tree.root(), QStringLiteral("--cd"), QStringLiteral("9"),
-                        QStringLiteral("--archive"), QStringLiteral("Musik")}, QString(), 1},
-        {"cd not a number", {QStringLiteral("capture"), m_tree.root(), QStringLiteral("--cd"), QStringLiteral("drei"),
-                             QStringLiteral("--archive"), QStringLiteral("Musik")},
-         QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein."), 1},
-        {"no drive", {QStringLiteral("capture")}, QString(), 2},
-        {"unknown option", {QStringLiteral("capture"), m_tree.root(), QStringLiteral("--leer")}, QString(), 2},
+        { "bad filter",
+            { QStringLiteral("capture"), m_tree.root(), QStringLiteral("--filter"), QStringLiteral("*.[") },
+            QStringLiteral("Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."), 1 },
+        { "missing folder", { QStringLiteral("capture"), m_cli.scratch(QStringLiteral("nix")) },
+            QStringLiteral("Der Ordner \"%1\" existiert nicht.").arg(m_cli.scratch(QStringLiteral("nix"))),
+            1 },
+        { "unknown letter", { QStringLiteral("capture"), QStringLiteral("q:") },
+            QStringLiteral("Das Laufwerk q: gibt es nicht."), 1 },
+        { "missing cd",
+            { QStringLiteral("capture"), m_tree.root(), QStringLiteral("--cd"), QStringLiteral("9"),
+                QStringLiteral("--archive"), QStringLiteral("Musik") },
+            QString(), 1 },
+        { "cd not a number",
+            { QStringLiteral("capture"), m_tree.root(), QStringLiteral("--cd"), QStringLiteral("drei"),
+                QStringLiteral("--archive"), QStringLiteral("Musik") },
+            QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein."), 1 },
+        { "no drive", { QStringLiteral("capture") }, QString(), 2 },
+        { "unknown option", { QStringLiteral("capture"), m_tree.root(), QStringLiteral("--leer") }, QString(),
+            2 },
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);

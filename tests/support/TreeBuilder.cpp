@@ -52,7 +52,8 @@ void TreeBuilder::file(const QString &relative, int64_t size, int64_t mtime)
     if (fd < 0)
         fail(QStringLiteral("cannot create ") + relative);
     const QByteArray content(static_cast<qsizetype>(std::min<int64_t>(size, 65536)), 'x');
-    const bool written = ::write(fd, content.constData(), static_cast<size_t>(content.size())) == content.size()
+    const bool written
+        = ::write(fd, content.constData(), static_cast<size_t>(content.size())) == content.size()
         && ::ftruncate(fd, size) == 0;
     ::close(fd);
     if (!written)
@@ -79,8 +80,10 @@ void TreeBuilder::symlink(const QString &target, const QString &relative, int64_
 
 void TreeBuilder::setTime(const QString &relative, int64_t mtime, bool link) const
 {
-    const timespec times[2] = {{static_cast<time_t>(mtime), 0}, {static_cast<time_t>(mtime), 0}};
-    if (::utimensat(AT_FDCWD, QFile::encodeName(path(relative)).constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0) != 0)
+    const timespec times[2] = { { static_cast<time_t>(mtime), 0 }, { static_cast<time_t>(mtime), 0 } };
+    if (::utimensat(
+            AT_FDCWD, QFile::encodeName(path(relative)).constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0)
+        != 0)
         fail(QStringLiteral("cannot set the time of ") + relative);
 }
 

@@ -11,7 +11,7 @@ namespace {
 const std::array<unsigned char, 256> &upperTable()
 {
     static const std::array<unsigned char, 256> table = [] {
-        std::array<unsigned char, 256> upper{};
+        std::array<unsigned char, 256> upper {};
         for (int c = 0; c < 256; ++c)
             upper[c] = static_cast<unsigned char>(c);
         const auto &lower = cp1252::lowerTable();

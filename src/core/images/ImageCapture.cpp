@@ -56,7 +56,7 @@ ImageCapture::ImageCapture(const QString &dataFolder)
 }
 
 CaptureResult ImageCapture::capture(const QString &drive, const QString &rootFolder, int32_t imageId,
-                                    const QString &filter, bool prune, CaptureProgress *progress) const
+    const QString &filter, bool prune, CaptureProgress *progress) const
 {
     CaptureResult result;
     result.imageId = imageId;
@@ -84,8 +84,9 @@ CaptureResult ImageCapture::capture(const QString &drive, const QString &rootFol
     result.files = walk.files();
     if (!walked) {
         result.cancelled = walk.cancelled();
-        result.error = walk.cancelled() ? QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.")
-                                        : walk.error();
+        result.error = walk.cancelled()
+            ? QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.")
+            : walk.error();
         return result;
     }
     if (!writer.finish() || !writer.commit())

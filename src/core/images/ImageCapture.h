@@ -29,8 +29,8 @@ public:
     // `drive`: the two-character drive of the image lines ("d:"); `rootFolder`: where the
     // volume is mounted; `imageId`: the volume's serial, which names the file; `filter`: as
     // typed ("*.*" for all files); `prune`: leave out folders without a passing file.
-    CaptureResult capture(const QString &drive, const QString &rootFolder, int32_t imageId, const QString &filter,
-                          bool prune, CaptureProgress *progress = nullptr) const;
+    CaptureResult capture(const QString &drive, const QString &rootFolder, int32_t imageId,
+        const QString &filter, bool prune, CaptureProgress *progress = nullptr) const;
 
 private:
     QString m_dataFolder;

@@ -13,7 +13,7 @@
 namespace {
 
 // Lines are handed to the file system in pieces of about this size.
-constexpr size_t kWriteSize = size_t{1} << 20;
+constexpr size_t kWriteSize = size_t { 1 } << 20;
 
 // Removes every CR not followed by LF and every LF not preceded by such a CR, in place.
 // `size` bytes of whole lines, so no pair is cut at the end. Returns the new size.
@@ -150,7 +150,7 @@ void ImageWriter::fileLine(std::string_view folder, std::string_view name, int64
 }
 
 void ImageWriter::entryLine(std::string_view folder, std::string_view archive, std::string_view name,
-                            std::string_view size, std::string_view date)
+    std::string_view size, std::string_view date)
 {
     beginLine();
     appendPath(folder, archive);

@@ -38,7 +38,7 @@ public:
     void fileLine(std::string_view folder, std::string_view name, int64_t size, int64_t mtimeSeconds);
     // archive + "\" + name + "|" + size + "|" + date, the fields as the lister gives them.
     void entryLine(std::string_view folder, std::string_view archive, std::string_view name,
-                   std::string_view size, std::string_view date);
+        std::string_view size, std::string_view date);
 
     // Takes back the latest line that is not yet final.
     void dropLastLine();
@@ -68,6 +68,6 @@ private:
     bool m_committed = false;
     uint64_t m_written = 0;
     std::string m_buffer;
-    size_t m_finalEnd = 0;        // bytes of m_buffer that are final
+    size_t m_finalEnd = 0; // bytes of m_buffer that are final
     std::vector<size_t> m_starts; // where the lines after m_finalEnd begin
 };

@@ -56,7 +56,8 @@ void appendFsName(std::string &path, const char *name)
 
 } // namespace
 
-VolumeWalk::VolumeWalk(ImageWriter &writer, const CaptureFilter &filter, bool prune, CaptureProgress *progress)
+VolumeWalk::VolumeWalk(
+    ImageWriter &writer, const CaptureFilter &filter, bool prune, CaptureProgress *progress)
     : m_writer(writer)
     , m_filter(filter)
     , m_prune(prune)
@@ -132,7 +133,8 @@ void VolumeWalk::enterFolder(int parentFd, const char *name)
     m_writer.folderLine(m_imagePath, m_name);
     int fd = ::openat(parentFd, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     struct stat status;
-    const bool known = fd >= 0 ? ::fstat(fd, &status) == 0 : ::fstatat(parentFd, name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+    const bool known
+        = fd >= 0 ? ::fstat(fd, &status) == 0 : ::fstatat(parentFd, name, &status, AT_SYMLINK_NOFOLLOW) == 0;
     const bool otherFileSystem = known && status.st_dev != m_device;
     if (otherFileSystem && fd >= 0) {
         ::close(fd);

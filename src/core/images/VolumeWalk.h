@@ -56,8 +56,8 @@ private:
 
     dev_t m_device = 0;
     std::string m_imagePath; // code page 1252, the current folder: "d:\Bilder"
-    std::string m_fsPath;    // file system bytes of the current folder
-    std::string m_name;      // code page 1252 name of the current entry
+    std::string m_fsPath; // file system bytes of the current folder
+    std::string m_name; // code page 1252 name of the current entry
     std::string m_scratch;
     // Folder levels below the root that are open, and how many levels from the root down
     // already hold a passing file: those levels will not take a line back.

@@ -9,8 +9,14 @@ TEST(CaptureFilter, CutsALeadingStarUpToTheFirstDot)
         const char *typed;
         const char *cut;
     } cases[] = {
-        {"*.txt", "txt"}, {"*.*", "*"}, {"*", "*"}, {"*.tar.gz", "tar.gz"},
-        {"*abc", "*abc"}, {"a*.txt", "a*.txt"}, {"", ""}, {"txt", "txt"},
+        { "*.txt", "txt" },
+        { "*.*", "*" },
+        { "*", "*" },
+        { "*.tar.gz", "tar.gz" },
+        { "*abc", "*abc" },
+        { "a*.txt", "a*.txt" },
+        { "", "" },
+        { "txt", "txt" },
     };
     for (const auto &c : cases)
         EXPECT_EQ(CaptureFilter::cutFilter(c.typed), c.cut) << c.typed;
@@ -25,26 +31,30 @@ TEST(CaptureFilter, MatchesTheUpperCasedFilterAnywhereInTheUpperCasedName)
         const char *name;
         bool passes;
     } cases[] = {
-        {"*.txt", "notiz.txt", true},
-        {"*.txt", "NOTIZ.TXT", true},
-        {"*.TXT", "notiz.txt", true},
-        {"*.txt", "bild.jpg", false},
-        {"*.txt", "txtliste.doc", true}, // only "txt" is left of the filter
-        {"*.txt", "a.txt.bak", true},
-        {"a*.txt", "Daten.txt", true},   // no leading star: the dot stays, an inner "a" is enough
-        {"a*.txt", "Daten_txt", false},
-        {"*.mp#", "lied.mp3", true},
-        {"*.mp#", "lied.mpx", false},
-        {"*.[jt]*", "haus.jpg", true},
-        {"*.[!jt]*", "jt", false},
-        {"*.*", "", true},               // the nameless line of an unreadable folder
-        {"*", "", true},
-        {"*.txt", "", false},
-        {"", "", true},                  // "**" matches everything, the empty name too
-        {"", "beliebig.bin", true},
-        {"*stra\xDF" "e*", "STRA\xDF" "E.txt", true},
-        {"*\xE4rger*", "\xC4RGER.doc", true},
-        {"*\xFF*", "\x9F", true},
+        { "*.txt", "notiz.txt", true },
+        { "*.txt", "NOTIZ.TXT", true },
+        { "*.TXT", "notiz.txt", true },
+        { "*.txt", "bild.jpg", false },
+        { "*.txt", "txtliste.doc", true }, // only "txt" is left of the filter
+        { "*.txt", "a.txt.bak", true },
+        { "a*.txt", "Daten.txt", true }, // no leading star: the dot stays, an inner "a" is enough
+        { "a*.txt", "Daten_txt", false },
+        { "*.mp#", "lied.mp3", true },
+        { "*.mp#", "lied.mpx", false },
+        { "*.[jt]*", "haus.jpg", true },
+        { "*.[!jt]*", "jt", false },
+        { "*.*", "", true }, // the nameless line of an unreadable folder
+        { "*", "", true },
+        { "*.txt", "", false },
+        { "", "", true }, // "**" matches everything, the empty name too
+        { "", "beliebig.bin", true },
+        { "*stra\xDF"
+          "e*",
+            "STRA\xDF"
+            "E.txt",
+            true },
+        { "*\xE4rger*", "\xC4RGER.doc", true },
+        { "*\xFF*", "\x9F", true },
     };
     for (const auto &c : cases) {
         const CaptureFilter filter(c.filter);
@@ -57,7 +67,7 @@ TEST(CaptureFilter, APatternThatCannotBeMatchedHasAGermanMessage)
 {
     // "[_-z]" upper-cased is "[_-Z]", a range running backwards: the name side and the filter
     // side are both upper-cased, never lower-cased.
-    const char *const refused[] = {"*.[", "[abc", "*.[_-z]", "*.[z-a]"};
+    const char *const refused[] = { "*.[", "[abc", "*.[_-z]", "*.[z-a]" };
     for (const char *typed : refused) {
         const CaptureFilter filter(typed);
         EXPECT_TRUE(filter.errorMessage().startsWith(QStringLiteral("Ungültiges Suchmuster"))) << typed;

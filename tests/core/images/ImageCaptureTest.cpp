@@ -1,6 +1,6 @@
+#include "images/ImageCapture.h"
 #include "images/ArchiveListing.h"
 #include "images/CaptureProgress.h"
-#include "images/ImageCapture.h"
 
 #include "TestPaths.h"
 #include "TreeBuilder.h"
@@ -20,12 +20,12 @@
 namespace {
 
 // Modification times of the fixture volume (UTC).
-constexpr int64_t kLiesmich = 1047462067;  // 12.03.2003 09:41:07
-constexpr int64_t kBilder = 1027879364;    // 28.07.2002 18:02:44
-constexpr int64_t kNotiz = 981173106;      // 03.02.2001 04:05:06
-constexpr int64_t kStart = 1042935151;     // 19.01.2003 00:12:31
-constexpr int64_t kFilm = 1070223300;      // 30.11.2003 20:15:00
-constexpr int64_t kMidnight = 1044057600;  // 01.02.2003 00:00:00
+constexpr int64_t kLiesmich = 1047462067; // 12.03.2003 09:41:07
+constexpr int64_t kBilder = 1027879364; // 28.07.2002 18:02:44
+constexpr int64_t kNotiz = 981173106; // 03.02.2001 04:05:06
+constexpr int64_t kStart = 1042935151; // 19.01.2003 00:12:31
+constexpr int64_t kFilm = 1070223300; // 30.11.2003 20:15:00
+constexpr int64_t kMidnight = 1044057600; // 01.02.2003 00:00:00
 
 QByteArray readAll(const QString &path)
 {
@@ -38,12 +38,13 @@ struct Workspace
 {
     QTemporaryDir data;
     QTemporaryDir volume;
-    TreeBuilder tree{volume.path()};
+    TreeBuilder tree { volume.path() };
 
-    CaptureResult capture(const char *filter, bool prune, int32_t id = 4711, CaptureProgress *progress = nullptr)
+    CaptureResult capture(
+        const char *filter, bool prune, int32_t id = 4711, CaptureProgress *progress = nullptr)
     {
-        return ImageCapture(data.path()).capture(QStringLiteral("d:"), volume.path(), id, QString::fromUtf8(filter),
-                                                 prune, progress);
+        return ImageCapture(data.path())
+            .capture(QStringLiteral("d:"), volume.path(), id, QString::fromUtf8(filter), prune, progress);
     }
     QString imagePath(int32_t id = 4711) const { return data.filePath(QStringLiteral("lws/%1.dat").arg(id)); }
     QByteArray image(int32_t id = 4711) const { return readAll(imagePath(id)); }
@@ -92,10 +93,10 @@ QByteArray archive(const QByteArray &path, const QList<QByteArray> &rows, int lo
     return out;
 }
 
-const QList<QByteArray> kZipRows = {"folder/a.txt|7|03.02.2001", "b.txt|12|03.02.2001", "||"};
-const QList<QByteArray> kRarRows = {"testdir/test.txt|16|18.08.2011", "test.txt|16|18.08.2011",
-                                    "testshortcut.lnk|441|18.08.2011"};
-const QList<QByteArray> kNoZipRows = {"||"};
+const QList<QByteArray> kZipRows = { "folder/a.txt|7|03.02.2001", "b.txt|12|03.02.2001", "||" };
+const QList<QByteArray> kRarRows
+    = { "testdir/test.txt|16|18.08.2011", "test.txt|16|18.08.2011", "testshortcut.lnk|441|18.08.2011" };
+const QList<QByteArray> kNoZipRows = { "||" };
 
 QString zipFixture(const char *name)
 {
@@ -123,7 +124,8 @@ protected:
         t.copy(rarFixture("rar4_basic_windows.rar"), QStringLiteral("Setup/daten.rar"), kStart);
         t.file(QStringLiteral("Setup/start.exe"), 65536, kStart);
         t.copy(rarFixture("rar4_basic_windows.rar"), QStringLiteral("Rar allein/nur.rar"), kStart);
-        t.copy(zipFixture("two_files_and_folder.zip"), QStringLiteral("Nur Archiv tief/Unter/tief.zip"), kBilder);
+        t.copy(zipFixture("two_files_and_folder.zip"), QStringLiteral("Nur Archiv tief/Unter/tief.zip"),
+            kBilder);
         t.file(QStringLiteral("x.rar/inner.txt"), 3, kNotiz);
         t.copy(zipFixture("not_a_zip.zip"), QStringLiteral("A.ZIP"), kNotiz);
         t.file(QStringLiteral("a.zip.bak"), 3, kNotiz);
@@ -140,39 +142,47 @@ protected:
     static Contributions everything()
     {
         return {
-            {QStringLiteral("liesmich.txt"), "d:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n"},
-            {QStringLiteral("Bilder"), ">d:\\Bilder\r\n"},
-            {QStringLiteral("Bilder/haus.jpg"), "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"},
-            {QStringLiteral("Bilder/alt.zip"), archive("d:\\Bilder\\alt.zip", kZipRows)},
-            {QStringLiteral("Bilder/notiz.txt"), "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("Nur jpg"), ">d:\\Nur jpg\r\n"},
-            {QStringLiteral("Nur jpg/a.jpg"), "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44\r\n"},
-            {QStringLiteral("Nur jpg/b.jpg"), "d:\\Nur jpg\\b.jpg|11|28.07.2002 18:02:44\r\n"},
-            {QStringLiteral("Leer"), ">d:\\Leer\r\n"},
-            {QStringLiteral("Leer/Tiefer"), ">d:\\Leer\\Tiefer\r\n"},
-            {QStringLiteral("Archiv"), ">d:\\Archiv\r\n"},
-            {QStringLiteral("Archiv/pack.zip"), archive("d:\\Archiv\\pack.zip", kZipRows)},
-            {QStringLiteral("Setup"), ">d:\\Setup\r\n"},
-            {QStringLiteral("Setup/daten.rar"), archive("d:\\Setup\\daten.rar", kRarRows)},
-            {QStringLiteral("Setup/start.exe"), "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n"},
-            {QStringLiteral("Rar allein"), ">d:\\Rar allein\r\n"},
-            {QStringLiteral("Rar allein/nur.rar"), archive("d:\\Rar allein\\nur.rar", kRarRows)},
-            {QStringLiteral("Nur Archiv tief"), ">d:\\Nur Archiv tief\r\n"},
-            {QStringLiteral("Nur Archiv tief/Unter"), ">d:\\Nur Archiv tief\\Unter\r\n"},
-            {QStringLiteral("Nur Archiv tief/Unter/tief.zip"), archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows)},
-            {QStringLiteral("x.rar"), ">d:\\x.rar\r\n"},
-            {QStringLiteral("x.rar/inner.txt"), "d:\\x.rar\\inner.txt|3|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("A.ZIP"), archive("d:\\A.ZIP", kNoZipRows)},
-            {QStringLiteral("a.zip.bak"), "d:\\a.zip.bak|3|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("film.avi"), "d:\\film.avi|-1294967296|30.11.2003 20:15:00\r\n"},
-            {QStringLiteral("alt.txt"), "d:\\alt.txt|17|01.02.2003\r\n"},
-            {QStringLiteral(".versteckt"), "d:\\.versteckt|1|03.02.2001 04:05:06\r\n"},
+            { QStringLiteral("liesmich.txt"), "d:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n" },
+            { QStringLiteral("Bilder"), ">d:\\Bilder\r\n" },
+            { QStringLiteral("Bilder/haus.jpg"), "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n" },
+            { QStringLiteral("Bilder/alt.zip"), archive("d:\\Bilder\\alt.zip", kZipRows) },
+            { QStringLiteral("Bilder/notiz.txt"), "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("Nur jpg"), ">d:\\Nur jpg\r\n" },
+            { QStringLiteral("Nur jpg/a.jpg"), "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44\r\n" },
+            { QStringLiteral("Nur jpg/b.jpg"), "d:\\Nur jpg\\b.jpg|11|28.07.2002 18:02:44\r\n" },
+            { QStringLiteral("Leer"), ">d:\\Leer\r\n" },
+            { QStringLiteral("Leer/Tiefer"), ">d:\\Leer\\Tiefer\r\n" },
+            { QStringLiteral("Archiv"), ">d:\\Archiv\r\n" },
+            { QStringLiteral("Archiv/pack.zip"), archive("d:\\Archiv\\pack.zip", kZipRows) },
+            { QStringLiteral("Setup"), ">d:\\Setup\r\n" },
+            { QStringLiteral("Setup/daten.rar"), archive("d:\\Setup\\daten.rar", kRarRows) },
+            { QStringLiteral("Setup/start.exe"), "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n" },
+            { QStringLiteral("Rar allein"), ">d:\\Rar allein\r\n" },
+            { QStringLiteral("Rar allein/nur.rar"), archive("d:\\Rar allein\\nur.rar", kRarRows) },
+            { QStringLiteral("Nur Archiv tief"), ">d:\\Nur Archiv tief\r\n" },
+            { QStringLiteral("Nur Archiv tief/Unter"), ">d:\\Nur Archiv tief\\Unter\r\n" },
+            { QStringLiteral("Nur Archiv tief/Unter/tief.zip"),
+                archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows) },
+            { QStringLiteral("x.rar"), ">d:\\x.rar\r\n" },
+            { QStringLiteral("x.rar/inner.txt"), "d:\\x.rar\\inner.txt|3|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("A.ZIP"), archive("d:\\A.ZIP", kNoZipRows) },
+            { QStringLiteral("a.zip.bak"), "d:\\a.zip.bak|3|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("film.avi"), "d:\\film.avi|-1294967296|30.11.2003 20:15:00\r\n" },
+            { QStringLiteral("alt.txt"), "d:\\alt.txt|17|01.02.2003\r\n" },
+            { QStringLiteral(".versteckt"), "d:\\.versteckt|1|03.02.2001 04:05:06\r\n" },
             // Links are files with the length of their target, never followed.
-            {QStringLiteral("link-auf-bilder"), "d:\\link-auf-bilder|6|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("link.zip"), "d:\\link.zip|14|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("Grüße"), ">d:\\Gr\xFC\xDF" "e\r\n"},
-            {QStringLiteral("Grüße/Größe.txt"), "d:\\Gr\xFC\xDF" "e\\Gr\xF6\xDF" "e.txt|2|03.02.2001 04:05:06\r\n"},
-            {QStringLiteral("Grüße/日本.txt"), "d:\\Gr\xFC\xDF" "e\\??.txt|4|03.02.2001 04:05:06\r\n"},
+            { QStringLiteral("link-auf-bilder"), "d:\\link-auf-bilder|6|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("link.zip"), "d:\\link.zip|14|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("Grüße"),
+                ">d:\\Gr\xFC\xDF"
+                "e\r\n" },
+            { QStringLiteral("Grüße/Größe.txt"),
+                "d:\\Gr\xFC\xDF"
+                "e\\Gr\xF6\xDF"
+                "e.txt|2|03.02.2001 04:05:06\r\n" },
+            { QStringLiteral("Grüße/日本.txt"),
+                "d:\\Gr\xFC\xDF"
+                "e\\??.txt|4|03.02.2001 04:05:06\r\n" },
         };
     }
 
@@ -193,17 +203,18 @@ TEST_F(FixtureVolume, AllFilesKeepingEmptyFoldersGivesEveryLine)
     ASSERT_TRUE(result.ok()) << result.error.toStdString();
     EXPECT_EQ(result.imageId, 4711);
     EXPECT_EQ(w.image(), image(w.tree, everything()));
-    EXPECT_EQ(w.lwsFiles(), QStringList{QStringLiteral("4711.dat")});
+    EXPECT_EQ(w.lwsFiles(), QStringList { QStringLiteral("4711.dat") });
 }
 
 TEST_F(FixtureVolume, AllFilesPrunedDropsEmptyFoldersAndTheLastLineOfArchiveOnlyFolders)
 {
     Contributions lines = everything();
-    remove(lines, {QStringLiteral("Leer"), QStringLiteral("Leer/Tiefer")});
+    remove(lines, { QStringLiteral("Leer"), QStringLiteral("Leer/Tiefer") });
     lines[QStringLiteral("Archiv/pack.zip")] = archive("d:\\Archiv\\pack.zip", kZipRows, 1);
     lines[QStringLiteral("Rar allein/nur.rar")] = archive("d:\\Rar allein\\nur.rar", kRarRows, 1);
     // Two folder levels without a file: each takes one line back.
-    lines[QStringLiteral("Nur Archiv tief/Unter/tief.zip")] = archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows, 2);
+    lines[QStringLiteral("Nur Archiv tief/Unter/tief.zip")]
+        = archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows, 2);
 
     ASSERT_TRUE(w.capture("*.*", true).ok());
     EXPECT_EQ(w.image(), image(w.tree, lines));
@@ -214,14 +225,16 @@ TEST_F(FixtureVolume, AllFilesPrunedDropsEmptyFoldersAndTheLastLineOfArchiveOnly
 TEST_F(FixtureVolume, TextFilterPrunedKeepsFoldersWithTextFilesOrArchives)
 {
     Contributions lines = everything();
-    remove(lines, {QStringLiteral("Bilder/haus.jpg"), QStringLiteral("Nur jpg"), QStringLiteral("Nur jpg/a.jpg"),
-                   QStringLiteral("Nur jpg/b.jpg"), QStringLiteral("Leer"), QStringLiteral("Leer/Tiefer"),
-                   QStringLiteral("Setup/start.exe"), QStringLiteral("a.zip.bak"), QStringLiteral("film.avi"),
-                   QStringLiteral(".versteckt"), QStringLiteral("link-auf-bilder"), QStringLiteral("link.zip")});
+    remove(lines,
+        { QStringLiteral("Bilder/haus.jpg"), QStringLiteral("Nur jpg"), QStringLiteral("Nur jpg/a.jpg"),
+            QStringLiteral("Nur jpg/b.jpg"), QStringLiteral("Leer"), QStringLiteral("Leer/Tiefer"),
+            QStringLiteral("Setup/start.exe"), QStringLiteral("a.zip.bak"), QStringLiteral("film.avi"),
+            QStringLiteral(".versteckt"), QStringLiteral("link-auf-bilder"), QStringLiteral("link.zip") });
     lines[QStringLiteral("Archiv/pack.zip")] = archive("d:\\Archiv\\pack.zip", kZipRows, 1);
     lines[QStringLiteral("Setup/daten.rar")] = archive("d:\\Setup\\daten.rar", kRarRows, 1);
     lines[QStringLiteral("Rar allein/nur.rar")] = archive("d:\\Rar allein\\nur.rar", kRarRows, 1);
-    lines[QStringLiteral("Nur Archiv tief/Unter/tief.zip")] = archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows, 2);
+    lines[QStringLiteral("Nur Archiv tief/Unter/tief.zip")]
+        = archive("d:\\Nur Archiv tief\\Unter\\tief.zip", kZipRows, 2);
 
     ASSERT_TRUE(w.capture("*.txt", true).ok());
     EXPECT_EQ(w.image(), image(w.tree, lines));
@@ -230,9 +243,10 @@ TEST_F(FixtureVolume, TextFilterPrunedKeepsFoldersWithTextFilesOrArchives)
 TEST_F(FixtureVolume, TextFilterKeepingEmptyFoldersWritesEveryFolderAndArchive)
 {
     Contributions lines = everything();
-    remove(lines, {QStringLiteral("Bilder/haus.jpg"), QStringLiteral("Nur jpg/a.jpg"), QStringLiteral("Nur jpg/b.jpg"),
-                   QStringLiteral("Setup/start.exe"), QStringLiteral("a.zip.bak"), QStringLiteral("film.avi"),
-                   QStringLiteral(".versteckt"), QStringLiteral("link-auf-bilder"), QStringLiteral("link.zip")});
+    remove(lines,
+        { QStringLiteral("Bilder/haus.jpg"), QStringLiteral("Nur jpg/a.jpg"), QStringLiteral("Nur jpg/b.jpg"),
+            QStringLiteral("Setup/start.exe"), QStringLiteral("a.zip.bak"), QStringLiteral("film.avi"),
+            QStringLiteral(".versteckt"), QStringLiteral("link-auf-bilder"), QStringLiteral("link.zip") });
 
     ASSERT_TRUE(w.capture("*.txt", false).ok());
     EXPECT_EQ(w.image(), image(w.tree, lines));
@@ -240,7 +254,7 @@ TEST_F(FixtureVolume, TextFilterKeepingEmptyFoldersWritesEveryFolderAndArchive)
 
 TEST(ImageCapture, AnEmptyVolumeGivesTheRootAndTheEndLine)
 {
-    for (const bool prune : {false, true}) {
+    for (const bool prune : { false, true }) {
         Workspace w;
         ASSERT_TRUE(w.capture("*.*", prune).ok());
         EXPECT_EQ(w.image(), QByteArray(">d:\r\n\r\n")) << prune;
@@ -259,8 +273,9 @@ TEST(ImageCapture, OnlyEmptyFoldersPrunedGiveTheRootAndTheEndLine)
 TEST(ImageCapture, TheDriveLetterIsWrittenInLowerCase)
 {
     Workspace w;
-    const CaptureResult result =
-        ImageCapture(w.data.path()).capture(QStringLiteral("E:"), w.volume.path(), -5, QStringLiteral("*.*"), true);
+    const CaptureResult result
+        = ImageCapture(w.data.path())
+              .capture(QStringLiteral("E:"), w.volume.path(), -5, QStringLiteral("*.*"), true);
     ASSERT_TRUE(result.ok());
     EXPECT_EQ(w.image(-5), QByteArray(">e:\r\n\r\n"));
 }
@@ -273,20 +288,20 @@ TEST(ImageCapture, RefusedInputWritesNothing)
         const char *filter;
         const char *messageStart;
     } cases[] = {
-        {"d:", "*.[", "Ungültiges Suchmuster"},
-        {"d:", "[a", "Ungültiges Suchmuster"},
-        {"d", "*.*", "\"d\" ist kein Laufwerk"},
-        {"d:\\", "*.*", "\"d:\\\" ist kein Laufwerk"},
+        { "d:", "*.[", "Ungültiges Suchmuster" },
+        { "d:", "[a", "Ungültiges Suchmuster" },
+        { "d", "*.*", "\"d\" ist kein Laufwerk" },
+        { "d:\\", "*.*", "\"d:\\\" ist kein Laufwerk" },
     };
     for (const auto &c : cases) {
         Workspace w;
         w.oldImage();
         const CaptureResult result = ImageCapture(w.data.path())
                                          .capture(QString::fromUtf8(c.drive), w.volume.path(), 4711,
-                                                  QString::fromUtf8(c.filter), true);
+                                             QString::fromUtf8(c.filter), true);
         EXPECT_TRUE(result.error.startsWith(QString::fromUtf8(c.messageStart))) << result.error.toStdString();
         EXPECT_EQ(w.image(), QByteArray(">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n"));
-        EXPECT_EQ(w.lwsFiles(), QStringList{QStringLiteral("4711.dat")});
+        EXPECT_EQ(w.lwsFiles(), QStringList { QStringLiteral("4711.dat") });
     }
 }
 
@@ -338,7 +353,7 @@ TEST(ImageCapture, ACancelledCaptureLeavesTheOldImageAndNoTemporaryFile)
     EXPECT_EQ(result.error, QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen."));
     EXPECT_EQ(cancel.m_folder, QStringLiteral("d:"));
     EXPECT_EQ(w.image(), QByteArray(">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n"));
-    EXPECT_EQ(w.lwsFiles(), QStringList{QStringLiteral("4711.dat")});
+    EXPECT_EQ(w.lwsFiles(), QStringList { QStringLiteral("4711.dat") });
 }
 
 TEST(ImageCapture, AZipWithTooManyEntriesStopsTheCaptureWithTheListersMessage)
@@ -357,7 +372,7 @@ TEST(ImageCapture, AZipWithTooManyEntriesStopsTheCaptureWithTheListersMessage)
     EXPECT_EQ(result.error, expected);
     EXPECT_FALSE(result.cancelled);
     EXPECT_EQ(w.image(), QByteArray(">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n"));
-    EXPECT_EQ(w.lwsFiles(), QStringList{QStringLiteral("4711.dat")});
+    EXPECT_EQ(w.lwsFiles(), QStringList { QStringLiteral("4711.dat") });
 }
 
 TEST(ImageCapture, ReportsTheFinalCounts)
@@ -405,16 +420,17 @@ TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLineUnderAllFiles)
     ASSERT_EQ(captureAs("*.txt", false, 4), 0);
 
     const Contributions all = {
-        {QStringLiteral("frei.txt"), "d:\\frei.txt|1|03.02.2001 04:05:06\r\n"},
-        {QStringLiteral("System Volume Information"),
-         ">d:\\System Volume Information\r\nd:\\System Volume Information\\|0|01.01.1601\r\n"},
+        { QStringLiteral("frei.txt"), "d:\\frei.txt|1|03.02.2001 04:05:06\r\n" },
+        { QStringLiteral("System Volume Information"),
+            ">d:\\System Volume Information\r\nd:\\System Volume Information\\|0|01.01.1601\r\n" },
     };
     EXPECT_EQ(w.image(1), image(w.tree, all));
     EXPECT_EQ(w.image(2), image(w.tree, all)); // the nameless line counts as a file and keeps its folder
     EXPECT_EQ(w.image(3), QByteArray(">d:\r\nd:\\frei.txt|1|03.02.2001 04:05:06\r\n\r\n"));
-    EXPECT_EQ(w.image(4), image(w.tree, {{QStringLiteral("frei.txt"), all.value(QStringLiteral("frei.txt"))},
-                                         {QStringLiteral("System Volume Information"),
-                                          ">d:\\System Volume Information\r\n"}}));
+    EXPECT_EQ(w.image(4),
+        image(w.tree,
+            { { QStringLiteral("frei.txt"), all.value(QStringLiteral("frei.txt")) },
+                { QStringLiteral("System Volume Information"), ">d:\\System Volume Information\r\n" } }));
 }
 
 TEST(ImageCapture, AFolderOfAnotherFileSystemIsWrittenButNotEntered)
@@ -424,7 +440,9 @@ TEST(ImageCapture, AFolderOfAnotherFileSystemIsWrittenButNotEntered)
     if (::stat("/dev", &dev) != 0 || ::stat("/dev/shm", &shm) != 0 || dev.st_dev == shm.st_dev)
         GTEST_SKIP() << "/dev/shm is no mount point here";
     QTemporaryDir data;
-    ASSERT_TRUE(ImageCapture(data.path()).capture(QStringLiteral("z:"), QStringLiteral("/dev"), 9, QStringLiteral("*.*"), false).ok());
+    ASSERT_TRUE(ImageCapture(data.path())
+                    .capture(QStringLiteral("z:"), QStringLiteral("/dev"), 9, QStringLiteral("*.*"), false)
+                    .ok());
     const QByteArray captured = readAll(data.filePath(QStringLiteral("lws/9.dat")));
     EXPECT_TRUE(captured.contains("\r\n>z:\\shm\r\n"));
     EXPECT_FALSE(captured.contains("z:\\shm\\"));

@@ -46,13 +46,14 @@ TEST(ImageWriter, WritesEachLineKindInItsGrammar)
         w.entryLine("d:\\Bilder", "alt.zip", "2001/haus.jpg", "120455", "04.11.2001");
         w.entryLine("d:\\Bilder", "alt.zip", "", "", "");
     });
-    EXPECT_EQ(image, QByteArray(">d:\r\n"
-                                "d:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n"
-                                ">d:\\Bilder\r\n"
-                                ">d:\\Bilder\\alt.zip\r\n"
-                                "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\r\n"
-                                "d:\\Bilder\\alt.zip\\||\r\n"
-                                "\r\n"));
+    EXPECT_EQ(image,
+        QByteArray(">d:\r\n"
+                   "d:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n"
+                   ">d:\\Bilder\r\n"
+                   ">d:\\Bilder\\alt.zip\r\n"
+                   "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\r\n"
+                   "d:\\Bilder\\alt.zip\\||\r\n"
+                   "\r\n"));
 }
 
 TEST(ImageWriter, AnEmptyVolumeHasTheRootAndTheEndLine)
@@ -67,15 +68,16 @@ TEST(ImageWriter, SizesAreTheSignedLowThirtyTwoBits)
         int64_t size;
         const char *text;
     } cases[] = {
-        {0, "0"},
-        {2147483647, "2147483647"},
-        {2147483648LL, "-2147483648"},
-        {3000000000LL, "-1294967296"},
-        {4294967296LL, "0"},
-        {4294967296LL + 17, "17"},
+        { 0, "0" },
+        { 2147483647, "2147483647" },
+        { 2147483648LL, "-2147483648" },
+        { 3000000000LL, "-1294967296" },
+        { 4294967296LL, "0" },
+        { 4294967296LL + 17, "17" },
     };
     for (const auto &c : cases) {
-        const QByteArray image = written([&](ImageWriter &w) { w.fileLine("f:", "film.avi", c.size, kMorning); });
+        const QByteArray image
+            = written([&](ImageWriter &w) { w.fileLine("f:", "film.avi", c.size, kMorning); });
         EXPECT_EQ(image, QByteArray("f:\\film.avi|") + c.text + "|12.03.2003 09:41:07\r\n\r\n") << c.size;
     }
 }
@@ -87,10 +89,8 @@ TEST(ImageWriter, DatesAreUtcAndMidnightDropsTheTime)
         int64_t mtime;
         const char *text;
     } cases[] = {
-        {kMidnight, "01.02.2003"},
-        {kMidnight + 1, "01.02.2003 00:00:01"},
-        {kMidnight - 1, "31.01.2003 23:59:59"},
-        {-11644473600LL, "01.01.1601"}, // a zero file time
+        { kMidnight, "01.02.2003" }, { kMidnight + 1, "01.02.2003 00:00:01" },
+        { kMidnight - 1, "31.01.2003 23:59:59" }, { -11644473600LL, "01.01.1601" }, // a zero file time
     };
     for (const auto &c : cases) {
         const QByteArray image = written([&](ImageWriter &w) { w.fileLine("f:", "alt.txt", 17, c.mtime); });
@@ -100,7 +100,8 @@ TEST(ImageWriter, DatesAreUtcAndMidnightDropsTheTime)
 
 TEST(ImageWriter, APathEndingInABackslashGetsNoSecondOne)
 {
-    const QByteArray image = written([](ImageWriter &w) { w.fileLine("f:\\System Volume Information\\", "", 0, 0); });
+    const QByteArray image
+        = written([](ImageWriter &w) { w.fileLine("f:\\System Volume Information\\", "", 0, 0); });
     EXPECT_EQ(image, QByteArray("f:\\System Volume Information\\|0|01.01.1970\r\n\r\n"));
 }
 
@@ -111,13 +112,13 @@ TEST(ImageWriter, LineBreaksInsideNamesAreRewritten)
         const char *name;
         const char *lines;
     } cases[] = {
-        {"line1\rline2.txt", "d:\\a.zip\\line1line2.txt|4|03.02.2001\r\n"},
-        {"line1\nline2.txt", "d:\\a.zip\\line1line2.txt|4|03.02.2001\r\n"},
-        {"line1\r\nline2.txt", "d:\\a.zip\\line1\r\nline2.txt|4|03.02.2001\r\n"},
-        {"a\r\r\nb", "d:\\a.zip\\a\r\nb|4|03.02.2001\r\n"},
-        {"a\r\n\nb", "d:\\a.zip\\a\r\nb|4|03.02.2001\r\n"},
-        {"\nfront", "d:\\a.zip\\front|4|03.02.2001\r\n"},
-        {"back\r", "d:\\a.zip\\back|4|03.02.2001\r\n"},
+        { "line1\rline2.txt", "d:\\a.zip\\line1line2.txt|4|03.02.2001\r\n" },
+        { "line1\nline2.txt", "d:\\a.zip\\line1line2.txt|4|03.02.2001\r\n" },
+        { "line1\r\nline2.txt", "d:\\a.zip\\line1\r\nline2.txt|4|03.02.2001\r\n" },
+        { "a\r\r\nb", "d:\\a.zip\\a\r\nb|4|03.02.2001\r\n" },
+        { "a\r\n\nb", "d:\\a.zip\\a\r\nb|4|03.02.2001\r\n" },
+        { "\nfront", "d:\\a.zip\\front|4|03.02.2001\r\n" },
+        { "back\r", "d:\\a.zip\\back|4|03.02.2001\r\n" },
     };
     for (const auto &c : cases) {
         const QByteArray image = written([&](ImageWriter &w) {
@@ -170,7 +171,8 @@ TEST(ImageWriter, AnUncommittedImageLeavesTheOldOneAndNoTemporaryFile)
         EXPECT_TRUE(writer.finish());
     }
     EXPECT_EQ(readAll(target), QByteArray(">d:\r\n\r\n"));
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("7.dat")});
+    EXPECT_EQ(
+        QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList { QStringLiteral("7.dat") });
 }
 
 TEST(ImageWriter, ACommittedImageReplacesTheOldOne)

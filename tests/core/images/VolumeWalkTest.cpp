@@ -31,7 +31,8 @@ void growTree(TreeBuilder &tree, std::mt19937 &random, const QString &folder, in
 {
     const int entries = static_cast<int>(random() % 5);
     for (int i = 0; i < entries; ++i) {
-        const QString name = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) + QStringLiteral("e%1").arg(i);
+        const QString name
+            = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) + QStringLiteral("e%1").arg(i);
         switch (random() % (depth < 4 ? 8 : 6)) {
         case 0:
             tree.file(name + QStringLiteral(".txt"), 1, kTime);
@@ -80,9 +81,11 @@ struct PlainRule
                 passed = passed || below;
             } else if (name.endsWith(QLatin1String(".zip")) || name.endsWith(QLatin1String(".rar"))) {
                 lines.push_back(">" + path);
-                const ArchiveListing listing = name.endsWith(QLatin1String(".zip")) ? listZip(fsPath) : listRar(fsPath);
+                const ArchiveListing listing
+                    = name.endsWith(QLatin1String(".zip")) ? listZip(fsPath) : listRar(fsPath);
                 for (const ArchiveEntry &row : listing.rows)
-                    lines.push_back(path + "\\" + QByteArray::fromStdString(row.name + "|" + row.size + "|" + row.date));
+                    lines.push_back(
+                        path + "\\" + QByteArray::fromStdString(row.name + "|" + row.size + "|" + row.date));
             } else if (!textOnly || name.endsWith(QLatin1String(".txt"))) {
                 lines.push_back(path + "|1|03.02.2001 04:05:06");
                 passed = true;
@@ -111,16 +114,17 @@ TEST(VolumeWalk, MatchesTheCollectAndDropRuleOnRandomTrees)
         TreeBuilder tree(volume.path());
         std::mt19937 random(seed);
         growTree(tree, random, {}, 0);
-        for (const bool textOnly : {false, true}) {
-            for (const bool prune : {false, true}) {
-                SCOPED_TRACE("seed " + std::to_string(seed) + (textOnly ? " *.txt" : " *.*") + (prune ? " pruned" : ""));
+        for (const bool textOnly : { false, true }) {
+            for (const bool prune : { false, true }) {
+                SCOPED_TRACE("seed " + std::to_string(seed) + (textOnly ? " *.txt" : " *.*")
+                    + (prune ? " pruned" : ""));
                 const CaptureResult result = ImageCapture(data.path())
                                                  .capture(QStringLiteral("d:"), volume.path(), 1,
-                                                          QString::fromLatin1(textOnly ? "*.txt" : "*.*"), prune);
+                                                     QString::fromLatin1(textOnly ? "*.txt" : "*.*"), prune);
                 ASSERT_TRUE(result.ok()) << result.error.toStdString();
                 QFile image(data.filePath(QStringLiteral("lws/1.dat")));
                 ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-                EXPECT_EQ(image.readAll(), (PlainRule{tree, textOnly, prune, {}}.image()));
+                EXPECT_EQ(image.readAll(), (PlainRule { tree, textOnly, prune, {} }.image()));
             }
         }
     }
