@@ -9,5 +9,11 @@ struct RuntimeFailure
     int number = 0;
     QString text;
 
+    // The text of the report: "Laufzeitfehler '9':" and the error's text below.
+    QString message() const
+    {
+        return QStringLiteral("Laufzeitfehler '%1':\n\n%2").arg(number).arg(text);
+    }
+
     bool operator==(const RuntimeFailure &) const = default;
 };

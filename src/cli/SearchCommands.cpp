@@ -1,0 +1,103 @@
+#include "CliCommand.h"
+#include "CliData.h"
+#include "CliOptions.h"
+
+#include "archives/ArchiveStore.h"
+#include "common/Cp1252.h"
+#include "search/CommentSearch.h"
+#include "search/FileSearch.h"
+#include "search/ResultsFile.h"
+
+#include <QDateTime>
+
+#include <cstdio>
+#include <optional>
+
+namespace {
+
+const char *const kUsage = "search WORT [--cd N] [--exact] [--save DATEI]\n"
+                           "  search WORT --comments [--cd N] [--exact]";
+
+const QString kCd = QStringLiteral("--cd");
+const QString kExact = QStringLiteral("--exact");
+const QString kComments = QStringLiteral("--comments");
+const QString kSave = QStringLiteral("--save");
+
+// The hit entries in UTF-8, one a line, written at once: a search may hit millions of lines.
+void printHits(const HitList &hits)
+{
+    std::string out;
+    for (const std::string_view hit : hits) {
+        out += cp1252::toUtf8(hit);
+        out += '\n';
+    }
+    std::fwrite(out.data(), 1, out.size(), stdout);
+}
+
+int runCommentSearch(const ArchiveStore &store, const QString &word, std::optional<int> cd, bool exact)
+{
+    const CommentSearchResult result = searchComments(store, word, cd, exact);
+    if (result.outcome != CommentSearchOutcome::Found)
+        return refuse(result.message);
+    for (const QString &number : result.foundCdNumbers)
+        printLine(number);
+    return ExitOk;
+}
+
+int runFileSearch(const ArchiveStore &store, const QString &dataFolder, const QString &word, std::optional<int> cd,
+                bool exact, const QString &saveTo)
+{
+    const FileSearch search(dataFolder);
+    FileSearchResult result;
+    if (cd) {
+        const StoreResult<CdRow> row = store.selectByNumber(*cd);
+        if (!row.ok())
+            return refuse(row.error.message);
+        result = search.searchOneCd({row.value.number, row.value.name, row.value.imageId}, word, exact);
+    } else {
+        result = search.searchArchive(store, word);
+    }
+    if (result.outcome != FileSearchOutcome::Hits)
+        return refuse(result.message);
+    printHits(result.hits);
+    if (saveTo.isEmpty())
+        return ExitOk;
+    std::vector<QString> entries;
+    entries.reserve(result.hits.size());
+    for (const std::string_view hit : result.hits)
+        entries.push_back(cp1252::toQString(hit));
+    const auto failure = ResultsFile::save(saveTo, word, entries, QDateTime::currentDateTime());
+    if (failure)
+        return refuse(failure->message());
+    return ExitOk;
+}
+
+int search(CliContext &context)
+{
+    const CliOptions options(context.words, {kCd, kSave}, {kExact, kComments});
+    if (!options.ok() || options.plainWords().size() != 1 || (options.has(kComments) && options.has(kSave)))
+        return usageError(kUsage);
+    std::optional<int> cd;
+    if (options.has(kCd)) {
+        bool ok = false;
+        cd = options.value(kCd).toInt(&ok);
+        if (!ok)
+            return refuse(QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein."));
+    }
+    const CliData data(context);
+    if (!data.ok())
+        return refuse(data.problem());
+    QString problem;
+    const QString archive = data.archivePath(&problem);
+    if (archive.isEmpty())
+        return refuse(problem);
+    const ArchiveStore store(archive);
+    const QString &word = options.plainWords().first();
+    if (options.has(kComments))
+        return runCommentSearch(store, word, cd, options.has(kExact));
+    return runFileSearch(store, data.dataFolder(), word, cd, options.has(kExact), options.value(kSave));
+}
+
+const CliCommand registration("search", kUsage, &search);
+
+} // namespace
