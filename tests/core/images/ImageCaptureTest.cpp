@@ -261,6 +261,26 @@ TEST(ImageCapture, AnEmptyVolumeGivesTheRootAndTheEndLine)
     }
 }
 
+TEST(ImageCapture, ADriveWithoutAVolumeGivesTheNamelessLineUnderAllFiles)
+{
+    const struct
+    {
+        const char *filter;
+        QByteArray image;
+    } cases[] = {
+        { "*.*", ">d:\r\nd:\\|0|01.01.1601\r\n\r\n" },
+        { "*.txt", ">d:\r\n\r\n" },
+    };
+    for (const auto &c : cases) {
+        QTemporaryDir data;
+        const CaptureResult result = ImageCapture(data.path())
+                                         .capture(QStringLiteral("d:"), data.filePath(QStringLiteral("nicht da")), 0,
+                                                  QString::fromUtf8(c.filter), true);
+        ASSERT_TRUE(result.ok()) << result.error.toStdString();
+        EXPECT_EQ(readAll(data.filePath(QStringLiteral("lws/0.dat"))), c.image) << c.filter;
+    }
+}
+
 TEST(ImageCapture, OnlyEmptyFoldersPrunedGiveTheRootAndTheEndLine)
 {
     Workspace w;
