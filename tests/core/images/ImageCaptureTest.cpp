@@ -273,9 +273,10 @@ TEST(ImageCapture, ADriveWithoutAVolumeGivesTheNamelessLineUnderAllFiles)
     };
     for (const auto &c : cases) {
         QTemporaryDir data;
-        const CaptureResult result = ImageCapture(data.path())
-                                         .capture(QStringLiteral("d:"), data.filePath(QStringLiteral("nicht da")), 0,
-                                                  QString::fromUtf8(c.filter), true);
+        const CaptureResult result
+            = ImageCapture(data.path())
+                  .capture(QStringLiteral("d:"), data.filePath(QStringLiteral("nicht da")), 0,
+                      QString::fromUtf8(c.filter), true);
         ASSERT_TRUE(result.ok()) << result.error.toStdString();
         EXPECT_EQ(readAll(data.filePath(QStringLiteral("lws/0.dat"))), c.image) << c.filter;
     }
