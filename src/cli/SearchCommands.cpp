@@ -10,6 +10,7 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 
@@ -24,11 +25,16 @@ const QString kComments = QStringLiteral("--comments");
 const QString kSave = QStringLiteral("--save");
 
 // The hit entries in UTF-8, one a line, written at once: a search may hit millions of lines.
+// Most entries are plain ASCII, which is UTF-8 already.
 void printHits(const HitList &hits)
 {
     std::string out;
     for (const std::string_view hit : hits) {
-        out += cp1252::toUtf8(hit);
+        const bool ascii = std::all_of(hit.begin(), hit.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+        if (ascii)
+            out += hit;
+        else
+            out += cp1252::toUtf8(hit);
         out += '\n';
     }
     std::fwrite(out.data(), 1, out.size(), stdout);
