@@ -1,0 +1,596 @@
+#include "Hauptfenster.h"
+
+#include "Program.h"
+#include "Resources.h"
+#include "ShellOpen.h"
+#include "VendorAddresses.h"
+#include "archives/CdDetailView.h"
+#include "archives/openarchiv.h"
+#include "common/Prompts.h"
+#include "images/ImageBrowser.h"
+#include "images/abbild.h"
+#include "records/changecd.h"
+#include "records/newCD.h"
+#include "search/SearchWindows.h"
+#include "search/frmsearch.h"
+#include "ui_Hauptfenster.h"
+
+#include "app/DataFolder.h"
+#include "app/MainWindowLayout.h"
+#include "app/Settings.h"
+#include "app/StartDecision.h"
+#include "archives/ArchiveStore.h"
+#include "archives/CdList.h"
+#include "screen/SplitterLayout.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+namespace {
+
+QIcon themeIcon(const char *name, QStyle::StandardPixmap fallback, const QStyle *style)
+{
+    return QIcon::fromTheme(QString::fromLatin1(name), style->standardIcon(fallback));
+}
+
+// The CD list pane's width as the window was designed.
+constexpr float designListWidth = 3300;
+// Below this width of the tree's pane the print button under it has no room.
+constexpr int printButtonRoom = 2295;
+constexpr int treeSharePercent = 31;
+
+} // namespace
+
+Hauptfenster::Hauptfenster(Program &program)
+    : m_program(program)
+    , m_ui(std::make_unique<Ui::Hauptfenster>())
+{
+    m_program.adopt(this);
+    resources::init();
+    m_ui->setupUi(this);
+    setWindowIcon(QIcon(resources::programIcon()));
+    Session &session = m_program.session();
+
+    m_browser = new ImageBrowser(session, m_program.settings(), m_ui->TV, m_ui->LV, m_ui->Check1, this);
+    m_detail = std::make_unique<CdDetailView>(
+        m_program,
+        CdDetailControls{m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->Label8, m_ui->lblsn, m_ui->Picture2,
+                         m_ui->lblDateien, m_ui->lblOrdner, m_ui->Frame2, m_ui->fr_2},
+        *m_browser);
+    m_search = new SearchWindows(session, m_program.settings(),
+                                 SearchLink{m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2}, this);
+    m_tray = new QSystemTrayIcon(QIcon(resources::programIcon()), this);
+    connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::DoubleClick) {
+            show();
+            raise();
+            activateWindow();
+        }
+    });
+    m_timer1 = new QTimer(this);
+    m_timer1->setObjectName(QStringLiteral("Timer1"));
+    m_timer1->setSingleShot(true);
+    m_timer1->setInterval(10);
+    connect(m_timer1, &QTimer::timeout, m_browser, &ImageBrowser::fitColumns);
+
+    buildToolbar();
+    buildTabs();
+    connectMenus();
+
+    connect(m_ui->List2, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0)
+            List2_Click();
+    });
+    m_ui->List2->viewport()->installEventFilter(this);
+    connect(m_ui->Command5, &QPushButton::clicked, m_browser, &ImageBrowser::Command5_Click);
+    connect(m_ui->Command6, &QPushButton::clicked, m_browser, &ImageBrowser::Command6_Click);
+    connect(m_ui->Command7, &QPushButton::clicked, this, [this] { m_program.open(QStringLiteral("Form2")); });
+
+    m_ui->splitterMain->setStretchFactor(0, 0);
+    m_ui->splitterMain->setStretchFactor(1, 1);
+    m_ui->splitterMain->installEventFilter(this);
+    connect(m_ui->splitterMain, &QSplitter::splitterMoved, this, &Hauptfenster::layoutPanes);
+    m_ui->Splitter1->installEventFilter(this);
+    connect(m_ui->Splitter1, &QSplitter::splitterMoved, this, &Hauptfenster::splitterStep);
+    setMinimumWidth(twipsToPixels(kResizeWidthFloor));
+
+    setWindowTitle(windowTitle() + QStringLiteral("   |   Archiv: ") + session.archiveName);
+    refresh_cdlist();
+    if (isMinimizedStart(m_program.commandLine())) {
+        m_tray->setToolTip(QStringLiteral("Silberbuch 5.1"));
+        m_tray->show();
+    }
+    getsettings();
+    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+}
+
+Hauptfenster::~Hauptfenster() = default;
+
+void Hauptfenster::buildToolbar()
+{
+    const QStyle *style = this->style();
+    const struct
+    {
+        const char *key;
+        const char *tip;
+        const char *icon;
+        QStyle::StandardPixmap fallback;
+    } buttons[] = {
+        {"a", "In ein anderes Archiv wechseln", "document-open-symbolic", QStyle::SP_DialogOpenButton},
+        {"b", nullptr, nullptr, QStyle::SP_CustomBase},
+        {"c", "Neue CD hinzufügen", "list-add-symbolic", QStyle::SP_FileDialogNewFolder},
+        {"d", "Suchen nach Dateien oder Kommentaren", "edit-find-symbolic", QStyle::SP_FileDialogContentsView},
+        {"e", "Drucken", "document-print-symbolic", QStyle::SP_ComputerIcon},
+        {"f", nullptr, nullptr, QStyle::SP_CustomBase},
+        {"g", "CD Kommentare anzeigen", "format-justify-left-symbolic", QStyle::SP_FileDialogDetailedView},
+        {"h", "Abbild dieser CD anzeigen", "media-optical-symbolic", QStyle::SP_DriveCDIcon},
+        {"i", "CD Cover und Zusatz-Informationen anzeigen", "image-x-generic-symbolic", QStyle::SP_FileIcon},
+        {"j", nullptr, nullptr, QStyle::SP_CustomBase},
+        {"k", "Für diese CD ein neues CD-Abbild erstellen", "drive-optical-symbolic", QStyle::SP_DriveDVDIcon},
+        {"l", "CD bearbeiten", "document-edit-symbolic", QStyle::SP_FileDialogInfoView},
+        {"m", "Diese CD löschen", "edit-delete-symbolic", QStyle::SP_TrashIcon},
+        {"n", nullptr, nullptr, QStyle::SP_CustomBase},
+        {"o", "Optionen", "emblem-system-symbolic", QStyle::SP_FileDialogListView},
+        {"p", nullptr, nullptr, QStyle::SP_CustomBase},
+        {"q", "Programm beenden", "application-exit-symbolic", QStyle::SP_DialogCloseButton},
+    };
+    for (const auto &button : buttons) {
+        const QString key = QString::fromLatin1(button.key);
+        QAction *action = button.tip ? m_ui->Toolbar1->addAction(themeIcon(button.icon, button.fallback, style),
+                                                                 QString::fromUtf8(button.tip))
+                                     : m_ui->Toolbar1->addSeparator();
+        action->setObjectName(key);
+        if (button.tip) {
+            action->setToolTip(QString::fromUtf8(button.tip));
+            connect(action, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
+        }
+    }
+}
+
+void Hauptfenster::buildTabs()
+{
+    const struct
+    {
+        const char *caption;
+        const char *tip;
+    } tabs[] = {{"CD Kommentare!", "Der manuell eingegebene CD-Inhalt"},
+                {"CD Abbild", "Das Datenabbild"},
+                {"CD Cover / Infos ", "Zusätzliche Informationen zur CD"}};
+    QTabBar *bar = m_ui->TabStrip1;
+    bar->setDrawBase(false);
+    bar->setExpanding(false);
+    for (const auto &tab : tabs) {
+        const int index = bar->addTab(QString::fromUtf8(tab.caption));
+        bar->setTabToolTip(index, QString::fromUtf8(tab.tip));
+    }
+    connect(bar, &QTabBar::currentChanged, this, &Hauptfenster::TabStrip1_Click);
+}
+
+void Hauptfenster::connectMenus()
+{
+    Ui::Hauptfenster &ui = *m_ui;
+    const auto openNamed = [this](const char *name) {
+        return [this, name] { m_program.open(QString::fromLatin1(name)); };
+    };
+    connect(ui.newarchivieren, &QAction::triggered, this, &Hauptfenster::showNewCd);
+    connect(ui.open, &QAction::triggered, this, &Hauptfenster::open_Click);
+    connect(ui.mnuImport, &QAction::triggered, this, openNamed("Importieren"));
+    connect(ui.mnuExport, &QAction::triggered, this, openNamed("Exportieren"));
+    connect(ui.close, &QAction::triggered, this, &Hauptfenster::unloadall);
+    connect(ui.mnunewCD, &QAction::triggered, this, &Hauptfenster::showNewCd);
+    connect(ui.mnueditCD, &QAction::triggered, this, &Hauptfenster::changecd2);
+    connect(ui.mnudeleteCD, &QAction::triggered, this, &Hauptfenster::mnudeleteCD_Click);
+    connect(ui.sortListe, &QAction::triggered, this, &Hauptfenster::sortListe_Click);
+    connect(ui.sortNummer, &QAction::triggered, this, &Hauptfenster::sortNummer_Click);
+    connect(ui.mnusearch2, &QAction::triggered, this, [this] {
+        setCurrentCdFromSelection();
+        showSearch();
+    });
+    connect(ui.printt, &QAction::triggered, this, openNamed("Form2"));
+    connect(ui.mnuoptionss, &QAction::triggered, this, openNamed("frmOptions"));
+    connect(ui.hilfe, &QAction::triggered, this, &Hauptfenster::hilfe_Click);
+    connect(ui.mnusupport, &QAction::triggered, this, [] {
+        shellopen::open(QUrl(QStringLiteral("mailto:") + vendor::mailAddress()
+                             + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
+    });
+    connect(ui.mnuwunsch, &QAction::triggered, this, openNamed("Form8"));
+    connect(ui.mnuUpdate, &QAction::triggered, this, openNamed("frmupdate"));
+    connect(ui.mnusofthome, &QAction::triggered, this, [] { shellopen::open(QUrl(vendor::webAddress())); });
+    connect(ui.about3, &QAction::triggered, this, openNamed("Abouts"));
+    connect(ui.mntray, &QAction::triggered, this, &Hauptfenster::mntray_Click);
+
+    // "In Tray" stands on its own at the right end of the menu bar.
+    auto *corner = new QMenuBar(menuBar());
+    corner->setObjectName(QStringLiteral("trayBar"));
+    corner->addAction(ui.mntray);
+    menuBar()->setCornerWidget(corner, Qt::TopRightCorner);
+}
+
+MainWindowLink Hauptfenster::link()
+{
+    MainWindowLink link;
+    link.window = this;
+    link.selectedNumberText = [this] { return m_ui->Label8->text(); };
+    link.refresh_cdlist = [this] { refresh_cdlist(); };
+    link.sortList1 = [this] { sortList1(); };
+    return link;
+}
+
+// ---- CD list --------------------------------------------------------------------------
+
+void Hauptfenster::fillList(const QStringList &entries)
+{
+    // Filling and emptying the list selects nothing, so the display stays.
+    const QSignalBlocker quiet(m_ui->List2);
+    m_ui->List2->clear();
+    m_ui->List2->addItems(entries);
+    m_ui->List2->setCurrentRow(-1);
+}
+
+void Hauptfenster::refresh_cdlist()
+{
+    const int remembered = m_ui->List2->currentRow();
+    fillList({});
+    m_ui->List1->clear();
+    const StoreResult<std::vector<CdRow>> rows = ArchiveStore(m_program.session().archivePath).selectAll();
+    if (!rows.ok()) {
+        Prompts::message(this, rows.error.message, Prompts::Icon::Critical);
+        return;
+    }
+    if (rows.value.empty())
+        return;
+    const cdlist::Fill fill = cdlist::entriesOf(rows.value);
+    fillList(fill.entries);
+    if (!fill.error.isEmpty())
+        Prompts::message(this, fill.error, Prompts::Icon::Critical);
+    // The row, not the CD: after a change the same row may hold another CD.
+    if (remembered >= 0 && remembered < m_ui->List2->count())
+        m_ui->List2->setCurrentRow(remembered);
+    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+}
+
+void Hauptfenster::sortList1()
+{
+    QStringList entries;
+    for (int i = 0; i < m_ui->List2->count(); ++i)
+        entries << m_ui->List2->item(i)->text();
+    bool &sorted = m_program.session().listSorted;
+    cdlist::sortList1(entries, sorted);
+    if (!entries.isEmpty())
+        fillList(entries);
+}
+
+void Hauptfenster::sortListe_Click()
+{
+    sortList1();
+}
+
+void Hauptfenster::sortNummer_Click()
+{
+    refresh_cdlist();
+    m_program.session().listSorted = false;
+}
+
+int16_t Hauptfenster::selectedCd() const
+{
+    const QListWidgetItem *entry = m_ui->List2->currentItem();
+    if (!entry)
+        return -1;
+    return cdlist::numberOf(entry->text()).value_or(-1);
+}
+
+void Hauptfenster::setCurrentCdFromSelection()
+{
+    m_program.session().currentCd = selectedCd();
+}
+
+void Hauptfenster::mnudeleteCD_Click()
+{
+    setCurrentCdFromSelection();
+    deletecd(m_program.session().currentCd);
+}
+
+void Hauptfenster::deletecd(int16_t number, bool quietFailure)
+{
+    if (number < 0) {
+        Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
+    } else if (Prompts::message(this, cdlist::deleteQuestion(number), Prompts::Icon::None, QString(),
+                                Prompts::Buttons::YesNo)
+               == Prompts::Answer::Yes) {
+        const ArchiveError error = ArchiveStore(m_program.session().archivePath).deleteRow(number);
+        if (!error.ok()) {
+            if (!quietFailure)
+                Prompts::message(this, error.message, Prompts::Icon::Critical);
+            return;
+        }
+        {
+            const QSignalBlocker quiet(m_ui->List2);
+            delete m_ui->List2->takeItem(m_ui->List2->currentRow());
+            m_ui->List2->setCurrentRow(-1);
+        }
+        Prompts::message(this, cdlist::deletedMessage(), Prompts::Icon::Information);
+        m_ui->List1->clear();
+    }
+    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+}
+
+void Hauptfenster::List2_Click()
+{
+    m_detail->List2_Click();
+}
+
+// ---- tabs -----------------------------------------------------------------------------
+
+int Hauptfenster::selectedTab() const
+{
+    return m_ui->TabStrip1->currentIndex() + 1;
+}
+
+void Hauptfenster::showPane(int tab)
+{
+    QWidget *panes[] = {m_ui->fr_1, m_ui->fr_2, m_ui->fr_3};
+    m_ui->Frame2->setCurrentWidget(panes[tab - 1]);
+}
+
+void Hauptfenster::TabStrip1_Click()
+{
+    const int tab = selectedTab();
+    if (tab != 2 || !m_ui->List2->currentItem()) {
+        showPane(tab);
+        return;
+    }
+    if (!m_detail->imagePresent()) {
+        Prompts::message(this, QStringLiteral("Kein CD Abbild vorhanden!"));
+        m_ui->TabStrip1->setCurrentIndex(0);
+        return;
+    }
+    showPane(2);
+    m_detail->showImage();
+}
+
+// ---- layout ---------------------------------------------------------------------------
+
+void Hauptfenster::getsettings()
+{
+    const LayoutLoad load = loadMainWindowLayout(m_program.settings());
+    for (const QString &message : load.messages)
+        Prompts::message(this, message, Prompts::Icon::Critical);
+    const MainWindowLayout &layout = load.layout;
+    resize(twipsToPixels(layout.widthTwips), twipsToPixels(layout.heightTwips));
+    if (layout.windowState == MainWindowLayout::Minimized)
+        setWindowState(windowState() | Qt::WindowMinimized);
+    else if (layout.windowState == MainWindowLayout::Maximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    m_ui->TabStrip1->setCurrentIndex(layout.tab - 1);
+    if (!m_ui->List2->currentItem())
+        showPane(layout.tab);
+    if (layout.sorted)
+        sortListe_Click();
+}
+
+void Hauptfenster::storeLayout()
+{
+    MainWindowLayout layout;
+    layout.widthTwips = pixelsToTwips(width());
+    layout.heightTwips = static_cast<float>(pixelsToTwips(height()));
+    const Qt::WindowStates state = windowState();
+    layout.windowState = state.testFlag(Qt::WindowMinimized)   ? MainWindowLayout::Minimized
+                         : state.testFlag(Qt::WindowMaximized) ? MainWindowLayout::Maximized
+                                                               : MainWindowLayout::Normal;
+    layout.tab = selectedTab();
+    layout.sorted = m_program.session().listSorted;
+    storeMainWindowLayout(m_program.settings(), layout);
+}
+
+void Hauptfenster::layoutPanes()
+{
+    QSplitter *splitter = m_ui->splitterMain;
+    const QList<int> sizes = splitter->sizes();
+    if (sizes.size() != 2)
+        return;
+    const SplitterLimits limits = SplitterLimits::mainWindow();
+    const float margin = limits.fromLeftMin;
+    const float barLeft = sizes[0] > 0 ? margin + static_cast<float>(pixelsToTwips(sizes[0])) : margin + designListWidth;
+    const SplitterWindow window{static_cast<float>(pixelsToTwips(centralWidget()->width())),
+                                static_cast<float>(pixelsToTwips(centralWidget()->height())),
+                                static_cast<float>(pixelsToTwips(frameGeometry().width()))};
+    const auto box = [](const QWidget *pane) {
+        return PaneBox{static_cast<float>(pixelsToTwips(pane->x())), static_cast<float>(pixelsToTwips(pane->y())),
+                       static_cast<float>(pixelsToTwips(pane->width())),
+                       static_cast<float>(pixelsToTwips(pane->height()))};
+    };
+    const SplitterLayout layout = layoutSplitter(limits, barLeft, window, box(m_ui->Frame3), box(m_ui->Frame1));
+    const int left = twipsToPixels(layout.left.width);
+    const int total = splitter->width() - splitter->handleWidth();
+    splitter->setSizes({left, std::max(total - left, 0)});
+}
+
+void Hauptfenster::splitterStep()
+{
+    const QList<int> sizes = m_ui->Splitter1->sizes();
+    m_ui->Command7->setVisible(!sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom);
+}
+
+void Hauptfenster::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (windowState().testFlag(Qt::WindowMinimized))
+        return;
+    m_timer1->start();
+}
+
+bool Hauptfenster::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_ui->splitterMain && event->type() == QEvent::Resize) {
+        layoutPanes();
+    } else if (watched == m_ui->Splitter1 && event->type() == QEvent::Resize) {
+        // The tree keeps its share of the image tab whatever the tab's width.
+        const int width = m_ui->Splitter1->width() - m_ui->Splitter1->handleWidth();
+        const QList<int> sizes = m_ui->Splitter1->sizes();
+        const int share = sizes.size() == 2 && sizes[0] + sizes[1] > 0 && m_treeShareSet
+                              ? sizes[0] * 100 / (sizes[0] + sizes[1])
+                              : treeSharePercent;
+        m_treeShareSet = true;
+        m_ui->Splitter1->setSizes({width * share / 100, width - width * share / 100});
+        splitterStep();
+    } else if (watched == m_ui->List2->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::RightButton) {
+            // The row under the pointer is selected and offered the CD menu; below the
+            // last row nothing happens.
+            if (QListWidgetItem *item = m_ui->List2->itemAt(mouse->position().toPoint())) {
+                m_ui->List2->setCurrentItem(item);
+                m_ui->mCD->popup(mouse->globalPosition().toPoint());
+            }
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// ---- commands -------------------------------------------------------------------------
+
+void Hauptfenster::Toolbar1_ButtonClick(const QString &key)
+{
+    setCurrentCdFromSelection();
+    const int16_t cd = m_program.session().currentCd;
+    const char k = key.isEmpty() ? ' ' : key.at(0).toLatin1();
+    switch (k) {
+    case 'a':
+        open_Click();
+        break;
+    case 'c':
+        showNewCd();
+        break;
+    case 'd':
+        showSearch();
+        break;
+    case 'e':
+        m_program.open(QStringLiteral("Form2"));
+        break;
+    case 'g':
+    case 'h':
+    case 'i':
+        m_ui->TabStrip1->setCurrentIndex(k - 'g');
+        break;
+    case 'k':
+        abbild2();
+        break;
+    case 'l':
+        changecd2();
+        break;
+    case 'm':
+        deletecd(cd, true);
+        break;
+    case 'o':
+        m_program.open(QStringLiteral("frmOptions"));
+        break;
+    case 'q':
+        unloadall();
+        break;
+    default:
+        break;
+    }
+}
+
+void Hauptfenster::open_Click()
+{
+    Program &program = m_program;
+    program.session().changingArchive = true;
+    program.unload(this);
+    program.show<openarchiv>();
+}
+
+void Hauptfenster::showNewCd()
+{
+    if (!m_newCD) {
+        m_newCD = new newCD(m_program.session(), m_program.settings(), link(), this);
+        m_program.adopt(m_newCD);
+    }
+    m_newCD->show();
+    m_newCD->raise();
+}
+
+void Hauptfenster::changecd2()
+{
+    setCurrentCdFromSelection();
+    if (m_program.session().currentCd < 0) {
+        Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
+        return;
+    }
+    if (!m_changecd) {
+        m_changecd = new changecd(m_program.session(), m_program.settings(), link(), this);
+        m_program.adopt(m_changecd);
+    }
+    m_changecd->show();
+    m_changecd->raise();
+}
+
+void Hauptfenster::abbild2()
+{
+    setCurrentCdFromSelection();
+    if (m_program.session().currentCd < 0) {
+        Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
+        return;
+    }
+    m_program.session().captureMode = QStringLiteral("1");
+    if (!m_abbild) {
+        m_abbild = new abbild(m_program.session(), m_program.settings(), link(), this);
+        m_program.adopt(m_abbild);
+    }
+    m_abbild->show();
+    m_abbild->raise();
+}
+
+void Hauptfenster::showSearch()
+{
+    if (QWidget *search = m_search->showSearch())
+        if (!m_program.isLoaded(search))
+            m_program.adopt(search);
+}
+
+void Hauptfenster::hilfe_Click()
+{
+    // The page travels with the program and is put into the program folder for the browser.
+    const QString path = programFolder() + QStringLiteral("/Hilfe.html");
+    QFile shipped(resources::helpPage());
+    QFile placed(path);
+    if (shipped.open(QIODevice::ReadOnly)) {
+        const QByteArray page = shipped.readAll();
+        if (!placed.open(QIODevice::ReadOnly) || placed.readAll() != page) {
+            placed.close();
+            if (placed.open(QIODevice::WriteOnly | QIODevice::Truncate))
+                placed.write(page);
+        }
+        placed.close();
+    }
+    shellopen::open(QUrl::fromLocalFile(path));
+}
+
+void Hauptfenster::mntray_Click()
+{
+    hide();
+    // A second add fails while the icon is there, so the first tip stays.
+    if (!m_tray->isVisible()) {
+        m_tray->setToolTip(QStringLiteral("Silberbuch"));
+        m_tray->show();
+    }
+}
+
+void Hauptfenster::unloadall()
+{
+    m_tray->hide();
+    m_program.unloadAll();
+}
+
+void Hauptfenster::closeEvent(QCloseEvent *event)
+{
+    storeLayout();
+    hide();
+    unloadall();
+    QMainWindow::closeEvent(event);
+}

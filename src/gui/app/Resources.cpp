@@ -1,0 +1,43 @@
+#include "Resources.h"
+
+#include <QIcon>
+#include <QtGlobal>
+
+// Outside any namespace, as the resource initialiser requires.
+static void initSilberbuchResources()
+{
+    Q_INIT_RESOURCE(silberbuch);
+}
+
+namespace resources {
+
+void init()
+{
+    static const bool done = [] {
+        initSilberbuchResources();
+        // Without a desktop theme the toolbar and file pictures come from the one installed
+        // with the program's packages.
+        if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor"))
+            QIcon::setThemeName(QStringLiteral("Adwaita"));
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+        return true;
+    }();
+    Q_UNUSED(done);
+}
+
+QString startupPicture()
+{
+    return QStringLiteral(":/silberbuch/Startup.png");
+}
+
+QString programIcon()
+{
+    return QStringLiteral(":/silberbuch/Silberbuch.png");
+}
+
+QString helpPage()
+{
+    return QStringLiteral(":/silberbuch/Hilfe.html");
+}
+
+} // namespace resources

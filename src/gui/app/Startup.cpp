@@ -1,0 +1,93 @@
+#include "Startup.h"
+
+#include "Form3.h"
+#include "Hauptfenster.h"
+#include "Program.h"
+#include "Resources.h"
+#include "archives/openarchiv.h"
+
+#include "app/StartDecision.h"
+#include "app/StartupFolders.h"
+#include "common/Prompts.h"
+#include "screen/RegionFromBitmap.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRegion>
+#include <QTimer>
+#include <QWindow>
+
+namespace {
+
+const QRgb keyColour = qRgb(255, 0, 0);
+
+} // namespace
+
+Startup::Startup(Program &program)
+    : QWidget(nullptr, Qt::FramelessWindowHint | Qt::SplashScreen)
+    , m_program(program)
+    , m_timer(new QTimer(this))
+{
+    m_program.adopt(this);
+    resources::init();
+    setObjectName(QStringLiteral("Startup"));
+    m_picture = QImage(resources::startupPicture());
+    setFixedSize(m_picture.size());
+
+    QRegion shape;
+    for (const QRect &run : regionFromBitmap(m_picture, keyColour))
+        shape += run;
+    setMask(shape);
+
+    m_timer->setObjectName(QStringLiteral("Timer1"));
+    m_timer->setSingleShot(true);
+    m_timer->setInterval(1000);
+    connect(m_timer, &QTimer::timeout, this, &Startup::Timer1_Timer);
+
+    // A failed step leaves Start at "1": the next tick takes the first-start road.
+    prepareDataFolder(m_program.dataFolder(), m_program.settings());
+    m_timer->start();
+}
+
+void Startup::Timer1_Timer()
+{
+    m_timer->stop();
+    Program &program = m_program;
+    const StartDecision decision = decideStart(program.settings(), program.dataFolder(), program.commandLine());
+    decision.applyTo(program.session());
+    switch (decision.window) {
+    case StartDecision::Window::Form3:
+        program.show<Form3>();
+        break;
+    case StartDecision::Window::openarchiv:
+        program.show<openarchiv>();
+        if (decision.showMinimizedNotice)
+            Prompts::message(nullptr, minimizedStartNotice(), Prompts::Icon::Information);
+        break;
+    case StartDecision::Window::Hauptfenster:
+        if (Hauptfenster *main = program.show<Hauptfenster>(); main && decision.goToTray)
+            main->mntray_Click();
+        break;
+    }
+    program.unload(this);
+}
+
+void Startup::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.drawImage(0, 0, m_picture);
+}
+
+void Startup::mousePressEvent(QMouseEvent *event)
+{
+    // Any button drags the splash, as if its caption were held.
+    if (windowHandle() && windowHandle()->startSystemMove())
+        return;
+    m_dragOffset = event->globalPosition().toPoint() - frameGeometry().topLeft();
+}
+
+void Startup::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() != Qt::NoButton)
+        move(event->globalPosition().toPoint() - m_dragOffset);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QStackedWidget>
+
+class QAbstractItemModel;
+class QItemSelectionModel;
+class QListView;
+class QTreeView;
+
+// The file list of the image tab in one of four views: large icons, small icons, list, and
+// details with the three columns. All views show one model with one selection.
+class FileListView : public QStackedWidget
+{
+    Q_OBJECT
+
+public:
+    enum View { LargeIcons = 0, SmallIcons = 1, List = 2, Details = 3 };
+
+    explicit FileListView(QWidget *parent = nullptr);
+
+    void setModel(QAbstractItemModel *model);
+    View view() const { return m_view; }
+    void setView(View view);
+
+    // The index of the current item in the model, invalid when none is selected.
+    QModelIndex currentIndex() const;
+    void setColumnWidths(int name, int size, int date);
+    int columnWidth(int column) const;
+
+    QTreeView *detailsView() const { return m_details; }
+    QListView *iconView() const { return m_icons; }
+
+signals:
+    void itemDoubleClicked(const QModelIndex &index);
+    void contextMenuRequested(const QPoint &globalPosition);
+    void headerClicked(int section);
+
+private:
+    QTreeView *m_details;
+    QListView *m_icons;
+    QItemSelectionModel *m_selection = nullptr;
+    View m_view = Details;
+};

@@ -1,0 +1,212 @@
+#include "ImageBrowser.h"
+
+#include "FileListView.h"
+#include "FolderListModel.h"
+#include "ImageTreeModel.h"
+#include "app/ShellOpen.h"
+#include "common/Prompts.h"
+#include "search/MediumPath.h"
+
+#include "app/Session.h"
+#include "common/Cp1252.h"
+#include "images/DriveTable.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QMenu>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+
+ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list,
+                           QCheckBox *noIcons, QWidget *window)
+    : QObject(window)
+    , m_session(session)
+    , m_settings(settings)
+    , m_treeView(tree)
+    , m_listView(list)
+    , m_noIcons(noIcons)
+    , m_window(window)
+    , m_rrh(new QMenu(QStringLiteral("LV1"), window))
+    , m_tree(new ImageTreeModel(this))
+    , m_files(new FolderListModel(this))
+    , m_sorted(new QSortFilterProxyModel(this))
+{
+    m_treeView->setModel(m_tree);
+    m_treeView->setHeaderHidden(true);
+    connect(m_treeView, &QTreeView::clicked, this, &ImageBrowser::showNode);
+    connect(m_treeView->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &node) {
+        // A click lists the folder itself; this is for the keyboard.
+        if (QApplication::mouseButtons() == Qt::NoButton)
+            showNode(node);
+    });
+
+    // The list control's sort: texts on every column, sizes and dates too.
+    m_sorted->setSourceModel(m_files);
+    m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
+    m_sorted->setDynamicSortFilter(true);
+    m_listView->setModel(m_sorted);
+    connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::ColumnClick);
+    connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::ItemDblClick);
+    connect(m_listView, &FileListView::contextMenuRequested, this,
+            [this](const QPoint &position) { m_rrh->popup(position); });
+
+    m_rrh->setObjectName(QStringLiteral("rrh"));
+    QMenu *aaa = m_rrh->addMenu(QStringLiteral("Ansicht"));
+    aaa->setObjectName(QStringLiteral("aaa"));
+    const struct
+    {
+        const char *name;
+        const char *caption;
+        FileListView::View view;
+    } views[] = {{"mnug1", "Große Symbole", FileListView::LargeIcons},
+                 {"mnug2", "Kleine Symbole", FileListView::SmallIcons},
+                 {"mnug3", "Liste", FileListView::List},
+                 {"mnug4", "Details", FileListView::Details}};
+    for (const auto &entry : views) {
+        QAction *action = aaa->addAction(QString::fromUtf8(entry.caption), this, [this, view = entry.view] { setView(view); });
+        action->setObjectName(QString::fromLatin1(entry.name));
+    }
+    QMenu *dhdh = m_rrh->addMenu(QStringLiteral("Symbole"));
+    dhdh->setObjectName(QStringLiteral("dhdh"));
+    dhdh->addAction(QStringLiteral("Dateispezifische Symbole"), this, &ImageBrowser::mnug5_Click)
+        ->setObjectName(QStringLiteral("mnug5"));
+    dhdh->addAction(QStringLiteral("Keine Symbole (Standardsymbol)"), this, &ImageBrowser::mnug6_Click)
+        ->setObjectName(QStringLiteral("mnug6"));
+}
+
+ImageBrowser::~ImageBrowser() = default;
+
+std::shared_ptr<const ImageIndex> ImageBrowser::image(const QString &path)
+{
+    return m_cache.get(path);
+}
+
+void ImageBrowser::load_image(const QString &path, const QString &title)
+{
+    clearImage();
+    m_path = path;
+    const std::shared_ptr<const ImageIndex> loaded = image(path);
+    if (loaded->isLoaded())
+        m_tree->setImage(*loaded, title);
+}
+
+void ImageBrowser::show_folder(const std::string &folder)
+{
+    m_session.currentFolder = cp1252::toQString(folder);
+    const std::shared_ptr<const ImageIndex> loaded = image(m_path);
+    const bool noIcons = m_noIcons->isChecked();
+    const ImageIndex::Listing listing =
+        loaded->listFolder(folder, noIcons ? ImageIndex::Icons::None : ImageIndex::Icons::FileSpecific);
+    std::vector<QIcon> icons;
+    icons.reserve(listing.iconTypes.size());
+    for (const std::string_view type : listing.iconTypes)
+        icons.push_back(m_icons.icon(cp1252::toQString(type)));
+    m_files->setListing(listing, std::move(icons));
+}
+
+QString ImageBrowser::firstNodeText() const
+{
+    return m_tree->index(0, 0).data().toString();
+}
+
+void ImageBrowser::expandFirstNode()
+{
+    m_treeView->expand(m_tree->index(0, 0));
+}
+
+void ImageBrowser::clearImage()
+{
+    m_tree->clear();
+    clearList();
+}
+
+void ImageBrowser::clearList()
+{
+    m_files->clear();
+}
+
+void ImageBrowser::setView(int view)
+{
+    m_listView->setView(static_cast<FileListView::View>(view));
+}
+
+void ImageBrowser::mnug5_Click()
+{
+    m_noIcons->setChecked(false);
+    showSelectedNodeAgain();
+}
+
+void ImageBrowser::mnug6_Click()
+{
+    m_noIcons->setChecked(true);
+    showSelectedNodeAgain();
+}
+
+void ImageBrowser::showSelectedNodeAgain()
+{
+    const QModelIndex node = m_treeView->currentIndex();
+    if (!node.isValid()) {
+        Prompts::runtimeError(m_window, 91, QStringLiteral("Objektvariable oder With-Blockvariable nicht festgelegt"));
+        return;
+    }
+    showNode(node);
+}
+
+void ImageBrowser::showNode(const QModelIndex &node)
+{
+    if (!node.isValid())
+        return;
+    const QByteArray key = node.data(ImageTreeModel::KeyRole).toByteArray();
+    show_folder(std::string(key.constData(), static_cast<size_t>(key.size())));
+}
+
+void ImageBrowser::Command5_Click()
+{
+    for (const QModelIndex &node : m_tree->allNodes())
+        m_treeView->expand(node);
+}
+
+void ImageBrowser::Command6_Click()
+{
+    for (const QModelIndex &node : m_tree->allNodes())
+        m_treeView->collapse(node);
+}
+
+void ImageBrowser::ColumnClick(int section)
+{
+    m_descending = !m_descending;
+    const Qt::SortOrder order = m_descending ? Qt::DescendingOrder : Qt::AscendingOrder;
+    m_sorted->sort(section, order);
+    QHeaderView *header = m_listView->detailsView()->header();
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(section, order);
+}
+
+void ImageBrowser::ItemDblClick()
+{
+    const QModelIndex item = m_listView->currentIndex();
+    if (!item.isValid())
+        return;
+    const QString folder = m_session.currentFolder;
+    const QString lower = folder.toLower();
+    // An entry of a ZIP or RAR file can't be opened by itself: the archive file is.
+    const QString target = lower.endsWith(QLatin1String(".zip")) || lower.endsWith(QLatin1String(".rar"))
+                               ? folder
+                               : folder + QLatin1Char('\\') + item.siblingAtColumn(FolderListModel::Name).data().toString();
+    DriveTable drives(m_settings);
+    const QString local = mediumPath(target, drives);
+    if (!local.isEmpty() && QFileInfo::exists(local)) {
+        shellopen::open(QUrl::fromLocalFile(local));
+        return;
+    }
+    Prompts::message(m_window, QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + target
+                                   + QStringLiteral(" vorhanden ist!"));
+}
+
+void ImageBrowser::fitColumns()
+{
+    const int width = m_listView->width();
+    m_listView->setColumnWidths(width * 2935 / 5010, width * 639 / 5010, width * 1352 / 5010);
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "images/ImageIndexCache.h"
+
+#include "FileTypeIcons.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+#include <string>
+
+class FileListView;
+class FolderListModel;
+class ImageTreeModel;
+class QCheckBox;
+class QMenu;
+class QModelIndex;
+class QSortFilterProxyModel;
+class QTreeView;
+class QWidget;
+class Settings;
+struct Session;
+
+// The image tab of the main window: the folder tree TV and the file list LV over the drive
+// image of the CD on display, its popup menu rrh (view and pictures) and the opening of a
+// file from the list. The image is read once and kept until its file changes.
+class ImageBrowser : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The popup menu is made as a child of `window`, under the name "rrh".
+    ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list, QCheckBox *noIcons,
+                 QWidget *window);
+    ~ImageBrowser() override;
+
+    // The image at `path`, read anew only when its file has changed. Also serves the counts.
+    std::shared_ptr<const ImageIndex> image(const QString &path);
+
+    // Fills the tree from the image; a root shows `title` with its drive. An image that can't
+    // be read leaves the tree empty.
+    void load_image(const QString &path, const QString &title);
+    // Lists the files of one folder of the loaded image; the folder is the image's text, as a
+    // node's key or anything else (which lists nothing). Becomes the current folder.
+    void show_folder(const std::string &folder);
+    // The text of the first node, empty without one.
+    QString firstNodeText() const;
+    void expandFirstNode();
+    // Empties tree and list.
+    void clearImage();
+    void clearList();
+
+    // The popup menu's entries: the four views, and file pictures on or off.
+    void setView(int view);
+    void mnug5_Click();
+    void mnug6_Click();
+    // The buttons under the tree: all nodes open, all closed.
+    void Command5_Click();
+    void Command6_Click();
+    // Sorts by the clicked column, the order turning at each click whatever the column.
+    void ColumnClick(int section);
+    // Opens the file of the selected item, or asks for its medium.
+    void ItemDblClick();
+    // The three columns share the list's width as the designer laid them out.
+    void fitColumns();
+
+    QMenu *popup() const { return m_rrh; }
+    ImageTreeModel *treeModel() const { return m_tree; }
+    QSortFilterProxyModel *listModel() const { return m_sorted; }
+
+private:
+    void showNode(const QModelIndex &node);
+    void showSelectedNodeAgain();
+
+    Session &m_session;
+    Settings &m_settings;
+    QTreeView *m_treeView;
+    FileListView *m_listView;
+    QCheckBox *m_noIcons;
+    QPointer<QWidget> m_window;
+    QMenu *m_rrh;
+
+    ImageIndexCache m_cache;
+    QString m_path;
+    ImageTreeModel *m_tree;
+    FolderListModel *m_files;
+    QSortFilterProxyModel *m_sorted;
+    FileTypeIcons m_icons;
+    bool m_descending = true; // the first click sorts ascending
+};
