@@ -3,6 +3,7 @@
 #include "ImageLineMatcher.h"
 #include "SearchProgress.h"
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <thread>
