@@ -30,15 +30,19 @@ SearchWindows::SearchWindows(Session &session, Settings &settings, SearchLink li
 
 frmsearch *SearchWindows::showSearch()
 {
-    if (!m_search)
+    if (!m_search) {
         m_search = new frmsearch(*this, m_mainWindow);
+        emit windowLoaded(m_search);
+    }
     return raised(m_search.data());
 }
 
 frmResults *SearchWindows::showResults()
 {
-    if (!m_results)
+    if (!m_results) {
         m_results = new frmResults(*this, m_mainWindow);
+        emit windowLoaded(m_results);
+    }
     return raised(m_results.data());
 }
 
@@ -47,6 +51,7 @@ Form1 *SearchWindows::showNavigator()
     if (m_navigator)
         delete m_navigator;
     m_navigator = new Form1(*this, m_session.foundCdNumbers, m_mainWindow);
+    emit windowLoaded(m_navigator);
     return raised(m_navigator.data());
 }
 

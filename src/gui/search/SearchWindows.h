@@ -44,6 +44,10 @@ public:
     // The data folder under which the images lie, no trailing separator.
     QString dataFolder() const;
 
+signals:
+    // A search window was created; the program keeps a list of its loaded windows.
+    void windowLoaded(QWidget *window);
+
 private:
     Session &m_session;
     Settings &m_settings;

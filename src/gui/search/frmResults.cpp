@@ -10,11 +10,11 @@
 #include "common/Prompts.h"
 #include "images/DriveTable.h"
 #include "app/MainWindowLayout.h"
+#include "app/ShellOpen.h"
 #include "screen/cCommonDialog.h"
 #include "search/ResultsFile.h"
 
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QHeaderView>
 #include <QSortFilterProxyModel>
 #include <QUrl>
@@ -119,7 +119,7 @@ void frmResults::itemDoubleClicked()
     DriveTable drives(m_windows.settings());
     const QString path = mediumPath(m_selectedFile, drives);
     if (!path.isEmpty() && fileExists(path)) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        shellopen::open(QUrl::fromLocalFile(path));
         return;
     }
     Prompts::message(this, QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + m_selectedFile +

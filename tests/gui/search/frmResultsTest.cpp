@@ -1,12 +1,12 @@
 #include "SearchFixture.h"
 
+#include "app/ShellOpen.h"
 #include "images/DriveTable.h"
 #include "search/ResultsModel.h"
 #include "search/frmResults.h"
 #include "search/frmsearch.h"
 
 #include <QAbstractItemModelTester>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
@@ -19,20 +19,6 @@
 namespace {
 
 using Icon = Prompts::Icon;
-
-// Takes the files that the result list hands to the desktop instead of opening them.
-class OpenedFiles : public QObject
-{
-    Q_OBJECT
-
-public:
-    OpenedFiles() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~OpenedFiles() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-    QList<QUrl> urls;
-
-public slots:
-    void open(const QUrl &url) { urls.append(url); }
-};
 
 class frmResultsTest : public SearchFixture
 {
@@ -241,7 +227,7 @@ TEST_F(frmResultsTest, ClickedItemIsTheSelectedFileAlsoAfterASort)
 
 TEST_F(frmResultsTest, DoubleClickAsksForTheMediumOfAMissingFile)
 {
-    OpenedFiles opened;
+    shellopen::ShellRecorder opened;
     frmResults *window = searchAll(QStringLiteral("word"));
     ASSERT_NE(window, nullptr);
     window->resize(700, 400);
@@ -250,12 +236,12 @@ TEST_F(frmResultsTest, DoubleClickAsksForTheMediumOfAMissingFile)
     EXPECT_EQ(m_prompts.shown()[0].text,
               QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei d:\\Setup\\Word.exe vorhanden ist!"));
     EXPECT_EQ(m_prompts.shown()[0].icon, Icon::None);
-    EXPECT_TRUE(opened.urls.isEmpty());
+    EXPECT_TRUE(opened.opened().isEmpty());
 }
 
 TEST_F(frmResultsTest, DoubleClickOpensAFileWhoseMediumIsThere)
 {
-    OpenedFiles opened;
+    shellopen::ShellRecorder opened;
     const QString medium = m_dir.filePath(QStringLiteral("medium"));
     QDir().mkpath(medium + QStringLiteral("/Setup"));
     QFile file(medium + QStringLiteral("/Setup/Word.exe"));
@@ -272,7 +258,7 @@ TEST_F(frmResultsTest, DoubleClickOpensAFileWhoseMediumIsThere)
                                    QStringLiteral("word")));
     clickRow(window, 0, true);
     EXPECT_TRUE(m_prompts.shown().empty());
-    EXPECT_EQ(opened.urls, QList<QUrl>{QUrl::fromLocalFile(medium + QStringLiteral("/Setup/Word.exe"))});
+    EXPECT_EQ(opened.opened(), QList<QUrl>{QUrl::fromLocalFile(medium + QStringLiteral("/Setup/Word.exe"))});
     clickRow(window, 1, true); // a folder is no file to open
     ASSERT_EQ(m_prompts.shown().size(), 1u);
     EXPECT_TRUE(m_prompts.shown()[0].text.contains(QStringLiteral(">q:\\Setup")));
@@ -303,5 +289,3 @@ TEST_F(frmResultsTest, Screenshot)
 }
 
 } // namespace
-
-#include "frmResultsTest.moc"
