@@ -63,6 +63,7 @@ Hauptfenster::Hauptfenster(Program &program)
         *m_browser);
     m_search = new SearchWindows(session, m_program.settings(),
                                  SearchLink{m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2}, this);
+    connect(m_search, &SearchWindows::windowLoaded, &m_program, &Program::adopt);
     m_tray = new QSystemTrayIcon(QIcon(resources::programIcon()), this);
     connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::DoubleClick) {
@@ -228,7 +229,8 @@ void Hauptfenster::fillList(const QStringList &entries)
     const QSignalBlocker quiet(m_ui->List2);
     m_ui->List2->clear();
     m_ui->List2->addItems(entries);
-    m_ui->List2->setCurrentRow(-1);
+    // Marks "no current entry" as chosen, so that taking the focus selects nothing.
+    m_ui->List2->setCurrentIndex(QModelIndex());
 }
 
 void Hauptfenster::refresh_cdlist()
@@ -548,9 +550,7 @@ void Hauptfenster::abbild2()
 
 void Hauptfenster::showSearch()
 {
-    if (QWidget *search = m_search->showSearch())
-        if (!m_program.isLoaded(search))
-            m_program.adopt(search);
+    m_search->showSearch();
 }
 
 void Hauptfenster::hilfe_Click()
