@@ -95,6 +95,10 @@ Hauptfenster::Hauptfenster(Program &program)
     m_ui->splitterMain->setStretchFactor(1, 1);
     m_ui->splitterMain->installEventFilter(this);
     connect(m_ui->splitterMain, &QSplitter::splitterMoved, this, &Hauptfenster::layoutPanes);
+    // The tree's pane may get narrow: its print button then goes (see splitterStep), and the
+    // buttons under the tree don't hold the pane open.
+    m_ui->Frame5->setMinimumWidth(twipsToPixels(600));
+    m_ui->Command7->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_ui->Splitter1->installEventFilter(this);
     connect(m_ui->Splitter1, &QSplitter::splitterMoved, this, &Hauptfenster::splitterStep);
     setMinimumWidth(twipsToPixels(kResizeWidthFloor));
