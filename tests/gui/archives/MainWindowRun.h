@@ -1,0 +1,65 @@
+#pragma once
+
+#include "DesktopRun.h"
+#include "ExampleImage.h"
+
+#include "app/Hauptfenster.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QStackedWidget>
+#include <QTabBar>
+
+// The archive "Test" open in the main window: CD 7 "Abc" with two comments and the example
+// image 1001, CD 3 "birne" and CD 12 "Zebra" with neither image nor cover.
+struct MainWindowRun
+{
+    MainWindowRun()
+    {
+        archive = run.archive(QStringLiteral("Test"));
+        archive->cd(7, QStringLiteral("Abc"), QStringLiteral("Sta1|eins|zwei|End1"), 1001);
+        archive->cd(3, QStringLiteral("birne"));
+        archive->cd(12, QStringLiteral("Zebra"));
+        run.image(1001, exampleImage());
+        run.openArchive(QStringLiteral("Test"));
+    }
+
+    Hauptfenster *show()
+    {
+        main = run.program().show<Hauptfenster>();
+        run.settle();
+        return main;
+    }
+
+    template<class T = QWidget>
+    T *control(const char *name) const
+    {
+        T *found = main->findChild<T *>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    QString text(const char *label) const { return control<QLabel>(label)->text(); }
+    QListWidget *list() const { return control<QListWidget>("List2"); }
+    QStringList entries(const char *name = "List2") const
+    {
+        QStringList texts;
+        const auto *widget = control<QListWidget>(name);
+        for (int i = 0; i < widget->count(); ++i)
+            texts << widget->item(i)->text();
+        return texts;
+    }
+    // Selects the entry of a CD by its number, as a click would.
+    void select(int number) const
+    {
+        for (int i = 0; i < list()->count(); ++i)
+            if (list()->item(i)->text().section(QLatin1Char(' '), 0, 0) == QString::number(number))
+                list()->setCurrentRow(i);
+    }
+    QString paneShown() const { return control<QStackedWidget>("Frame2")->currentWidget()->objectName(); }
+    void showTab(int tab) const { control<QTabBar>("TabStrip1")->setCurrentIndex(tab - 1); }
+
+    DesktopRun run;
+    std::unique_ptr<ArchiveBuilder> archive;
+    Hauptfenster *main = nullptr;
+};
