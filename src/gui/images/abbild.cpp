@@ -73,11 +73,21 @@ void abbild::closeEvent(QCloseEvent *event)
 bool abbild::eventFilter(QObject *watched, QEvent *event)
 {
     // The caption of the check box wraps, so it stands beside it as a label that ticks it.
-    if (watched == m_ui->Check1Caption && event->type() == QEvent::MouseButtonRelease && isEnabled()) {
+    if (watched == m_ui->Check1Caption && event->type() == QEvent::MouseButtonRelease
+        && m_ui->Check1->isEnabled()) {
         m_ui->Check1->toggle();
         return true;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void abbild::setControlsEnabled(bool enabled)
+{
+    // The dialog itself stays enabled: the wait window is its child and takes the cancel.
+    for (QWidget *control : {static_cast<QWidget *>(m_ui->Frame1), static_cast<QWidget *>(m_ui->Frame2),
+                             static_cast<QWidget *>(m_ui->Frame3), static_cast<QWidget *>(m_ui->aufnahhme),
+                             static_cast<QWidget *>(m_ui->Command1)})
+        control->setEnabled(enabled);
 }
 
 void abbild::optionClicked()
@@ -135,7 +145,7 @@ void abbild::aufnahhme()
     m_wait->setProgressText(progressLine(0, 0, letter));
     m_wait->show();
     m_wait->repaint();
-    setEnabled(false);
+    setControlsEnabled(false);
 
     m_relay = new CaptureRelay(this);
     connect(m_relay, &CaptureRelay::progressed, m_wait, [this](quint32 folders, quint32 files, const QString &folder) {
@@ -148,6 +158,7 @@ void abbild::aufnahhme()
         m_result = ImageCapture(dataFolder).capture(letter, root, id, filter, prune, relay);
     });
     connect(m_thread, &QThread::finished, this, &abbild::captureFinished);
+    emit captureStarted();
     m_thread->start();
 }
 
@@ -160,7 +171,7 @@ void abbild::captureFinished()
     QApplication::restoreOverrideCursor();
     if (m_wait)
         m_wait->close();
-    setEnabled(true);
+    setControlsEnabled(true);
 
     if (!m_result.ok()) {
         Prompts::message(this, m_result.error,

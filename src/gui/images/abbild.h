@@ -33,6 +33,8 @@ public:
     bool captureRunning() const { return m_thread != nullptr; }
 
 signals:
+    // The capture is about to run: `wait` stands and takes a cancel from now on.
+    void captureStarted();
     void imageCaptured(int32_t id);
     // The capture has ended, whatever its outcome, and every message about it was answered.
     void captureEnded();
@@ -42,6 +44,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void setControlsEnabled(bool enabled);
     void optionClicked();
     void showFilterHelp();
     void addFolder();
@@ -56,6 +59,6 @@ private:
 
     QThread *m_thread = nullptr;
     CaptureRelay *m_relay = nullptr;
-    QPointer<wait> m_wait;
+    QPointer<class wait> m_wait;
     CaptureResult m_result;
 };

@@ -5,6 +5,9 @@
 class QLabel;
 class QPushButton;
 
+// The name is also that of a POSIX function; where <sys/wait.h> is visible (test programs),
+// the class is named as `class wait`.
+//
 // The small window that stands while long work runs: "Bitte warten...", a line saying what
 // is done, and, where the work can be stopped, a line of progress and a cancel button.
 class wait : public QWidget

@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 Form7::Form7(Session &session, Settings &settings, QWidget *parent)
@@ -48,10 +47,9 @@ Form7::Form7(Session &session, Settings &settings, QWidget *parent)
     DriveTable table(m_settings);
     m_drive1->reload(table);
     const QString stored = m_settings.value(SettingKey::DefDrive, QStringLiteral("C:"));
-    if (!m_drive1->selectDrive(stored)) {
-        // The stored drive is gone: say so once the dialog stands, and offer the others.
-        QTimer::singleShot(0, this, [this] { Prompts::runtimeError(this, 68, QStringLiteral("Gerät nicht verfügbar")); });
-    }
+    // A stored drive that is gone is reported; the list offers the others.
+    if (!m_drive1->selectDrive(stored))
+        Prompts::runtimeError(this, 68, QStringLiteral("Gerät nicht verfügbar"));
 }
 
 void Form7::readTitle()

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+// What tells the two CD dialogs apart. They share one window and one set of handlers;
+// everything else is the same.
+struct CdEditorVariant
+{
+    QString objectName;    // "newCD" or "changecd"
+    QString caption;
+    QString frame3Caption;
+    QString captureMode;   // the session's capture mode while this dialog's capture runs
+    // Opens with the row of the main window's selected CD and saves back into that row, its
+    // own number allowed; else proposes a number and adds a row.
+    bool editsSelectedRow = false;
+    bool offersCoverView = false;    // "Anzeigen" after a cover was chosen
+    bool editsOnDoubleClick = false; // a double click on a comment edits it
+    // A file that is no picture is reported as a failure the dialog doesn't handle itself,
+    // rather than in the dialog's own words.
+    bool badPictureIsRuntimeError = false;
+
+    static CdEditorVariant newCd()
+    {
+        return {QStringLiteral("newCD"),
+                QStringLiteral("Neue CD Erstellen"),
+                QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"),
+                QStringLiteral("2"),
+                false,
+                true,
+                false,
+                false};
+    }
+
+    static CdEditorVariant changeCd()
+    {
+        return {QStringLiteral("changecd"),
+                QStringLiteral("CD bearbeiten"),
+                QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
+                QStringLiteral("3"),
+                true,
+                false,
+                true,
+                true};
+    }
+};
