@@ -78,10 +78,10 @@ QString saveExtension(const QString &convertedFilter, int filterIndex)
     return dot < 0 ? QString() : pattern.mid(dot);
 }
 
-SaveNames saveNames(const QString &chosenPath, const QString &convertedFilter, int filterIndex,
-                    const QString &defaultExt)
+SaveNames saveNames(
+    const QString &chosenPath, const QString &convertedFilter, int filterIndex, const QString &defaultExt)
 {
-    SaveNames names{chosenPath, chosenPath};
+    SaveNames names { chosenPath, chosenPath };
     const QString ext = saveExtension(convertedFilter, filterIndex);
     if (names.fileName.size() < 4)
         names.fileName += ext;

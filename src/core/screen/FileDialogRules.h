@@ -29,7 +29,7 @@ QString saveExtension(const QString &convertedFilter, int filterIndex);
 struct SaveNames
 {
     QString fileName; // the `filename` field after the dialog
-    QString result;   // what the show operation returns
+    QString result; // what the show operation returns
 };
 
 // The names after a save dialog, given the chosen path ("" for a cancel). A name shorter
@@ -37,8 +37,8 @@ struct SaveNames
 // character isn't "." (a three-letter extension is taken for one). A default extension is
 // then appended to both when the name doesn't end in it. A cancel on a dialog whose
 // filter index is still set therefore leaves the bare extension as the name.
-SaveNames saveNames(const QString &chosenPath, const QString &convertedFilter, int filterIndex,
-                    const QString &defaultExt);
+SaveNames saveNames(
+    const QString &chosenPath, const QString &convertedFilter, int filterIndex, const QString &defaultExt);
 
 // The part of a path behind its last separator ("/" or "\").
 QString fileTitle(const QString &path);

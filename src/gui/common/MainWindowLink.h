@@ -12,7 +12,7 @@
 // through these few entries only, as they did through its public procedures and labels.
 struct MainWindowLink
 {
-    QPointer<QWidget> window;                    // shown again after a cancel, enabled after a capture
+    QPointer<QWidget> window; // shown again after a cancel, enabled after a capture
     std::function<QString()> selectedNumberText; // caption of Label8: the selected CD's number
     std::function<void()> refresh_cdlist;
     std::function<void()> sortList1;

@@ -68,11 +68,11 @@ Prompts::Answer answerOf(QMessageBox::StandardButton button)
 
 } // namespace
 
-Prompts::Answer Prompts::message(QWidget *parent, const QString &text, Icon icon, const QString &title,
-                                 Buttons buttons)
+Prompts::Answer Prompts::message(
+    QWidget *parent, const QString &text, Icon icon, const QString &title, Buttons buttons)
 {
     if (PromptScript *script = PromptScript::active())
-        return script->takeMessage({PromptScript::Kind::Message, text, title, icon, {}, {}}, buttons);
+        return script->takeMessage({ PromptScript::Kind::Message, text, title, icon, {}, {} }, buttons);
     QMessageBox box(boxIcon(icon), title, text, QMessageBox::NoButton, parent);
     addButtons(box, buttons);
     box.exec();
@@ -83,11 +83,11 @@ Prompts::Answer Prompts::message(QWidget *parent, const QString &text, Icon icon
     return answerOf(pressed);
 }
 
-std::optional<QString> Prompts::input(QWidget *parent, const QString &prompt, const QString &title,
-                                      const QString &defaultText)
+std::optional<QString> Prompts::input(
+    QWidget *parent, const QString &prompt, const QString &title, const QString &defaultText)
 {
     if (PromptScript *script = PromptScript::active())
-        return script->takeInput({PromptScript::Kind::Input, prompt, title, Icon::None, defaultText, {}});
+        return script->takeInput({ PromptScript::Kind::Input, prompt, title, Icon::None, defaultText, {} });
     QInputDialog dialog(parent);
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
@@ -102,7 +102,7 @@ std::optional<QString> Prompts::input(QWidget *parent, const QString &prompt, co
 std::optional<Prompts::FileAnswer> Prompts::file(QWidget *parent, const FileRequest &request)
 {
     if (PromptScript *script = PromptScript::active())
-        return script->takeFile({PromptScript::Kind::File, {}, request.title, Icon::None, {}, request});
+        return script->takeFile({ PromptScript::Kind::File, {}, request.title, Icon::None, {}, request });
     QFileDialog dialog(parent, request.title, request.directory);
     const bool save = request.mode == FileRequest::Mode::Save;
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -125,7 +125,8 @@ std::optional<Prompts::FileAnswer> Prompts::file(QWidget *parent, const FileRequ
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const auto chosenFilter = request.nameFilters.indexOf(dialog.selectedNameFilter());
-    return FileAnswer{dialog.selectedFiles().constFirst(), static_cast<int>(std::max<qsizetype>(chosenFilter, 0))};
+    return FileAnswer { dialog.selectedFiles().constFirst(),
+        static_cast<int>(std::max<qsizetype>(chosenFilter, 0)) };
 }
 
 void Prompts::runtimeError(QWidget *parent, int number, const QString &text)

@@ -35,11 +35,11 @@ public:
 
     // A modal message. An empty title leaves the window's title to the system.
     static Answer message(QWidget *parent, const QString &text, Icon icon = Icon::None,
-                          const QString &title = {}, Buttons buttons = Buttons::Ok);
+        const QString &title = {}, Buttons buttons = Buttons::Ok);
 
     // The input box: the text as confirmed, or nothing for a cancel.
-    static std::optional<QString> input(QWidget *parent, const QString &prompt, const QString &title,
-                                        const QString &defaultText = {});
+    static std::optional<QString> input(
+        QWidget *parent, const QString &prompt, const QString &title, const QString &defaultText = {});
 
     // An open or save file dialog, or a folder choice: the chosen path, or nothing for a cancel.
     static std::optional<FileAnswer> file(QWidget *parent, const FileRequest &request);

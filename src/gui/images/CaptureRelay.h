@@ -24,5 +24,5 @@ signals:
     void progressed(quint32 folders, quint32 files, const QString &currentFolder);
 
 private:
-    std::atomic<bool> m_cancelled{false};
+    std::atomic<bool> m_cancelled { false };
 };

@@ -56,6 +56,7 @@ abbild::~abbild()
     if (m_thread) {
         m_relay->cancel();
         m_thread->wait();
+        QApplication::restoreOverrideCursor();
     }
 }
 
@@ -84,9 +85,9 @@ bool abbild::eventFilter(QObject *watched, QEvent *event)
 void abbild::setControlsEnabled(bool enabled)
 {
     // The dialog itself stays enabled: the wait window is its child and takes the cancel.
-    for (QWidget *control : {static_cast<QWidget *>(m_ui->Frame1), static_cast<QWidget *>(m_ui->Frame2),
-                             static_cast<QWidget *>(m_ui->Frame3), static_cast<QWidget *>(m_ui->aufnahhme),
-                             static_cast<QWidget *>(m_ui->Command1)})
+    for (QWidget *control : { static_cast<QWidget *>(m_ui->Frame1), static_cast<QWidget *>(m_ui->Frame2),
+             static_cast<QWidget *>(m_ui->Frame3), static_cast<QWidget *>(m_ui->aufnahhme),
+             static_cast<QWidget *>(m_ui->Command1) })
         control->setEnabled(enabled);
 }
 
@@ -97,8 +98,9 @@ void abbild::optionClicked()
 
 void abbild::showFilterHelp()
 {
-    Prompts::message(this, QStringLiteral("Geben Sie hier einen Filter ein. Wenn Sie z.B: *.txt eingeben, werden nur "
-                                          "Text-Dateien gesucht und eingelesen."));
+    Prompts::message(this,
+        QStringLiteral("Geben Sie hier einen Filter ein. Wenn Sie z.B: *.txt eingeben, werden nur "
+                       "Text-Dateien gesucht und eingelesen."));
 }
 
 void abbild::addFolder()
@@ -114,10 +116,10 @@ void abbild::addFolder()
     const Drive drive = table.driveForFolder(answer->path);
     if (drive.letter.isEmpty()) {
         Prompts::message(this,
-                         QStringLiteral("Der Ordner \"%1\" kann nicht als Laufwerk hinzugefügt werden: Er existiert "
-                                        "nicht, oder alle Laufwerksbuchstaben sind vergeben.")
-                             .arg(QDir::toNativeSeparators(answer->path)),
-                         Prompts::Icon::Critical);
+            QStringLiteral("Der Ordner \"%1\" kann nicht als Laufwerk hinzugefügt werden: Er existiert "
+                           "nicht, oder alle Laufwerksbuchstaben sind vergeben.")
+                .arg(QDir::toNativeSeparators(answer->path)),
+            Prompts::Icon::Critical);
         return;
     }
     m_ui->Drive1->reload(table);
@@ -148,9 +150,10 @@ void abbild::aufnahhme()
     setControlsEnabled(false);
 
     m_relay = new CaptureRelay(this);
-    connect(m_relay, &CaptureRelay::progressed, m_wait, [this](quint32 folders, quint32 files, const QString &folder) {
-        m_wait->setProgressText(progressLine(folders, files, folder));
-    });
+    connect(m_relay, &CaptureRelay::progressed, m_wait,
+        [this](quint32 folders, quint32 files, const QString &folder) {
+            m_wait->setProgressText(progressLine(folders, files, folder));
+        });
     connect(m_wait, &wait::cancelRequested, m_relay, &CaptureRelay::cancel);
 
     CaptureRelay *relay = m_relay;
@@ -174,8 +177,8 @@ void abbild::captureFinished()
     setControlsEnabled(true);
 
     if (!m_result.ok()) {
-        Prompts::message(this, m_result.error,
-                         m_result.cancelled ? Prompts::Icon::Information : Prompts::Icon::Critical);
+        Prompts::message(
+            this, m_result.error, m_result.cancelled ? Prompts::Icon::Information : Prompts::Icon::Critical);
         emit captureEnded();
         return;
     }

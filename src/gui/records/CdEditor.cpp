@@ -49,21 +49,24 @@ QString imageInfoText()
 {
     return QStringLiteral("Hier können Sie die komplette Dateien und Ordnerstruktur Ihres Datenträgers")
         + QStringLiteral("(CD, Festplatte, ...) einlesen und abspeichern lassen. Dabei werden sowohl")
-        + QStringLiteral("die Datei- / und Ordnernamen als auch die Größe und das Datum der Dateien gespeichert.")
-        + QStringLiteral("Der Inhalt der Dateien wird nicht gespeichert! Es wird nur ein Abbild der Datenstruktur "
-                         "erstellt.")
+        + QStringLiteral(
+            "die Datei- / und Ordnernamen als auch die Größe und das Datum der Dateien gespeichert.")
+        + QStringLiteral(
+            "Der Inhalt der Dateien wird nicht gespeichert! Es wird nur ein Abbild der Datenstruktur "
+            "erstellt.")
         + QStringLiteral("\r\n\r\n")
         + QStringLiteral("Dies dient dazu, dass wenn Sie z.b. später nach einer bestimmten Datei suchen")
         + QStringLiteral("(z.b. Mahnung_Müller.doc) im Silberbuch dies einfach als Suchbegriff eingeben")
-        + QStringLiteral("und das Programm kann Ihnen dann sofort sagen auf welchem Datenträger sich die gewünschte "
-                         "Datei befindet.")
+        + QStringLiteral(
+            "und das Programm kann Ihnen dann sofort sagen auf welchem Datenträger sich die gewünschte "
+            "Datei befindet.")
         + QStringLiteral("Sehr nützlich ist dies z.b. auch zum Archivieren von MP3s, Dokumenten, etc.");
 }
 
 } // namespace
 
-CdEditor::CdEditor(CdEditorVariant variant, Session &session, Settings &settings, MainWindowLink link,
-                   QWidget *parent)
+CdEditor::CdEditor(
+    CdEditorVariant variant, Session &session, Settings &settings, MainWindowLink link, QWidget *parent)
     : QWidget(parent, Qt::Window)
     , m_ui(std::make_unique<Ui::CdEditor>())
     , m_variant(std::move(variant))
@@ -96,7 +99,7 @@ CdEditor::CdEditor(CdEditorVariant variant, Session &session, Settings &settings
     });
     if (m_variant.editsOnDoubleClick)
         connect(m_ui->List2, &QListWidget::itemDoubleClicked, this,
-                [this](QListWidgetItem *item) { editComment(m_ui->List2->row(item)); });
+            [this](QListWidgetItem *item) { editComment(m_ui->List2->row(item)); });
     connect(m_ui->Command11, &QPushButton::clicked, this, &CdEditor::pasteComments);
     connect(m_ui->Command6, &QPushButton::clicked, this, &CdEditor::readTitle);
     connect(m_ui->Command2, &QPushButton::clicked, this, &CdEditor::startCapture);
@@ -224,8 +227,8 @@ void CdEditor::editComment(int line)
     QListWidgetItem *item = m_ui->List2->item(line);
     if (!item)
         return;
-    const std::optional<QString> answer = Prompts::input(this, QStringLiteral("Kommentar bearbeiten"),
-                                                         QStringLiteral("Komentar bearbeiten"), item->text());
+    const std::optional<QString> answer = Prompts::input(
+        this, QStringLiteral("Kommentar bearbeiten"), QStringLiteral("Komentar bearbeiten"), item->text());
     if (answer && !answer->isEmpty())
         item->setText(*answer);
 }
@@ -262,7 +265,7 @@ void CdEditor::startCapture()
 void CdEditor::showImageInfo()
 {
     Prompts::message(this, imageInfoText(), Prompts::Icon::Information,
-                     QStringLiteral("Info: Laufwerksabbild / Abbild der Laufwerksstruktur"));
+        QStringLiteral("Info: Laufwerksabbild / Abbild der Laufwerksstruktur"));
 }
 
 void CdEditor::chooseCover()
@@ -329,7 +332,7 @@ void CdEditor::save()
         bool numeric = false;
         const int oldNumber = m_link.selectedNumberText ? m_link.selectedNumberText().toInt(&numeric) : 0;
         outcome = numeric ? saver.saveChangedCd(oldNumber, draft)
-                          : CdSaver::Outcome{false, QStringLiteral("Keine CD ausgewählt!")};
+                          : CdSaver::Outcome { false, QStringLiteral("Keine CD ausgewählt!") };
     } else {
         outcome = saver.saveNewCd(draft);
     }

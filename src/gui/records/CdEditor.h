@@ -30,7 +30,7 @@ class CdEditor : public QWidget
 
 public:
     CdEditor(CdEditorVariant variant, Session &session, Settings &settings, MainWindowLink link,
-             QWidget *parent = nullptr);
+        QWidget *parent = nullptr);
     ~CdEditor() override;
 
     // A capture that this dialog started reports its image id; 0 changes nothing.
@@ -65,8 +65,8 @@ private:
     MainWindowLink m_link;
 
     int32_t m_imageId = 0;
-    QString m_coverPath;        // the last chosen cover file
-    QImage m_cover;             // the fitted cover, saved under a new number at saving
+    QString m_coverPath; // the last chosen cover file
+    QImage m_cover; // the fitted cover, saved under a new number at saving
     QString m_rowCover = QStringLiteral("0"); // the cover number the row had on opening
     QPointer<abbild> m_abbild;
     QPointer<cover> m_coverView;

@@ -6,14 +6,14 @@
 // everything else is the same.
 struct CdEditorVariant
 {
-    QString objectName;    // "newCD" or "changecd"
+    QString objectName; // "newCD" or "changecd"
     QString caption;
     QString frame3Caption;
-    QString captureMode;   // the session's capture mode while this dialog's capture runs
+    QString captureMode; // the session's capture mode while this dialog's capture runs
     // Opens with the row of the main window's selected CD and saves back into that row, its
     // own number allowed; else proposes a number and adds a row.
     bool editsSelectedRow = false;
-    bool offersCoverView = false;    // "Anzeigen" after a cover was chosen
+    bool offersCoverView = false; // "Anzeigen" after a cover was chosen
     bool editsOnDoubleClick = false; // a double click on a comment edits it
     // A file that is no picture is reported as a failure the dialog doesn't handle itself,
     // rather than in the dialog's own words.
@@ -21,25 +21,30 @@ struct CdEditorVariant
 
     static CdEditorVariant newCd()
     {
-        return {QStringLiteral("newCD"),
-                QStringLiteral("Neue CD Erstellen"),
-                QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"),
-                QStringLiteral("2"),
-                false,
-                true,
-                false,
-                false};
+        return {
+            .objectName = QStringLiteral("newCD"),
+            .caption = QStringLiteral("Neue CD Erstellen"),
+            .frame3Caption
+            = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"),
+            .captureMode = QStringLiteral("2"),
+            .editsSelectedRow = false,
+            .offersCoverView = true,
+            .editsOnDoubleClick = false,
+            .badPictureIsRuntimeError = false,
+        };
     }
 
     static CdEditorVariant changeCd()
     {
-        return {QStringLiteral("changecd"),
-                QStringLiteral("CD bearbeiten"),
-                QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
-                QStringLiteral("3"),
-                true,
-                false,
-                true,
-                true};
+        return {
+            .objectName = QStringLiteral("changecd"),
+            .caption = QStringLiteral("CD bearbeiten"),
+            .frame3Caption = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
+            .captureMode = QStringLiteral("3"),
+            .editsSelectedRow = true,
+            .offersCoverView = false,
+            .editsOnDoubleClick = true,
+            .badPictureIsRuntimeError = true,
+        };
     }
 };

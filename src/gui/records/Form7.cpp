@@ -20,7 +20,9 @@ Form7::Form7(Session &session, Settings &settings, QWidget *parent)
     setObjectName(QStringLiteral("Form7"));
     setWindowTitle(QStringLiteral("Laufwerk auswählen"));
     auto *label1 = new QLabel(
-        QStringLiteral("Bitte wählen Sie das Laufwerk aus, dessen Datenträgerbezeichnung übernommen werden soll:"), this);
+        QStringLiteral(
+            "Bitte wählen Sie das Laufwerk aus, dessen Datenträgerbezeichnung übernommen werden soll:"),
+        this);
     label1->setObjectName(QStringLiteral("Label1"));
     label1->setWordWrap(true);
     m_drive1->setObjectName(QStringLiteral("Drive1"));

@@ -19,7 +19,8 @@ QString cCommonDialog::ShowOpen(const QString &startFolder)
 QString cCommonDialog::ShowSave(const QString &startFolder)
 {
     const QString chosen = show(Kind::Save, startFolder) ? filename : QString();
-    const filedialogrules::SaveNames names = filedialogrules::saveNames(chosen, Filter, FilterIndex, DefaultExt);
+    const filedialogrules::SaveNames names
+        = filedialogrules::saveNames(chosen, Filter, FilterIndex, DefaultExt);
     filename = names.fileName;
     return names.result;
 }

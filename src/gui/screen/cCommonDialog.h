@@ -13,13 +13,13 @@ class cCommonDialog
 public:
     explicit cCommonDialog(QWidget *owner = nullptr);
 
-    QString Filter;      // "name|pattern|name|pattern"; holds its converted form after a dialog
-    QString filename;    // in and out: the chosen file with its path
-    QString FileTitle;   // out: the chosen file without its path
+    QString Filter; // "name|pattern|name|pattern"; holds its converted form after a dialog
+    QString filename; // in and out: the chosen file with its path
+    QString FileTitle; // out: the chosen file without its path
     QString DialogTitle;
-    QString DefaultExt;  // the extension that ShowSave appends where missing
-    QString InitDir;     // start folder; the current folder when empty
-    QString Tag;         // free for the caller
+    QString DefaultExt; // the extension that ShowSave appends where missing
+    QString InitDir; // start folder; the current folder when empty
+    QString Tag; // free for the caller
     int FilterIndex = 0; // in and out: the chosen filter pair, from 1
 
     // The chosen path, or an empty text for a cancel.

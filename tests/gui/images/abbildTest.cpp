@@ -26,8 +26,7 @@ namespace {
 
 const QString successMessage = QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!");
 
-template <typename T>
-T *control(QWidget *window, const char *name)
+template <typename T> T *control(QWidget *window, const char *name)
 {
     T *found = window->findChild<T *>(QString::fromLatin1(name));
     EXPECT_NE(found, nullptr) << name;
@@ -109,8 +108,9 @@ TEST_F(AbbildTest, ControlsAtStart)
     EXPECT_FALSE(control<QLineEdit>(dialog, "Text1")->isEnabled());
 
     control<QPushButton>(dialog, "Command2")->click();
-    EXPECT_EQ(m_prompts.messages(), QStringList{QStringLiteral("Geben Sie hier einen Filter ein. Wenn Sie z.B: *.txt "
-                                                               "eingeben, werden nur Text-Dateien gesucht und eingelesen.")});
+    EXPECT_EQ(m_prompts.messages(),
+        QStringList { QStringLiteral("Geben Sie hier einen Filter ein. Wenn Sie z.B: *.txt "
+                                     "eingeben, werden nur Text-Dateien gesucht und eingelesen.") });
 }
 
 TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRow)
@@ -120,7 +120,7 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRow)
     m_catalog.session().listSorted = true;
     open(QStringLiteral("1"));
     capture();
-    EXPECT_EQ(m_prompts.messages(), QStringList{successMessage});
+    EXPECT_EQ(m_prompts.messages(), QStringList { successMessage });
     EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, m_id);
     EXPECT_EQ(m_catalog.store().selectByNumber(3).value.imageId, 0);
     EXPECT_EQ(m_main.refreshes(), 1);
@@ -134,14 +134,15 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRow)
         if (name == QLatin1String("notiz.txt"))
             expected += line("\\notiz.txt|17|01.02.2003\r\n");
         else if (name == QLatin1String("Bilder"))
-            expected += ">" + line("\\Bilder\r\n") + line("\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n");
+            expected
+                += ">" + line("\\Bilder\r\n") + line("\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n");
     }
     EXPECT_EQ(image(), expected + "\r\n") << image().constData();
 }
 
 TEST_F(AbbildTest, ModesTwoAndThreeHandTheIdOver)
 {
-    for (const QString &mode : {QStringLiteral("2"), QStringLiteral("3")}) {
+    for (const QString &mode : { QStringLiteral("2"), QStringLiteral("3") }) {
         open(mode);
         QSignalSpy captured(m_dialog.data(), &abbild::imageCaptured);
         capture();
@@ -165,8 +166,9 @@ TEST_F(AbbildTest, FilterAndEmptyFolders)
     };
     const QByteArray root = ">" + line("\r\n");
     const Case cases[] = {
-        {"only txt, pruned", true, QStringLiteral("*.txt"), true, root + line("\\notiz.txt|17|01.02.2003\r\n\r\n")},
-        {"all files, empty folders kept", false, QStringLiteral("*.txt"), false, {}},
+        { "only txt, pruned", true, QStringLiteral("*.txt"), true,
+            root + line("\\notiz.txt|17|01.02.2003\r\n\r\n") },
+        { "all files, empty folders kept", false, QStringLiteral("*.txt"), false, {} },
     };
     for (const Case &c : cases) {
         open(QStringLiteral("2"));
@@ -202,7 +204,8 @@ TEST_F(AbbildTest, ACancelledCaptureKeepsTheOldImage)
         control<QPushButton>(window, "cmdCancel")->click();
     });
     capture();
-    EXPECT_EQ(m_prompts.messages(), QStringList{QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.")});
+    EXPECT_EQ(m_prompts.messages(),
+        QStringList { QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.") });
     EXPECT_EQ(image(), QByteArray(">x:\r\n\r\n"));
     EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, 0);
     EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("1"));
@@ -217,16 +220,16 @@ TEST_F(AbbildTest, WaitShowsProgressWhileTheCaptureRuns)
         m_tree.file(QStringLiteral("Musik/Album %1/Titel %1.mp3").arg(i), 4000000, 1070000000);
     open(QStringLiteral("2"));
     QPointer<class wait> window;
-    QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(), [this, &window] {
-        window = m_dialog->findChild<class wait *>();
-    });
+    QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(),
+        [this, &window] { window = m_dialog->findChild<class wait *>(); });
     QSignalSpy ended(m_dialog.data(), &abbild::captureEnded);
     control<QPushButton>(m_dialog, "aufnahhme")->click();
     ASSERT_FALSE(window.isNull());
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Bitte warten..."));
     EXPECT_EQ(control<QLabel>(window, "Label1")->text(), QStringLiteral("Bitte warten..."));
-    EXPECT_EQ(control<QLabel>(window, "Label2")->text(), QStringLiteral("Das Datenträger-Abbild wird gerade erstellt..."));
+    EXPECT_EQ(control<QLabel>(window, "Label2")->text(),
+        QStringLiteral("Das Datenträger-Abbild wird gerade erstellt..."));
     EXPECT_TRUE(control<QPushButton>(window, "cmdCancel")->isVisible());
 
     // The window lives until the capture has ended; each new progress line is recorded.
@@ -243,14 +246,14 @@ TEST_F(AbbildTest, WaitShowsProgressWhileTheCaptureRuns)
     EXPECT_EQ(progress.first(), QStringLiteral("Ordner: 0   Dateien: 0   ") + m_drive.letter);
     for (const QString &text : progress)
         EXPECT_TRUE(text.startsWith(QStringLiteral("Ordner: "))) << text.toStdString();
-    EXPECT_EQ(m_prompts.messages(), QStringList{successMessage});
+    EXPECT_EQ(m_prompts.messages(), QStringList { successMessage });
 }
 
 TEST_F(AbbildTest, AFolderBecomesADrive)
 {
     abbild *dialog = open(QStringLiteral("2"));
     const QString folder = m_catalog.scratch(QStringLiteral("Sicherung"));
-    m_prompts.answerFile(Prompts::FileAnswer{folder, 0});
+    m_prompts.answerFile(Prompts::FileAnswer { folder, 0 });
     control<QPushButton>(dialog, "cmdAddFolder")->click();
     auto *drive1 = control<DriveListBox>(dialog, "Drive1");
     const std::optional<Drive> added = DriveTable(m_catalog.settings()).find(drive1->letter());
@@ -259,9 +262,10 @@ TEST_F(AbbildTest, AFolderBecomesADrive)
     EXPECT_EQ(drive1->currentText(), added->listText());
     EXPECT_EQ(m_prompts.shown()[0].file.mode, Prompts::FileRequest::Mode::Folder);
 
-    m_prompts.answerFile(Prompts::FileAnswer{folder + QStringLiteral("/gibt es nicht"), 0});
+    m_prompts.answerFile(Prompts::FileAnswer { folder + QStringLiteral("/gibt es nicht"), 0 });
     control<QPushButton>(dialog, "cmdAddFolder")->click();
     ASSERT_EQ(m_prompts.messages().size(), 1);
-    EXPECT_TRUE(m_prompts.messages()[0].startsWith(QStringLiteral("Der Ordner \""))) << m_prompts.messages()[0].toStdString();
+    EXPECT_TRUE(m_prompts.messages()[0].startsWith(QStringLiteral("Der Ordner \"")))
+        << m_prompts.messages()[0].toStdString();
     EXPECT_EQ(drive1->letter(), added->letter);
 }

@@ -32,15 +32,16 @@
 
 namespace {
 
-const QString limitMessage = QStringLiteral("Fehler: Es können maximal 32000 CDs archiviert werden. Bitte verwenden "
-                                            "Sie eine CD Nummer die in diesem Bereich liegt.");
-const QString takenMessage = QStringLiteral("Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie "
-                                            "eine andere CD Nummer ein, da jede Nummer nur einmal vergeben werden "
-                                            "darf!");
+const QString limitMessage
+    = QStringLiteral("Fehler: Es können maximal 32000 CDs archiviert werden. Bitte verwenden "
+                     "Sie eine CD Nummer die in diesem Bereich liegt.");
+const QString takenMessage
+    = QStringLiteral("Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie "
+                     "eine andere CD Nummer ein, da jede Nummer nur einmal vergeben werden "
+                     "darf!");
 const QString savedMessage = QStringLiteral("CD erfolgreich gespeichert!");
 
-template <typename T>
-T *control(QWidget *window, const char *name)
+template <typename T> T *control(QWidget *window, const char *name)
 {
     T *found = window->findChild<T *>(QString::fromLatin1(name));
     EXPECT_NE(found, nullptr) << name;
@@ -66,7 +67,10 @@ void settle()
 QByteArray gifBytes(int width, int height)
 {
     QByteArray gif("GIF89a");
-    const auto le16 = [&gif](int v) { gif += char(v & 0xff); gif += char((v >> 8) & 0xff); };
+    const auto le16 = [&gif](int v) {
+        gif += char(v & 0xff);
+        gif += char((v >> 8) & 0xff);
+    };
     le16(width);
     le16(height);
     gif += QByteArray("\x80\x00\x00\x00\x00\x00\x1e\x5a\xa0", 9); // two colours: black, the cover's blue
@@ -110,7 +114,7 @@ QByteArray gifBytes(int width, int height)
 QString picture(TempCatalog &catalog, int width, int height, const char *format)
 {
     const QString path = catalog.scratch(QStringLiteral("bilder")) + QStringLiteral("/cover.")
-                         + QString::fromLatin1(format).toLower();
+        + QString::fromLatin1(format).toLower();
     if (qstrcmp(format, "GIF") == 0) {
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -163,11 +167,11 @@ TEST_F(CdEditorTest, NewCdProposesANumberByPosition)
         QString proposal;
     };
     const Case cases[] = {
-        {"empty archive keeps the design value", {}, QStringLiteral("001")},
-        {"next after a run", {1, 2, 3}, QStringLiteral("004")},
-        {"first gap", {1, 3}, QStringLiteral("002")},
-        {"gap at the start is passed over", {5, 7}, QStringLiteral("002")},
-        {"a number in use when 1 is missing", {2, 3}, QStringLiteral("002")},
+        { "empty archive keeps the design value", {}, QStringLiteral("001") },
+        { "next after a run", { 1, 2, 3 }, QStringLiteral("004") },
+        { "first gap", { 1, 3 }, QStringLiteral("002") },
+        { "gap at the start is passed over", { 5, 7 }, QStringLiteral("002") },
+        { "a number in use when 1 is missing", { 2, 3 }, QStringLiteral("002") },
     };
     for (const Case &c : cases) {
         TempCatalog catalog;
@@ -186,10 +190,11 @@ TEST_F(CdEditorTest, CaptionsOfTheTwoDialogs)
     EXPECT_EQ(fresh->objectName(), QStringLiteral("newCD"));
     EXPECT_EQ(fresh->windowTitle(), QStringLiteral("Neue CD Erstellen"));
     EXPECT_EQ(control<QGroupBox>(fresh, "Frame3")->title(),
-              QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"));
+        QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"));
     EXPECT_EQ(control<QLabel>(fresh, "Label1")->text(), QStringLiteral("Titel der neuen  CD:"));
     EXPECT_EQ(control<QPushButton>(fresh, "Command9")->text(), QStringLiteral("Kommentar &hinzufügen "));
-    EXPECT_EQ(control<QToolButton>(fresh, "Command10")->toolTip(), QStringLiteral("Info: Was ist ein Laufwerksabbild?"));
+    EXPECT_EQ(control<QToolButton>(fresh, "Command10")->toolTip(),
+        QStringLiteral("Info: Was ist ein Laufwerksabbild?"));
     EXPECT_FALSE(control<QPushButton>(fresh, "Command1")->isEnabled());
     EXPECT_FALSE(control<QPushButton>(fresh, "Command7")->isVisibleTo(fresh));
     EXPECT_EQ(control<QLabel>(fresh, "Label3")->text(), QStringLiteral("nicht vorhanden!"));
@@ -199,7 +204,7 @@ TEST_F(CdEditorTest, CaptionsOfTheTwoDialogs)
     EXPECT_EQ(change->objectName(), QStringLiteral("changecd"));
     EXPECT_EQ(change->windowTitle(), QStringLiteral("CD bearbeiten"));
     EXPECT_EQ(control<QGroupBox>(change, "Frame3")->title(),
-              QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"));
+        QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"));
     EXPECT_EQ(control<QLabel>(change, "Label1")->text(), QStringLiteral("Titel der neuen  CD:"));
 }
 
@@ -239,10 +244,11 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     EXPECT_TRUE(control<QPushButton>(editor, "Command1")->isEnabled());
     QApplication::clipboard()->setText(QStringLiteral("Excel 2000\r\n\r\nTreiber für Drucker\r\n"));
     control<QPushButton>(editor, "Command11")->click();
-    EXPECT_EQ(lines(list2), (QStringList{QStringLiteral("Word"), QStringLiteral("Excel 2000"),
-                                         QStringLiteral("Treiber für Drucker")}));
+    EXPECT_EQ(lines(list2),
+        (QStringList {
+            QStringLiteral("Word"), QStringLiteral("Excel 2000"), QStringLiteral("Treiber für Drucker") }));
 
-    m_prompts.answerFile(Prompts::FileAnswer{coverPath, 0});
+    m_prompts.answerFile(Prompts::FileAnswer { coverPath, 0 });
     control<QPushButton>(editor, "Command4")->click();
     EXPECT_EQ(control<QLabel>(editor, "Label10")->text(), QStringLiteral("Vorhanden"));
     EXPECT_EQ(control<QPushButton>(editor, "Command4")->text(), QStringLiteral("CD Cover Bild ändern"));
@@ -261,12 +267,13 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     QSignalSpy ended(capture, &abbild::captureEnded);
     control<QPushButton>(capture, "aufnahhme")->click();
     ASSERT_TRUE(ended.wait(20000));
-    EXPECT_EQ(control<QLabel>(editor, "Label3")->text(), QStringLiteral("Vorhanden! ID: ") + QString::number(id));
+    EXPECT_EQ(
+        control<QLabel>(editor, "Label3")->text(), QStringLiteral("Vorhanden! ID: ") + QString::number(id));
 
     screenshot(editor, QStringLiteral("newCD"));
     control<QPushButton>(editor, "Command3")->click();
     EXPECT_EQ(m_prompts.messages(),
-              (QStringList{QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!"), savedMessage}));
+        (QStringList { QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!"), savedMessage }));
 
     const auto row = m_catalog.store().selectByNumber(7);
     ASSERT_TRUE(row.ok()) << row.error.message.toStdString();
@@ -308,11 +315,13 @@ TEST_F(CdEditorTest, NewCdWithoutCommentsSavesTheBareFrame)
 
 TEST_F(CdEditorTest, ChangeCdOpensWithTheSelectedRowAndKeepsItsNumber)
 {
-    m_catalog.archive().row(CdRow{5, QStringLiteral("Fünf"), 77, QStringLiteral("Sta1|a|b|End1"), true, QStringLiteral("0")});
+    m_catalog.archive().row(
+        CdRow { 5, QStringLiteral("Fünf"), 77, QStringLiteral("Sta1|a|b|End1"), true, QStringLiteral("0") });
     CdEditor *editor = openChange(5);
     EXPECT_EQ(control<QLineEdit>(editor, "Text1")->text(), QStringLiteral("Fünf"));
     EXPECT_EQ(control<QLineEdit>(editor, "Text2")->text(), QStringLiteral("5"));
-    EXPECT_EQ(lines(control<QListWidget>(editor, "List2")), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(lines(control<QListWidget>(editor, "List2")),
+        (QStringList { QStringLiteral("a"), QStringLiteral("b") }));
     EXPECT_TRUE(control<QPushButton>(editor, "Command1")->isEnabled());
     EXPECT_EQ(control<QLabel>(editor, "Label3")->text(), QStringLiteral("Vorhanden! ID: 77"));
     EXPECT_EQ(control<QLabel>(editor, "Label10")->text(), QStringLiteral("Nicht vorhanden!"));
@@ -323,11 +332,12 @@ TEST_F(CdEditorTest, ChangeCdOpensWithTheSelectedRowAndKeepsItsNumber)
     control<QLineEdit>(editor, "Text4")->setText(QStringLiteral("c|d"));
     control<QPushButton>(editor, "Command9")->click();
     control<QPushButton>(editor, "Command3")->click();
-    EXPECT_EQ(m_prompts.messages(), QStringList{savedMessage});
+    EXPECT_EQ(m_prompts.messages(), QStringList { savedMessage });
     const auto row = m_catalog.store().selectByNumber(5);
     ASSERT_TRUE(row.ok());
-    EXPECT_EQ(row.value, (CdRow{5, QStringLiteral("Fünf neu"), 77, QStringLiteral("Sta1|a|b|c|d|End1"), false,
-                                QStringLiteral("0")}));
+    EXPECT_EQ(row.value,
+        (CdRow { 5, QStringLiteral("Fünf neu"), 77, QStringLiteral("Sta1|a|b|c|d|End1"), false,
+            QStringLiteral("0") }));
     settle();
 
     // A comment with a bar comes back as two.
@@ -344,14 +354,14 @@ TEST_F(CdEditorTest, ChangeCdWithoutCommentsWritesAnEmptyOne)
     EXPECT_EQ(m_catalog.store().selectByNumber(2).value.comments, QStringLiteral("Sta1||End1"));
     settle();
     CdEditor *again = openChange(2);
-    EXPECT_EQ(lines(control<QListWidget>(again, "List2")), QStringList{QString()});
+    EXPECT_EQ(lines(control<QListWidget>(again, "List2")), QStringList { QString() });
 }
 
 TEST_F(CdEditorTest, ChangeCdStoresTheCoverAnewAtEverySave)
 {
     m_catalog.archive().cd(4, QStringLiteral("Vier"));
     CdEditor *editor = openChange(4);
-    m_prompts.answerFile(Prompts::FileAnswer{picture(m_catalog, 100, 50, "BMP"), 0});
+    m_prompts.answerFile(Prompts::FileAnswer { picture(m_catalog, 100, 50, "BMP"), 0 });
     control<QPushButton>(editor, "Command4")->click();
     EXPECT_FALSE(control<QPushButton>(editor, "Command7")->isVisibleTo(editor)); // no viewer here
     control<QPushButton>(editor, "Command3")->click();
@@ -391,19 +401,21 @@ TEST_F(CdEditorTest, SavingChecksTheNumber)
     };
     const QString longTitle(51, u'x');
     const Case refused[] = {
-        {"new: above the limit", 0, QStringLiteral("32001"), QStringLiteral("X"), limitMessage},
-        {"new: far above the limit", 0, QStringLiteral("99999999999"), QStringLiteral("X"), limitMessage},
-        {"new: zero counts as taken", 0, QStringLiteral("0"), QStringLiteral("X"), takenMessage},
-        {"new: zeros count as taken", 0, QStringLiteral("000"), QStringLiteral("X"), takenMessage},
-        {"new: a number in use", 0, QStringLiteral("5"), QStringLiteral("X"), takenMessage},
-        {"new: in use with leading zeros", 0, QStringLiteral("005"), QStringLiteral("X"), takenMessage},
-        {"new: no number", 0, QString(), QStringLiteral("X"), QStringLiteral("Bitte geben Sie eine CD Nummer ein.")},
-        {"new: title too long", 0, QStringLiteral("9"), longTitle,
-         QStringLiteral("Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben.")},
-        {"change: another's number", 1, QStringLiteral("5"), QStringLiteral("X"), takenMessage},
-        {"change: above the limit", 1, QStringLiteral("32001"), QStringLiteral("X"), limitMessage},
-        {"change: zero", 1, QStringLiteral("0"), QStringLiteral("X"), takenMessage},
-        {"change: no number", 1, QString(), QStringLiteral("X"), QStringLiteral("Bitte geben Sie eine CD Nummer ein.")},
+        { "new: above the limit", 0, QStringLiteral("32001"), QStringLiteral("X"), limitMessage },
+        { "new: far above the limit", 0, QStringLiteral("99999999999"), QStringLiteral("X"), limitMessage },
+        { "new: zero counts as taken", 0, QStringLiteral("0"), QStringLiteral("X"), takenMessage },
+        { "new: zeros count as taken", 0, QStringLiteral("000"), QStringLiteral("X"), takenMessage },
+        { "new: a number in use", 0, QStringLiteral("5"), QStringLiteral("X"), takenMessage },
+        { "new: in use with leading zeros", 0, QStringLiteral("005"), QStringLiteral("X"), takenMessage },
+        { "new: no number", 0, QString(), QStringLiteral("X"),
+            QStringLiteral("Bitte geben Sie eine CD Nummer ein.") },
+        { "new: title too long", 0, QStringLiteral("9"), longTitle,
+            QStringLiteral("Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben.") },
+        { "change: another's number", 1, QStringLiteral("5"), QStringLiteral("X"), takenMessage },
+        { "change: above the limit", 1, QStringLiteral("32001"), QStringLiteral("X"), limitMessage },
+        { "change: zero", 1, QStringLiteral("0"), QStringLiteral("X"), takenMessage },
+        { "change: no number", 1, QString(), QStringLiteral("X"),
+            QStringLiteral("Bitte geben Sie eine CD Nummer ein.") },
     };
     m_catalog.archive().cd(1, QStringLiteral("Eins")).cd(5, QStringLiteral("Fünf"));
     for (const Case &c : refused) {
@@ -435,11 +447,11 @@ TEST_F(CdEditorTest, SavingAcceptsTheseNumbers)
         int stored;
     };
     const Case accepted[] = {
-        {"new: the limit itself", 0, QStringLiteral("32000"), 32000},
-        {"new: leading zeros vanish", 0, QStringLiteral("007"), 7},
-        {"change: its own number", 1, QStringLiteral("1"), 1},
-        {"change: its own number with zeros", 1, QStringLiteral("001"), 1},
-        {"change: a free number moves the row", 1, QStringLiteral("12"), 12},
+        { "new: the limit itself", 0, QStringLiteral("32000"), 32000 },
+        { "new: leading zeros vanish", 0, QStringLiteral("007"), 7 },
+        { "change: its own number", 1, QStringLiteral("1"), 1 },
+        { "change: its own number with zeros", 1, QStringLiteral("001"), 1 },
+        { "change: a free number moves the row", 1, QStringLiteral("12"), 12 },
     };
     for (const Case &c : accepted) {
         TempCatalog catalog;
@@ -447,13 +459,14 @@ TEST_F(CdEditorTest, SavingAcceptsTheseNumbers)
         MainWindowStandIn main;
         main.select(c.changing);
         PromptScript prompts;
-        CdEditor *editor = c.changing ? static_cast<CdEditor *>(new changecd(catalog.session(), catalog.settings(), main.link()))
-                                      : new newCD(catalog.session(), catalog.settings(), main.link());
+        CdEditor *editor = c.changing
+            ? static_cast<CdEditor *>(new changecd(catalog.session(), catalog.settings(), main.link()))
+            : new newCD(catalog.session(), catalog.settings(), main.link());
         QPointer<CdEditor> alive(editor);
         control<QLineEdit>(editor, "Text1")->setText(QStringLiteral("Neu"));
         control<QLineEdit>(editor, "Text2")->setText(c.number);
         control<QPushButton>(editor, "Command3")->click();
-        EXPECT_EQ(prompts.messages(), QStringList{savedMessage}) << c.why;
+        EXPECT_EQ(prompts.messages(), QStringList { savedMessage }) << c.why;
         EXPECT_EQ(catalog.store().selectByNumber(c.stored).value.name, QStringLiteral("Neu")) << c.why;
         if (c.changing && c.stored != c.changing) {
             EXPECT_FALSE(catalog.store().selectByNumber(c.changing).ok()) << c.why;
@@ -472,7 +485,7 @@ TEST_F(CdEditorTest, ChangeCdSavesIntoTheRowSelectedAtSaving)
     m_main.select(5);
     control<QLineEdit>(editor, "Text2")->setText(QStringLiteral("5"));
     control<QPushButton>(editor, "Command3")->click();
-    EXPECT_EQ(m_prompts.messages(), QStringList{savedMessage});
+    EXPECT_EQ(m_prompts.messages(), QStringList { savedMessage });
     EXPECT_EQ(m_catalog.store().selectByNumber(5).value.name, QStringLiteral("Eins"));
     EXPECT_EQ(m_catalog.store().selectByNumber(1).value.name, QStringLiteral("Eins"));
 }
@@ -511,7 +524,7 @@ TEST_F(CdEditorTest, CommentButtons)
     EXPECT_EQ(list2->count(), 0);
     EXPECT_FALSE(command1->isEnabled());
 
-    for (const char *comment : {"eins", "zwei", "drei"}) {
+    for (const char *comment : { "eins", "zwei", "drei" }) {
         text4->setText(QString::fromLatin1(comment));
         control<QPushButton>(editor, "Command9")->click();
     }
@@ -529,7 +542,8 @@ TEST_F(CdEditorTest, CommentButtons)
     command8->click();
     command8->click();
     command8->click();
-    EXPECT_EQ(lines(list2), (QStringList{QStringLiteral("eins"), QStringLiteral("zwei neu"), QStringLiteral("drei")}));
+    EXPECT_EQ(lines(list2),
+        (QStringList { QStringLiteral("eins"), QStringLiteral("zwei neu"), QStringLiteral("drei") }));
     ASSERT_EQ(m_prompts.shown().size(), 3u);
     EXPECT_EQ(m_prompts.shown()[0].text, QStringLiteral("Kommentar bearbeiten"));
     EXPECT_EQ(m_prompts.shown()[0].title, QStringLiteral("Komentar bearbeiten"));
@@ -540,10 +554,10 @@ TEST_F(CdEditorTest, CommentButtons)
     EXPECT_EQ(m_prompts.shown().size(), 3u);
 
     command1->click();
-    EXPECT_EQ(lines(list2), (QStringList{QStringLiteral("eins"), QStringLiteral("drei")}));
+    EXPECT_EQ(lines(list2), (QStringList { QStringLiteral("eins"), QStringLiteral("drei") }));
     command1->click(); // the deletion left nothing selected
     EXPECT_EQ(list2->count(), 2);
-    for (int row : {1, 0}) {
+    for (int row : { 1, 0 }) {
         list2->setCurrentRow(row);
         command1->click();
     }
@@ -558,7 +572,7 @@ TEST_F(CdEditorTest, ChangeCdEditsOnDoubleClick)
     auto *list2 = control<QListWidget>(editor, "List2");
     m_prompts.answerInput(QStringLiteral("neu"));
     emit list2->itemDoubleClicked(list2->item(0));
-    EXPECT_EQ(lines(list2), QStringList{QStringLiteral("neu")});
+    EXPECT_EQ(lines(list2), QStringList { QStringLiteral("neu") });
 }
 
 TEST_F(CdEditorTest, ImageInfoText)
@@ -569,11 +583,13 @@ TEST_F(CdEditorTest, ImageInfoText)
     const PromptScript::Shown &shown = m_prompts.shown()[0];
     EXPECT_EQ(shown.title, QStringLiteral("Info: Laufwerksabbild / Abbild der Laufwerksstruktur"));
     EXPECT_EQ(shown.icon, Prompts::Icon::Information);
-    EXPECT_TRUE(shown.text.startsWith(QStringLiteral("Hier können Sie die komplette Dateien und Ordnerstruktur Ihres "
-                                                     "Datenträgers(CD, Festplatte, ...) einlesen")));
+    EXPECT_TRUE(
+        shown.text.startsWith(QStringLiteral("Hier können Sie die komplette Dateien und Ordnerstruktur Ihres "
+                                             "Datenträgers(CD, Festplatte, ...) einlesen")));
     EXPECT_TRUE(shown.text.contains(QStringLiteral("Datenstruktur erstellt.\r\n\r\nDies dient dazu")));
-    EXPECT_TRUE(shown.text.endsWith(QStringLiteral("Sehr nützlich ist dies z.b. auch zum Archivieren von MP3s, "
-                                                   "Dokumenten, etc.")));
+    EXPECT_TRUE(
+        shown.text.endsWith(QStringLiteral("Sehr nützlich ist dies z.b. auch zum Archivieren von MP3s, "
+                                           "Dokumenten, etc.")));
 }
 
 TEST_F(CdEditorTest, AFileThatIsNoPicture)
@@ -585,16 +601,18 @@ TEST_F(CdEditorTest, AFileThatIsNoPicture)
     file.close();
     m_catalog.archive().cd(3, QStringLiteral("Drei"));
 
-    for (int changing : {0, 3}) {
+    for (int changing : { 0, 3 }) {
         m_prompts.clear();
         CdEditor *editor = changing ? openChange(changing) : openNew();
-        m_prompts.answerFile(Prompts::FileAnswer{bad, 0});
+        m_prompts.answerFile(Prompts::FileAnswer { bad, 0 });
         control<QPushButton>(editor, "Command4")->click();
         ASSERT_EQ(m_prompts.messages().size(), 1);
-        EXPECT_EQ(m_prompts.messages()[0], changing ? QStringLiteral("Laufzeitfehler '481':\n\nUngültiges Bild")
-                                                    : QStringLiteral("Ungültiges Bild!"));
+        EXPECT_EQ(m_prompts.messages()[0],
+            changing ? QStringLiteral("Laufzeitfehler '481':\n\nUngültiges Bild")
+                     : QStringLiteral("Ungültiges Bild!"));
         EXPECT_EQ(control<QLabel>(editor, "Label10")->text(), QStringLiteral("Nicht vorhanden!"));
-        EXPECT_EQ(control<QPushButton>(editor, "Command4")->text(), QStringLiteral("CD Cover Bild hinzufügen"));
+        EXPECT_EQ(
+            control<QPushButton>(editor, "Command4")->text(), QStringLiteral("CD Cover Bild hinzufügen"));
         const auto &request = m_prompts.shown()[0].file;
         ASSERT_EQ(request.nameFilters.size(), 1);
         EXPECT_TRUE(request.nameFilters[0].startsWith(QStringLiteral("Bilddateien (")));
@@ -604,18 +622,19 @@ TEST_F(CdEditorTest, AFileThatIsNoPicture)
 
 TEST_F(CdEditorTest, CoverFormatsTheLoaderReads)
 {
-    for (const char *format : {"JPG", "GIF", "BMP", "TIFF"}) {
+    for (const char *format : { "JPG", "GIF", "BMP", "TIFF" }) {
         TempCatalog catalog;
         MainWindowStandIn main;
         PromptScript prompts;
         newCD editor(catalog.session(), catalog.settings(), main.link());
-        prompts.answerFile(Prompts::FileAnswer{picture(catalog, 100, 400, format), 0});
+        prompts.answerFile(Prompts::FileAnswer { picture(catalog, 100, 400, format), 0 });
         control<QPushButton>(&editor, "Command4")->click();
         EXPECT_TRUE(prompts.messages().isEmpty()) << format;
         EXPECT_EQ(control<QLabel>(&editor, "Label10")->text(), QStringLiteral("Vorhanden")) << format;
         control<QPushButton>(&editor, "Command3")->click();
         const QString number = catalog.store().selectByNumber(1).value.cover;
-        EXPECT_EQ(QImage(datapaths::coverFile(catalog.dataFolder(), number)).size(), QSize(75, 300)) << format;
+        EXPECT_EQ(QImage(datapaths::coverFile(catalog.dataFolder(), number)).size(), QSize(75, 300))
+            << format;
     }
 }
 
@@ -633,7 +652,8 @@ TEST_F(CdEditorTest, EnteridWithZeroChangesNothing)
 
 TEST_F(CdEditorTest, CancelSavesNothingAndShowsTheMainWindow)
 {
-    m_catalog.archive().row(CdRow{2, QStringLiteral("Zwei"), 5, QStringLiteral("Sta1|End1"), true, QStringLiteral("0")});
+    m_catalog.archive().row(
+        CdRow { 2, QStringLiteral("Zwei"), 5, QStringLiteral("Sta1|End1"), true, QStringLiteral("0") });
     CdEditor *editor = openChange(2);
     editor->enterid(99);
     control<QLineEdit>(editor, "Text1")->setText(QStringLiteral("anders"));
@@ -642,6 +662,6 @@ TEST_F(CdEditorTest, CancelSavesNothingAndShowsTheMainWindow)
     EXPECT_TRUE(m_open.isNull());
     EXPECT_TRUE(m_main.window().isVisible());
     EXPECT_EQ(m_catalog.store().selectByNumber(2).value,
-              (CdRow{2, QStringLiteral("Zwei"), 5, QStringLiteral("Sta1|End1"), true, QStringLiteral("0")}));
+        (CdRow { 2, QStringLiteral("Zwei"), 5, QStringLiteral("Sta1|End1"), true, QStringLiteral("0") }));
     EXPECT_EQ(m_main.refreshes(), 0);
 }

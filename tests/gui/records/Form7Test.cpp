@@ -99,5 +99,6 @@ TEST_F(Form7Test, AStoredDriveThatIsGoneIsReported)
     m_catalog.settings().setValue(SettingKey::DefDrive, QStringLiteral("y: [WEG]"));
     answerForm7({}, "Command2");
     m_command6->click();
-    EXPECT_EQ(m_prompts.messages(), QStringList{QStringLiteral("Laufzeitfehler '68':\n\nGerät nicht verfügbar")});
+    EXPECT_EQ(m_prompts.messages(),
+        QStringList { QStringLiteral("Laufzeitfehler '68':\n\nGerät nicht verfügbar") });
 }

@@ -1,12 +1,12 @@
-#include "common/PromptScript.h"
 #include "screen/cCommonDialog.h"
+#include "common/PromptScript.h"
 
 #include <gtest/gtest.h>
 
 TEST(cCommonDialog, OpenHandsTheFilterAndStartFolderToTheDialog)
 {
     PromptScript script;
-    script.answerFile(Prompts::FileAnswer{QStringLiteral("/bilder/haus.JPG"), 0});
+    script.answerFile(Prompts::FileAnswer { QStringLiteral("/bilder/haus.JPG"), 0 });
     cCommonDialog dialog;
     dialog.Filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif");
     EXPECT_EQ(dialog.ShowOpen(QStringLiteral("/bilder")), QStringLiteral("/bilder/haus.JPG"));
@@ -37,7 +37,7 @@ TEST(cCommonDialog, CancelledOpenEmptiesTheName)
 TEST(cCommonDialog, SaveCancelledAfterASuccessLeavesTheExtension)
 {
     PromptScript script;
-    script.answerFile(Prompts::FileAnswer{QStringLiteral("/sich/archiv"), 0});
+    script.answerFile(Prompts::FileAnswer { QStringLiteral("/sich/archiv"), 0 });
     script.answerFile(std::nullopt);
     cCommonDialog dialog;
     dialog.Filter = QStringLiteral("Backup|*.bup");
