@@ -55,6 +55,29 @@ Target targetOf(const CliContext &context)
     return { ArchiveStore(path), data.dataFolder(), {} };
 }
 
+// The CD a verb names, read from the call's archive, or the exit code of the refusal.
+struct NamedCd
+{
+    Target target;
+    CdRow row;
+    int refusal = ExitOk;
+};
+
+NamedCd readNamedCd(const CliContext &context, int32_t number)
+{
+    NamedCd named{ targetOf(context), {}, ExitOk };
+    if (!named.target.store) {
+        named.refusal = refuse(named.target.problem);
+        return named;
+    }
+    auto found = named.target.store->selectByNumber(number);
+    if (!found.ok())
+        named.refusal = refuse(found.error.message);
+    else
+        named.row = std::move(found.value);
+    return named;
+}
+
 // Applies --image and --cover to a draft; the German reason when one of them is refused.
 QString applyImageAndCover(const CliOptions &options, CdDraft &draft)
 {
@@ -126,14 +149,11 @@ int editCd(CliContext &context)
     const std::optional<int32_t> number = parseInt32(options.plainWords().value(0));
     if (!options.ok() || options.plainWords().size() != 1 || !number)
         return usageError(kUsage);
-    const Target target = targetOf(context);
-    if (!target.store)
-        return refuse(target.problem);
-    const auto found = target.store->selectByNumber(*number);
-    if (!found.ok())
-        return refuse(found.error.message);
-    const CdRow &row = found.value;
-    const CoverStore covers(target.dataFolder);
+    const NamedCd named = readNamedCd(context, *number);
+    if (named.refusal != ExitOk)
+        return named.refusal;
+    const CdRow &row = named.row;
+    const CoverStore covers(named.target.dataFolder);
 
     // Options not given keep the row's values, as the editor shows them.
     CdDraft draft;
@@ -149,7 +169,7 @@ int editCd(CliContext &context)
     }
     if (const QString refused = applyImageAndCover(options, draft); !refused.isEmpty())
         return refuse(refused);
-    return report(CdSaver(*target.store, covers).saveChangedCd(row.number, draft));
+    return report(CdSaver(*named.target.store, covers).saveChangedCd(row.number, draft));
 }
 
 int showCd(CliContext &context)
@@ -157,13 +177,10 @@ int showCd(CliContext &context)
     const std::optional<int32_t> number = parseInt32(context.words.value(1));
     if (context.words.size() != 2 || !number)
         return usageError(kUsage);
-    const Target target = targetOf(context);
-    if (!target.store)
-        return refuse(target.problem);
-    const auto found = target.store->selectByNumber(*number);
-    if (!found.ok())
-        return refuse(found.error.message);
-    const CdRow &row = found.value;
+    const NamedCd named = readNamedCd(context, *number);
+    if (named.refusal != ExitOk)
+        return named.refusal;
+    const CdRow &row = named.row;
     printLine(QStringLiteral("Nummer: ") + QString::number(row.number));
     printLine(QStringLiteral("Titel: ") + row.name);
     printLine(QStringLiteral("Abbild-ID: ") + QString::number(row.imageId));

@@ -8,14 +8,6 @@
 
 namespace {
 
-QStringList args(std::initializer_list<const char *> words)
-{
-    QStringList list;
-    for (const char *word : words)
-        list.append(QString::fromUtf8(word));
-    return list;
-}
-
 class ArchiveCommandsTest : public ::testing::Test
 {
 protected:

@@ -10,14 +10,6 @@
 
 namespace {
 
-QStringList args(std::initializer_list<const char *> words)
-{
-    QStringList list;
-    for (const char *word : words)
-        list.append(QString::fromUtf8(word));
-    return list;
-}
-
 // An archive "Musik" that is the default, in the runner's data folder.
 class CdCommandsTest : public ::testing::Test
 {

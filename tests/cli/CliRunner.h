@@ -10,6 +10,15 @@
 
 #include <map>
 
+// The words of a call, written as plain UTF-8 literals.
+inline QStringList args(std::initializer_list<const char *> words)
+{
+    QStringList list;
+    for (const char *word : words)
+        list.append(QString::fromUtf8(word));
+    return list;
+}
+
 // What one run of the command line gave back.
 struct CliRun
 {

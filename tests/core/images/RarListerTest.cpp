@@ -1,5 +1,6 @@
 #include "images/ArchiveListing.h"
 
+#include "ListingExpectations.h"
 #include "TestPaths.h"
 
 #include <QDir>
@@ -18,18 +19,6 @@ std::string fixture(const std::string &name)
 {
     return QFile::encodeName(fixturePath(QStringLiteral("rar/") + QString::fromStdString(name)))
         .toStdString();
-}
-
-void expectRows(const ArchiveListing &listing, const std::vector<ArchiveEntry> &expected)
-{
-    EXPECT_TRUE(listing.error.isEmpty()) << listing.error.toStdString();
-    ASSERT_EQ(listing.rows.size(), expected.size());
-    for (size_t i = 0; i < expected.size(); ++i) {
-        SCOPED_TRACE("row " + std::to_string(i));
-        EXPECT_EQ(listing.rows[i].name, expected[i].name);
-        EXPECT_EQ(listing.rows[i].size, expected[i].size);
-        EXPECT_EQ(listing.rows[i].date, expected[i].date);
-    }
 }
 
 struct Case

@@ -1,5 +1,6 @@
 #include "images/ArchiveListing.h"
 
+#include "ListingExpectations.h"
 #include "TestPaths.h"
 
 #include <QFile>
@@ -21,18 +22,6 @@ std::vector<ArchiveEntry> withEndRow(std::vector<ArchiveEntry> rows)
 {
     rows.emplace_back();
     return rows;
-}
-
-void expectRows(const ArchiveListing &listing, const std::vector<ArchiveEntry> &expected)
-{
-    EXPECT_TRUE(listing.error.isEmpty()) << listing.error.toStdString();
-    ASSERT_EQ(listing.rows.size(), expected.size());
-    for (size_t i = 0; i < expected.size(); ++i) {
-        SCOPED_TRACE("row " + std::to_string(i));
-        EXPECT_EQ(listing.rows[i].name, expected[i].name);
-        EXPECT_EQ(listing.rows[i].size, expected[i].size);
-        EXPECT_EQ(listing.rows[i].date, expected[i].date);
-    }
 }
 
 // A ZIP written byte by byte, for what the fixtures do not hold: local headers only, since
