@@ -98,7 +98,7 @@ Hauptfenster::Hauptfenster(Program &program)
     // The tree's pane may get narrow: its print button then goes (see splitterStep), and the
     // buttons under the tree don't hold the pane open.
     m_ui->Frame5->setMinimumWidth(twipsToPixels(600));
-    m_ui->Command7->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_ui->Command7->setMinimumWidth(1);
     m_ui->Splitter1->installEventFilter(this);
     connect(m_ui->Splitter1, &QSplitter::splitterMoved, this, &Hauptfenster::splitterStep);
     setMinimumWidth(twipsToPixels(kResizeWidthFloor));
@@ -172,6 +172,8 @@ void Hauptfenster::buildTabs()
         const int index = bar->addTab(QString::fromUtf8(tab.caption));
         bar->setTabToolTip(index, QString::fromUtf8(tab.tip));
     }
+    // Tabs added before the window is shown don't tell the layout their height by themselves.
+    bar->updateGeometry();
     connect(bar, &QTabBar::currentChanged, this, &Hauptfenster::TabStrip1_Click);
 }
 

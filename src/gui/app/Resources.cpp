@@ -1,6 +1,7 @@
 #include "Resources.h"
 
 #include <QIcon>
+#include <QStandardPaths>
 #include <QtGlobal>
 
 // Outside any namespace, as the resource initialiser requires.
@@ -16,7 +17,14 @@ void init()
     static const bool done = [] {
         initSilberbuchResources();
         // Without a desktop theme the toolbar and file pictures come from the one installed
-        // with the program's packages.
+        // with the program's packages, found in the usual data folders.
+        QStringList searchPaths = QIcon::themeSearchPaths();
+        for (const QString &folder :
+             QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                       QStandardPaths::LocateDirectory))
+            if (!searchPaths.contains(folder))
+                searchPaths << folder;
+        QIcon::setThemeSearchPaths(searchPaths);
         if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor"))
             QIcon::setThemeName(QStringLiteral("Adwaita"));
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));

@@ -107,7 +107,11 @@ bool CdDetailView::showCover(const QString &cover)
         Prompts::runtimeError(m_ui.List2->window(), 481, QStringLiteral("Ungültiges Bild"));
         return false;
     }
-    m_ui.Picture2->setPixmap(pixmap);
+    // A cover larger than the box is shown whole, scaled down.
+    const QSize box = m_ui.Picture2->size();
+    m_ui.Picture2->setPixmap(pixmap.width() > box.width() || pixmap.height() > box.height()
+                                 ? pixmap.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                                 : pixmap);
     return true;
 }
 

@@ -144,7 +144,7 @@ TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
     };
     const Case cases[] = {
         {"fresh profile", nullptr, nullptr, nullptr, QSize(816, 505), nullptr, "fr_1"},
-        {"narrow width is raised and rewritten", "9000", "7000", "3", QSize(707, 467), "10600", "fr_3"},
+        {"narrow width is raised and rewritten", "9000", "8000", "3", QSize(707, 533), "10600", "fr_3"},
         {"wide window", "15000", "9000", "2", QSize(1000, 600), "15000", "fr_2"},
     };
     for (const Case &c : cases) {
@@ -162,6 +162,16 @@ TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
             EXPECT_EQ(m.run.settings().value(SettingKey::Breite), QString::fromLatin1(c.storedBreite)) << c.name;
         }
     }
+}
+
+TEST(Hauptfenster, LowHeightHasNoFloorInTheSettings)
+{
+    MainRun m;
+    m.run.settings().setValue(SettingKey::Hoehe, QStringLiteral("100"));
+    Hauptfenster *main = m.show();
+    // The window is as low as its contents allow; the stored value is not rewritten.
+    EXPECT_LT(main->height(), 505);
+    EXPECT_EQ(m.run.settings().value(SettingKey::Hoehe), QStringLiteral("100"));
 }
 
 TEST(Hauptfenster, UnloadStoresTheLayout)
