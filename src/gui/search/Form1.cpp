@@ -8,6 +8,8 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+
 Form1::Form1(SearchWindows &windows, std::vector<QString> foundCdNumbers, QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
     , m_windows(windows)
@@ -16,7 +18,9 @@ Form1::Form1(SearchWindows &windows, std::vector<QString> foundCdNumbers, QWidge
 {
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    // The count stands in the gap that its label leaves for it.
+    // The sentence keeps its length in any font, and the count stands in the gap it leaves.
+    m_ui->Label3->resize(std::max(m_ui->Label3->width(), m_ui->Label3->sizeHint().width()), m_ui->Label3->height());
+    resize(std::max(width(), m_ui->Label3->geometry().right() + m_ui->Label3->x()), height());
     const int gapStart = m_ui->Label3->fontMetrics().horizontalAdvance(QStringLiteral("Es wurden insgesammt "));
     const int gapWidth = m_ui->Label3->fontMetrics().horizontalAdvance(QStringLiteral("           "));
     m_ui->Label2->setGeometry(m_ui->Label3->x() + gapStart, m_ui->Label3->y(), gapWidth, m_ui->Label3->height());

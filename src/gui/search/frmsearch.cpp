@@ -14,6 +14,7 @@
 #include "search/FileSearch.h"
 #include "search/SearchMessages.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -60,7 +61,8 @@ frmsearch::frmsearch(SearchWindows &windows, QWidget *parent)
         m_ui->Option2->setChecked(true);
         m_ui->Option1->setEnabled(false);
     }
-    resize(twipsToPixels(4260), height());
+    const int width = twipsToPixels(4260);
+    resize(width, std::max(height(), heightForWidth(width)));
 
     connect(m_ui->Command1, &QPushButton::clicked, this, &frmsearch::Command1_Click);
     connect(m_ui->Command2, &QPushButton::clicked, this, &QWidget::close);

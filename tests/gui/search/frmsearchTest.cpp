@@ -126,36 +126,37 @@ TEST_F(frmsearchTest, OneCdSearchesThePathsOfTheCdOnDisplay)
     EXPECT_EQ(m_windows->searchWindow(), dialog); // stays open behind the list
 }
 
-// Sizes and dates are no part of what one CD's search looks at.
-TEST_F(frmsearchTest, OneCdDoesNotFindByDate)
-{
-    selectCd(1);
-    frmsearch *dialog = openSearch();
-    ASSERT_TRUE(search(dialog, QStringLiteral("19.01"), QStringLiteral("Option1"), QStringLiteral("Option3")));
-    expectOneMessage(QStringLiteral("Keine CD mit dem Inhalt 19.01 gefunden!"), Icon::Information);
-    EXPECT_TRUE(m_session.lastResults.empty());
-}
-
-TEST_F(frmsearchTest, ExplicitSearchMustCoverTheWholePathAndItsBar)
+// The options decide what is searched: one CD looks at the paths only and heeds "Explizite
+// Suche"; all CDs look at whole lines, folders, sizes and dates included, and ignore it.
+TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
 {
     const struct
     {
+        const char *name;
         const char *word;
+        const char *where;
+        bool explicitMatch;
         std::vector<QString> files;
     } cases[] = {
-        {"word.exe", {}},
-        {"d:\\setup\\word.exe|", {QStringLiteral("d:\\Setup\\Word.exe")}},
-        {"*\\WORD.EXE|", {QStringLiteral("d:\\Setup\\Word.exe")}},
+        {"oneCdNotByDate", "19.01", "Option1", false, {}},
+        {"oneCdExplicitNeedsWholePath", "word.exe", "Option1", true, {}},
+        {"oneCdExplicitWithPattern", "*\\WORD.EXE|", "Option1", true, {QStringLiteral("d:\\Setup\\Word.exe")}},
+        {"allCdsByDate", "19.01", "Option2", false, {QStringLiteral("d:\\Setup\\start.exe")}},
+        {"allCdsIgnoreExplicit", "word.exe", "Option2", true, {QStringLiteral("d:\\Setup\\Word.exe")}},
+        {"allCdsFindFolders", "bilder\\alt", "Option2", false,
+         {QStringLiteral(">e:\\Bilder\\alt.zip"), QStringLiteral("e:\\Bilder\\alt.zip\\2001/haus.jpg"),
+          QStringLiteral("e:\\Bilder\\alt.zip\\")}},
     };
     selectCd(1);
     frmsearch *dialog = openSearch();
     for (const auto &c : cases) {
         m_prompts.clear();
         m_session.lastResults.clear();
-        ASSERT_TRUE(search(dialog, QString::fromLatin1(c.word), QStringLiteral("Option1"), QStringLiteral("Option3"),
-                           true));
-        EXPECT_EQ(resultFiles(), c.files) << c.word;
-        EXPECT_EQ(m_prompts.shown().size(), c.files.empty() ? 1u : 0u) << c.word;
+        ASSERT_TRUE(search(dialog, QString::fromLatin1(c.word), QString::fromLatin1(c.where), QStringLiteral("Option3"),
+                           c.explicitMatch))
+            << c.name;
+        EXPECT_EQ(resultFiles(), c.files) << c.name;
+        EXPECT_EQ(m_prompts.shown().size(), c.files.empty() ? 1u : 0u) << c.name;
     }
 }
 
@@ -177,26 +178,6 @@ TEST_F(frmsearchTest, AllCdsSearchWholeLinesOfEveryImageInArchiveOrder)
               (std::vector<QString>{QStringLiteral("1-Backup 2003<d:\\Setup\\Word.exe|9|01.02.2003"),
                                     QStringLiteral("2-Fotos<e:\\wörter\\word.doc|10|05.05.2005"),
                                     QStringLiteral("4-Spiele<f:\\Spiele\\Word7.exe|2048|03.03.2003 03:03:03")}));
-}
-
-TEST_F(frmsearchTest, AllCdsFindFoldersAndDates)
-{
-    const struct
-    {
-        const char *word;
-        std::vector<QString> files;
-    } cases[] = {
-        {"bilder", {QStringLiteral(">e:\\Bilder"), QStringLiteral("e:\\Bilder\\haus.jpg"),
-                    QStringLiteral(">e:\\Bilder\\alt.zip"), QStringLiteral("e:\\Bilder\\alt.zip\\2001/haus.jpg"),
-                    QStringLiteral("e:\\Bilder\\alt.zip\\")}},
-        {"05.2005", {QStringLiteral("e:\\wörter\\word.doc")}},
-    };
-    frmsearch *dialog = openSearch();
-    for (const auto &c : cases) {
-        ASSERT_TRUE(search(dialog, QString::fromLatin1(c.word), QStringLiteral("Option2"), QStringLiteral("Option3")));
-        EXPECT_EQ(resultFiles(), c.files) << c.word;
-    }
-    EXPECT_TRUE(m_prompts.shown().empty());
 }
 
 TEST_F(frmsearchTest, AFailedSearchKeepsTheLastResults)
