@@ -48,7 +48,10 @@ double percentile(std::vector<double> values, double share)
 class ImageGenerator
 {
 public:
-    explicit ImageGenerator(size_t lines) : m_target(lines) {}
+    explicit ImageGenerator(size_t lines)
+        : m_target(lines)
+    {
+    }
 
     std::string generate()
     {
@@ -77,8 +80,8 @@ private:
             } else if (m_random() % 40 == 0) {
                 archive(path + '\\' + pick(s_stems) + std::to_string(i) + (m_random() % 2 ? ".zip" : ".rar"));
             } else {
-                file(path + '\\' + pick(s_stems) + ' ' + std::to_string(i) + '.' + pick(s_types),
-                     " 18:02:44");
+                file(
+                    path + '\\' + pick(s_stems) + ' ' + std::to_string(i) + '.' + pick(s_types), " 18:02:44");
             }
         }
     }
@@ -88,7 +91,9 @@ private:
         line('>' + path);
         const int entries = 1 + static_cast<int>(m_random() % 80);
         for (int i = 0; i < entries && m_lines < m_target; ++i)
-            file(path + '\\' + pick(s_folders) + '/' + pick(s_stems) + std::to_string(i) + '.' + pick(s_types), "");
+            file(
+                path + '\\' + pick(s_folders) + '/' + pick(s_stems) + std::to_string(i) + '.' + pick(s_types),
+                "");
         if (path.ends_with(".zip"))
             line(path + "\\||");
     }
@@ -105,22 +110,19 @@ private:
         ++m_lines;
     }
 
-    template<size_t N>
-    const char *pick(const char *const (&table)[N])
-    {
-        return table[m_random() % N];
-    }
+    template <size_t N> const char *pick(const char *const (&table)[N]) { return table[m_random() % N]; }
 
-    static constexpr const char *s_folders[] = {"Bilder", "Musik", "Dokumente", "Programme", "Setup", "Urlaub 2003",
-                                                 "Projekte", "Backup", "Treiber", "Spiele", "R\xE4tsel", "M\xFCller"};
-    static constexpr const char *s_stems[] = {"liesmich", "garten", "bericht", "rechnung", "track", "foto",
-                                               "vertrag", "Mahnung_M\xFCller", "index", "daten", "b\xFCro", "haus"};
-    static constexpr const char *s_types[] = {"txt", "jpg", "mp3", "doc", "exe", "dll", "pdf", "xls", "html", "avi"};
+    static constexpr const char *s_folders[] = { "Bilder", "Musik", "Dokumente", "Programme", "Setup",
+        "Urlaub 2003", "Projekte", "Backup", "Treiber", "Spiele", "R\xE4tsel", "M\xFCller" };
+    static constexpr const char *s_stems[] = { "liesmich", "garten", "bericht", "rechnung", "track", "foto",
+        "vertrag", "Mahnung_M\xFCller", "index", "daten", "b\xFCro", "haus" };
+    static constexpr const char *s_types[]
+        = { "txt", "jpg", "mp3", "doc", "exe", "dll", "pdf", "xls", "html", "avi" };
 
     size_t m_target;
     size_t m_lines = 0;
     std::string m_out;
-    std::mt19937 m_random{7};
+    std::mt19937 m_random { 7 };
 };
 
 // The way `cat` reads: 128 KiB blocks into one reused buffer, nothing kept.
@@ -128,8 +130,7 @@ void plainRead(const QString &path)
 {
     const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY);
     std::vector<char> block(128 * 1024);
-    while (::read(fd, block.data(), block.size()) > 0) {
-    }
+    while (::read(fd, block.data(), block.size()) > 0) { }
     ::close(fd);
 }
 
@@ -151,7 +152,8 @@ int main(int argc, char **argv)
     const bool generateOnly = argc > 1 && std::string(argv[1]) == "--generate";
     const int pathArgument = generateOnly ? 2 : 1;
     QTemporaryDir temp;
-    QString path = argc > pathArgument ? QString::fromLocal8Bit(argv[pathArgument]) : temp.filePath(QStringLiteral("1.dat"));
+    QString path = argc > pathArgument ? QString::fromLocal8Bit(argv[pathArgument])
+                                       : temp.filePath(QStringLiteral("1.dat"));
     if (generateOnly || argc <= pathArgument)
         writeImage(path);
     if (generateOnly)
@@ -175,7 +177,8 @@ int main(int argc, char **argv)
     for (int i = 0; i < 2000; ++i) {
         const auto &folder = folders[random() % folders.size()];
         size_t rows = 0;
-        const double ms = millisecondsOf([&] { rows = image->listFolder(folder.key, ImageIndex::Icons::FileSpecific).rows.size(); });
+        const double ms = millisecondsOf(
+            [&] { rows = image->listFolder(folder.key, ImageIndex::Icons::FileSpecific).rows.size(); });
         clicks.push_back(ms);
         if (rows > largest) {
             largest = rows;
@@ -186,12 +189,14 @@ int main(int argc, char **argv)
     const double read = median(reads);
     const double load = median(loads);
     std::printf("image: %lld lines (%lld folders), %.1f MB\n",
-                static_cast<long long>(image->fileLineCount() + image->folderLineCount()),
-                static_cast<long long>(image->folderLineCount()), static_cast<double>(QFile(path).size()) / 1e6);
+        static_cast<long long>(image->fileLineCount() + image->folderLineCount()),
+        static_cast<long long>(image->folderLineCount()), static_cast<double>(QFile(path).size()) / 1e6);
     std::printf("plain sequential read (128 KiB blocks): %.2f ms (median of %d)\n", read, rounds);
     std::printf("tree load: %.2f ms (median of %d), %.2f x the plain read\n", load, rounds, load / read);
-    std::printf("folder click over %zu random folders: median %.3f ms, 90th percentile %.3f ms, max %.3f ms\n",
-                clicks.size(), median(clicks), percentile(clicks, 0.9), *std::max_element(clicks.begin(), clicks.end()));
+    std::printf(
+        "folder click over %zu random folders: median %.3f ms, 90th percentile %.3f ms, max %.3f ms\n",
+        clicks.size(), median(clicks), percentile(clicks, 0.9),
+        *std::max_element(clicks.begin(), clicks.end()));
     std::printf("largest folder clicked: %zu rows in %.3f ms\n", largest, largestMs);
     std::printf("load_ms=%.3f\n", load);
     return 0;

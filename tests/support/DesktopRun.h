@@ -55,11 +55,7 @@ public:
     PromptScript &prompts() { return m_prompts; }
     const QList<QUrl> &opened() const { return m_shell.opened(); }
 
-    template<class W>
-    W *form() const
-    {
-        return m_program->form<W>();
-    }
+    template <class W> W *form() const { return m_program->form<W>(); }
 
     // An archive in the data folder, filled through the real store.
     std::unique_ptr<ArchiveBuilder> archive(const QString &name)

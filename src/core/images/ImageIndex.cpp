@@ -38,7 +38,8 @@ constexpr size_t hugePage = size_t(2) << 20;
 
 } // namespace
 
-ImageIndex::Buffer::Buffer(size_t size) : m_size(size)
+ImageIndex::Buffer::Buffer(size_t size)
+    : m_size(size)
 {
     if (size == 0)
         return;
@@ -65,8 +66,8 @@ ImageIndex::FileState ImageIndex::stateOf(const QString &path)
     struct stat info;
     if (::stat(QFile::encodeName(path).constData(), &info) != 0)
         return {};
-    return {static_cast<int64_t>(info.st_size), static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000
-                                                    + static_cast<int64_t>(info.st_mtim.tv_nsec)};
+    return { static_cast<int64_t>(info.st_size),
+        static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000 + static_cast<int64_t>(info.st_mtim.tv_nsec) };
 }
 
 std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
@@ -78,8 +79,9 @@ std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
         return image;
     struct stat info;
     if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) {
-        image->m_state = {static_cast<int64_t>(info.st_size), static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000
-                                                                  + static_cast<int64_t>(info.st_mtim.tv_nsec)};
+        image->m_state = { static_cast<int64_t>(info.st_size),
+            static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000
+                + static_cast<int64_t>(info.st_mtim.tv_nsec) };
         const auto size = static_cast<size_t>(info.st_size);
         image->m_bytes = std::make_unique<Buffer>(size);
         image->m_loaded = image->m_bytes->size() == size && readWhole(fd, image->m_bytes->data(), size);
@@ -130,8 +132,8 @@ void ImageIndex::index()
         }
 
         ++m_fileLines;
-        const std::string_view folder =
-            lastBackslash == std::string_view::npos ? std::string_view() : line.substr(0, lastBackslash);
+        const std::string_view folder
+            = lastBackslash == std::string_view::npos ? std::string_view() : line.substr(0, lastBackslash);
         if (treeOpen && folder.size() == 2 && line.find('|') == std::string_view::npos)
             treeOpen = false;
         if (runOpen && folder == runFolder) {
@@ -149,7 +151,7 @@ void ImageIndex::index()
         }
         Group &group = m_groups[runGroup];
         const auto run = static_cast<int32_t>(m_runs.size());
-        m_runs.push_back({static_cast<uint64_t>(line.data() - begin), 0, -1});
+        m_runs.push_back({ static_cast<uint64_t>(line.data() - begin), 0, -1 });
         if (group.last >= 0)
             m_runs[static_cast<size_t>(group.last)].next = run;
         else
@@ -195,12 +197,12 @@ ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons)
         lines.reserve(group.lines);
         for (int32_t r = group.first; r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
             const Run &run = m_runs[static_cast<size_t>(r)];
-            linescanner::forEachLine(m_bytes->data() + run.begin, run.end - run.begin,
-                                     [&lines](std::string_view line, size_t) {
-                                         imageline::FileFields fields;
-                                         if (imageline::cutFileLine(line, fields))
-                                             lines.push_back(fields);
-                                     });
+            linescanner::forEachLine(
+                m_bytes->data() + run.begin, run.end - run.begin, [&lines](std::string_view line, size_t) {
+                    imageline::FileFields fields;
+                    if (imageline::cutFileLine(line, fields))
+                        lines.push_back(fields);
+                });
         }
     }
 
@@ -233,7 +235,7 @@ ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons)
             }
             continue;
         }
-        listing.rows.push_back({fields.name, fields.size, fields.date, icon});
+        listing.rows.push_back({ fields.name, fields.size, fields.date, icon });
     }
     return listing;
 }

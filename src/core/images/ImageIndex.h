@@ -19,9 +19,9 @@ class ImageIndex
 public:
     struct Folder
     {
-        std::string_view key;  // the line from its second character: "d:\Bilder", "d:" for a root
+        std::string_view key; // the line from its second character: "d:\Bilder", "d:" for a root
         std::string_view text; // the root's key, else the name after the last backslash
-        int32_t parent = -1;   // index in folders(), -1 for a root
+        int32_t parent = -1; // index in folders(), -1 for a root
     };
 
     // File-specific pictures, or the one standard picture for every row.

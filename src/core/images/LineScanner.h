@@ -28,7 +28,7 @@ inline uint64_t matches(const char *block, char c)
     for (int part = 0; part < 4; ++part) {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(block + 16 * part));
         mask |= static_cast<uint64_t>(static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, needle))))
-                << (16 * part);
+            << (16 * part);
     }
     return mask;
 #else
@@ -46,8 +46,7 @@ inline int highestBit(uint64_t mask)
 
 } // namespace detail
 
-template<typename OnLine>
-void forEachLine(const char *data, size_t size, OnLine &&onLine)
+template <typename OnLine> void forEachLine(const char *data, size_t size, OnLine &&onLine)
 {
     size_t lineStart = 0;
     size_t lastBackslash = SIZE_MAX; // absolute offset of the latest backslash seen
@@ -68,10 +67,11 @@ void forEachLine(const char *data, size_t size, OnLine &&onLine)
             const int bit = __builtin_ctzll(crs);
             const size_t end = block + static_cast<size_t>(bit);
             const uint64_t before = backslashes & ((uint64_t(1) << bit) - 1);
-            const size_t slash = before ? block + static_cast<size_t>(detail::highestBit(before)) : lastBackslash;
+            const size_t slash
+                = before ? block + static_cast<size_t>(detail::highestBit(before)) : lastBackslash;
             const bool inLine = slash != SIZE_MAX && slash >= lineStart;
             onLine(std::string_view(data + lineStart, end - lineStart),
-                   inLine ? slash - lineStart : std::string_view::npos);
+                inLine ? slash - lineStart : std::string_view::npos);
             lineStart = end + 1;
             if (lineStart < size && data[lineStart] == '\n')
                 ++lineStart;
@@ -83,7 +83,8 @@ void forEachLine(const char *data, size_t size, OnLine &&onLine)
     if (lineStart < size) {
         const void *slash = ::memrchr(data + lineStart, '\\', size - lineStart);
         onLine(std::string_view(data + lineStart, size - lineStart),
-               slash ? static_cast<size_t>(static_cast<const char *>(slash) - (data + lineStart)) : std::string_view::npos);
+            slash ? static_cast<size_t>(static_cast<const char *>(slash) - (data + lineStart))
+                  : std::string_view::npos);
     }
 }
 

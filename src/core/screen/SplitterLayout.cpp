@@ -20,7 +20,7 @@ SplitterLimits SplitterLimits::mainWindow()
 }
 
 SplitterLayout layoutSplitter(const SplitterLimits &limits, float barLeft, const SplitterWindow &window,
-                              const PaneBox &leftNow, const PaneBox &rightNow)
+    const PaneBox &leftNow, const PaneBox &rightNow)
 {
     SplitterLayout out;
     out.left = leftNow;
@@ -61,7 +61,8 @@ SplitterLayout layoutSplitter(const SplitterLimits &limits, float barLeft, const
     return out;
 }
 
-SplitterLayout initialSplitterLayout(const SplitterLimits &limits, float leftWidth, const SplitterWindow &window)
+SplitterLayout initialSplitterLayout(
+    const SplitterLimits &limits, float leftWidth, const SplitterWindow &window)
 {
     PaneBox left;
     left.left = limits.fromLeftMin;

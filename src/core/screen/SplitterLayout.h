@@ -6,9 +6,9 @@
 struct SplitterLimits
 {
     float objectRightMinWidth = 300; // least width of the right pane; 0 or less: no limit
-    float objectLeftMinWidth = 300;  // least width of the left pane
-    float splitterWidth = 180;       // width of the bar
-    float fromTopMin = 0;            // margins around the pair
+    float objectLeftMinWidth = 300; // least width of the left pane
+    float splitterWidth = 180; // width of the bar
+    float fromTopMin = 0; // margins around the pair
     float fromRightMin = 0;
     float fromLeftMin = 0;
     float fromBottomMin = 0;
@@ -45,8 +45,9 @@ struct SplitterLayout
 // room test. A height or right width that would come out at 0 or less keeps the pane's
 // current value, so the current boxes are passed in.
 SplitterLayout layoutSplitter(const SplitterLimits &limits, float barLeft, const SplitterWindow &window,
-                              const PaneBox &leftNow, const PaneBox &rightNow);
+    const PaneBox &leftNow, const PaneBox &rightNow);
 
 // The starting layout: the left pane at the top left margin with its current width, the
 // bar at its right edge, then the layout above.
-SplitterLayout initialSplitterLayout(const SplitterLimits &limits, float leftWidth, const SplitterWindow &window);
+SplitterLayout initialSplitterLayout(
+    const SplitterLimits &limits, float leftWidth, const SplitterWindow &window);

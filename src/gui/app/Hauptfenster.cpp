@@ -56,13 +56,12 @@ Hauptfenster::Hauptfenster(Program &program)
     Session &session = m_program.session();
 
     m_browser = new ImageBrowser(session, m_program.settings(), m_ui->TV, m_ui->LV, m_ui->Check1, this);
-    m_detail = std::make_unique<CdDetailView>(
-        m_program,
-        CdDetailControls{m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->Label8, m_ui->lblsn, m_ui->Picture2,
-                         m_ui->lblDateien, m_ui->lblOrdner, m_ui->Frame2, m_ui->fr_2},
+    m_detail = std::make_unique<CdDetailView>(m_program,
+        CdDetailControls { m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->Label8, m_ui->lblsn, m_ui->Picture2,
+            m_ui->lblDateien, m_ui->lblOrdner, m_ui->Frame2, m_ui->fr_2 },
         *m_browser);
     m_search = new SearchWindows(session, m_program.settings(),
-                                 SearchLink{m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2}, this);
+        SearchLink { m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2 }, this);
     connect(m_search, &SearchWindows::windowLoaded, &m_program, &Program::adopt);
     m_tray = new QSystemTrayIcon(QIcon(resources::programIcon()), this);
     connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
@@ -125,28 +124,31 @@ void Hauptfenster::buildToolbar()
         const char *icon;
         QStyle::StandardPixmap fallback;
     } buttons[] = {
-        {"a", "In ein anderes Archiv wechseln", "document-open-symbolic", QStyle::SP_DialogOpenButton},
-        {"b", nullptr, nullptr, QStyle::SP_CustomBase},
-        {"c", "Neue CD hinzufügen", "list-add-symbolic", QStyle::SP_FileDialogNewFolder},
-        {"d", "Suchen nach Dateien oder Kommentaren", "edit-find-symbolic", QStyle::SP_FileDialogContentsView},
-        {"e", "Drucken", "document-print-symbolic", QStyle::SP_ComputerIcon},
-        {"f", nullptr, nullptr, QStyle::SP_CustomBase},
-        {"g", "CD Kommentare anzeigen", "format-justify-left-symbolic", QStyle::SP_FileDialogDetailedView},
-        {"h", "Abbild dieser CD anzeigen", "media-optical-symbolic", QStyle::SP_DriveCDIcon},
-        {"i", "CD Cover und Zusatz-Informationen anzeigen", "image-x-generic-symbolic", QStyle::SP_FileIcon},
-        {"j", nullptr, nullptr, QStyle::SP_CustomBase},
-        {"k", "Für diese CD ein neues CD-Abbild erstellen", "drive-optical-symbolic", QStyle::SP_DriveDVDIcon},
-        {"l", "CD bearbeiten", "document-edit-symbolic", QStyle::SP_FileDialogInfoView},
-        {"m", "Diese CD löschen", "edit-delete-symbolic", QStyle::SP_TrashIcon},
-        {"n", nullptr, nullptr, QStyle::SP_CustomBase},
-        {"o", "Optionen", "emblem-system-symbolic", QStyle::SP_FileDialogListView},
-        {"p", nullptr, nullptr, QStyle::SP_CustomBase},
-        {"q", "Programm beenden", "application-exit-symbolic", QStyle::SP_DialogCloseButton},
+        { "a", "In ein anderes Archiv wechseln", "document-open-symbolic", QStyle::SP_DialogOpenButton },
+        { "b", nullptr, nullptr, QStyle::SP_CustomBase },
+        { "c", "Neue CD hinzufügen", "list-add-symbolic", QStyle::SP_FileDialogNewFolder },
+        { "d", "Suchen nach Dateien oder Kommentaren", "edit-find-symbolic",
+            QStyle::SP_FileDialogContentsView },
+        { "e", "Drucken", "document-print-symbolic", QStyle::SP_ComputerIcon },
+        { "f", nullptr, nullptr, QStyle::SP_CustomBase },
+        { "g", "CD Kommentare anzeigen", "format-justify-left-symbolic", QStyle::SP_FileDialogDetailedView },
+        { "h", "Abbild dieser CD anzeigen", "media-optical-symbolic", QStyle::SP_DriveCDIcon },
+        { "i", "CD Cover und Zusatz-Informationen anzeigen", "image-x-generic-symbolic",
+            QStyle::SP_FileIcon },
+        { "j", nullptr, nullptr, QStyle::SP_CustomBase },
+        { "k", "Für diese CD ein neues CD-Abbild erstellen", "drive-optical-symbolic",
+            QStyle::SP_DriveDVDIcon },
+        { "l", "CD bearbeiten", "document-edit-symbolic", QStyle::SP_FileDialogInfoView },
+        { "m", "Diese CD löschen", "edit-delete-symbolic", QStyle::SP_TrashIcon },
+        { "n", nullptr, nullptr, QStyle::SP_CustomBase },
+        { "o", "Optionen", "emblem-system-symbolic", QStyle::SP_FileDialogListView },
+        { "p", nullptr, nullptr, QStyle::SP_CustomBase },
+        { "q", "Programm beenden", "application-exit-symbolic", QStyle::SP_DialogCloseButton },
     };
     for (const auto &button : buttons) {
         const QString key = QString::fromLatin1(button.key);
-        QAction *action = button.tip ? m_ui->Toolbar1->addAction(themeIcon(button.icon, button.fallback, style),
-                                                                 QString::fromUtf8(button.tip))
+        QAction *action = button.tip ? m_ui->Toolbar1->addAction(
+                              themeIcon(button.icon, button.fallback, style), QString::fromUtf8(button.tip))
                                      : m_ui->Toolbar1->addSeparator();
         action->setObjectName(key);
         if (button.tip) {
@@ -162,9 +164,8 @@ void Hauptfenster::buildTabs()
     {
         const char *caption;
         const char *tip;
-    } tabs[] = {{"CD Kommentare!", "Der manuell eingegebene CD-Inhalt"},
-                {"CD Abbild", "Das Datenabbild"},
-                {"CD Cover / Infos ", "Zusätzliche Informationen zur CD"}};
+    } tabs[] = { { "CD Kommentare!", "Der manuell eingegebene CD-Inhalt" },
+        { "CD Abbild", "Das Datenabbild" }, { "CD Cover / Infos ", "Zusätzliche Informationen zur CD" } };
     QTabBar *bar = m_ui->TabStrip1;
     bar->setDrawBase(false);
     bar->setExpanding(false);
@@ -180,9 +181,8 @@ void Hauptfenster::buildTabs()
 void Hauptfenster::connectMenus()
 {
     Ui::Hauptfenster &ui = *m_ui;
-    const auto openNamed = [this](const char *name) {
-        return [this, name] { m_program.open(QString::fromLatin1(name)); };
-    };
+    const auto openNamed
+        = [this](const char *name) { return [this, name] { m_program.open(QString::fromLatin1(name)); }; };
     connect(ui.newarchivieren, &QAction::triggered, this, &Hauptfenster::showNewCd);
     connect(ui.open, &QAction::triggered, this, &Hauptfenster::open_Click);
     connect(ui.mnuImport, &QAction::triggered, this, openNamed("Importieren"));
@@ -202,7 +202,7 @@ void Hauptfenster::connectMenus()
     connect(ui.hilfe, &QAction::triggered, this, &Hauptfenster::hilfe_Click);
     connect(ui.mnusupport, &QAction::triggered, this, [] {
         shellopen::open(QUrl(QStringLiteral("mailto:") + vendor::mailAddress()
-                             + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
+            + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
     });
     connect(ui.mnuwunsch, &QAction::triggered, this, openNamed("Form8"));
     connect(ui.mnuUpdate, &QAction::triggered, this, openNamed("frmupdate"));
@@ -307,8 +307,8 @@ void Hauptfenster::deletecd(int16_t number, bool quietFailure)
     if (number < 0) {
         Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
     } else if (Prompts::message(this, cdlist::deleteQuestion(number), Prompts::Icon::None, QString(),
-                                Prompts::Buttons::YesNo)
-               == Prompts::Answer::Yes) {
+                   Prompts::Buttons::YesNo)
+        == Prompts::Answer::Yes) {
         const ArchiveError error = ArchiveStore(m_program.session().archivePath).deleteRow(number);
         if (!error.ok()) {
             if (!quietFailure)
@@ -340,7 +340,7 @@ int Hauptfenster::selectedTab() const
 
 void Hauptfenster::showPane(int tab)
 {
-    QWidget *panes[] = {m_ui->fr_1, m_ui->fr_2, m_ui->fr_3};
+    QWidget *panes[] = { m_ui->fr_1, m_ui->fr_2, m_ui->fr_3 };
     m_ui->Frame2->setCurrentWidget(panes[tab - 1]);
 }
 
@@ -386,9 +386,9 @@ void Hauptfenster::storeLayout()
     layout.widthTwips = pixelsToTwips(width());
     layout.heightTwips = static_cast<float>(pixelsToTwips(height()));
     const Qt::WindowStates state = windowState();
-    layout.windowState = state.testFlag(Qt::WindowMinimized)   ? MainWindowLayout::Minimized
-                         : state.testFlag(Qt::WindowMaximized) ? MainWindowLayout::Maximized
-                                                               : MainWindowLayout::Normal;
+    layout.windowState = state.testFlag(Qt::WindowMinimized) ? MainWindowLayout::Minimized
+        : state.testFlag(Qt::WindowMaximized)                ? MainWindowLayout::Maximized
+                                                             : MainWindowLayout::Normal;
     layout.tab = selectedTab();
     layout.sorted = m_program.session().listSorted;
     storeMainWindowLayout(m_program.settings(), layout);
@@ -402,19 +402,21 @@ void Hauptfenster::layoutPanes()
         return;
     const SplitterLimits limits = SplitterLimits::mainWindow();
     const float margin = limits.fromLeftMin;
-    const float barLeft = sizes[0] > 0 ? margin + static_cast<float>(pixelsToTwips(sizes[0])) : margin + designListWidth;
-    const SplitterWindow window{static_cast<float>(pixelsToTwips(centralWidget()->width())),
-                                static_cast<float>(pixelsToTwips(centralWidget()->height())),
-                                static_cast<float>(pixelsToTwips(frameGeometry().width()))};
+    const float barLeft
+        = sizes[0] > 0 ? margin + static_cast<float>(pixelsToTwips(sizes[0])) : margin + designListWidth;
+    const SplitterWindow window { static_cast<float>(pixelsToTwips(centralWidget()->width())),
+        static_cast<float>(pixelsToTwips(centralWidget()->height())),
+        static_cast<float>(pixelsToTwips(frameGeometry().width())) };
     const auto box = [](const QWidget *pane) {
-        return PaneBox{static_cast<float>(pixelsToTwips(pane->x())), static_cast<float>(pixelsToTwips(pane->y())),
-                       static_cast<float>(pixelsToTwips(pane->width())),
-                       static_cast<float>(pixelsToTwips(pane->height()))};
+        return PaneBox { static_cast<float>(pixelsToTwips(pane->x())),
+            static_cast<float>(pixelsToTwips(pane->y())), static_cast<float>(pixelsToTwips(pane->width())),
+            static_cast<float>(pixelsToTwips(pane->height())) };
     };
-    const SplitterLayout layout = layoutSplitter(limits, barLeft, window, box(m_ui->Frame3), box(m_ui->Frame1));
+    const SplitterLayout layout
+        = layoutSplitter(limits, barLeft, window, box(m_ui->Frame3), box(m_ui->Frame1));
     const int left = twipsToPixels(layout.left.width);
     const int total = splitter->width() - splitter->handleWidth();
-    splitter->setSizes({left, std::max(total - left, 0)});
+    splitter->setSizes({ left, std::max(total - left, 0) });
 }
 
 void Hauptfenster::splitterStep()
@@ -440,10 +442,10 @@ bool Hauptfenster::eventFilter(QObject *watched, QEvent *event)
         const int width = m_ui->Splitter1->width() - m_ui->Splitter1->handleWidth();
         const QList<int> sizes = m_ui->Splitter1->sizes();
         const int share = sizes.size() == 2 && sizes[0] + sizes[1] > 0 && m_treeShareSet
-                              ? sizes[0] * 100 / (sizes[0] + sizes[1])
-                              : treeSharePercent;
+            ? sizes[0] * 100 / (sizes[0] + sizes[1])
+            : treeSharePercent;
         m_treeShareSet = true;
-        m_ui->Splitter1->setSizes({width * share / 100, width - width * share / 100});
+        m_ui->Splitter1->setSizes({ width * share / 100, width - width * share / 100 });
         splitterStep();
     } else if (watched == m_ui->List2->viewport() && event->type() == QEvent::MouseButtonPress) {
         const auto *mouse = static_cast<QMouseEvent *>(event);

@@ -51,14 +51,14 @@ void Program::adopt(QWidget *window)
 
 bool Program::isLoaded(const QWidget *window) const
 {
-    return std::any_of(m_forms.begin(), m_forms.end(),
-                       [window](const QPointer<QWidget> &form) { return form == window; });
+    return std::any_of(
+        m_forms.begin(), m_forms.end(), [window](const QPointer<QWidget> &form) { return form == window; });
 }
 
 int Program::loadedCount() const
 {
-    return static_cast<int>(std::count_if(m_forms.begin(), m_forms.end(),
-                                          [](const QPointer<QWidget> &form) { return !form.isNull(); }));
+    return static_cast<int>(std::count_if(
+        m_forms.begin(), m_forms.end(), [](const QPointer<QWidget> &form) { return !form.isNull(); }));
 }
 
 void Program::unload(QWidget *window)
@@ -117,8 +117,8 @@ void Program::forget(const QObject *window)
 {
     const auto before = m_forms.size();
     m_forms.erase(std::remove_if(m_forms.begin(), m_forms.end(),
-                                 [window](const QPointer<QWidget> &form) { return form.isNull() || form == window; }),
-                  m_forms.end());
+                      [window](const QPointer<QWidget> &form) { return form.isNull() || form == window; }),
+        m_forms.end());
     if (m_forms.size() != before)
         checkEnd();
 }

@@ -36,16 +36,14 @@ public:
 
     // A loaded window of that class, or nothing.
     QWidget *form(const QString &className) const;
-    template<class W>
-    W *form() const
+    template <class W> W *form() const
     {
         return qobject_cast<W *>(form(QString::fromLatin1(W::staticMetaObject.className())));
     }
 
     // Makes the window of class W known, loading it when it isn't, and shows it. A window
     // that unloads itself while it loads gives nothing.
-    template<class W>
-    W *show()
+    template <class W> W *show()
     {
         W *window = form<W>();
         if (!window) {

@@ -19,9 +19,8 @@ void init()
         // Without a desktop theme the toolbar and file pictures come from the one installed
         // with the program's packages, found in the usual data folders.
         QStringList searchPaths = QIcon::themeSearchPaths();
-        for (const QString &folder :
-             QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
-                                       QStandardPaths::LocateDirectory))
+        for (const QString &folder : QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                 QStringLiteral("icons"), QStandardPaths::LocateDirectory))
             if (!searchPaths.contains(folder))
                 searchPaths << folder;
         QIcon::setThemeSearchPaths(searchPaths);

@@ -53,7 +53,8 @@ void Startup::Timer1_Timer()
 {
     m_timer->stop();
     Program &program = m_program;
-    const StartDecision decision = decideStart(program.settings(), program.dataFolder(), program.commandLine());
+    const StartDecision decision
+        = decideStart(program.settings(), program.dataFolder(), program.commandLine());
     decision.applyTo(program.session());
     switch (decision.window) {
     case StartDecision::Window::Form3:

@@ -110,8 +110,8 @@ bool CdDetailView::showCover(const QString &cover)
     // A cover larger than the box is shown whole, scaled down.
     const QSize box = m_ui.Picture2->size();
     m_ui.Picture2->setPixmap(pixmap.width() > box.width() || pixmap.height() > box.height()
-                                 ? pixmap.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                                 : pixmap);
+            ? pixmap.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+            : pixmap);
     return true;
 }
 

@@ -14,14 +14,14 @@ struct CdDetailControls
 {
     QListWidget *List2; // the CD list, whose selected entry is shown
     QListWidget *List1; // the comments
-    QLabel *Text2;      // title
-    QLabel *Label8;     // number
-    QLabel *lblsn;      // image id, "0" for none
-    QLabel *Picture2;   // cover
+    QLabel *Text2; // title
+    QLabel *Label8; // number
+    QLabel *lblsn; // image id, "0" for none
+    QLabel *Picture2; // cover
     QLabel *lblDateien;
     QLabel *lblOrdner;
     QStackedWidget *Frame2; // the panes of the tabs
-    QWidget *fr_2;          // the image tab's pane
+    QWidget *fr_2; // the image tab's pane
 };
 
 // The right pane of the main window for the CD selected in the list: title, number and

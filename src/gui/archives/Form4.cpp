@@ -31,7 +31,7 @@ void Form4::Command1_Click()
     while (m_names.contains(name)) {
         Prompts::message(this, ArchiveCatalog::duplicateNameMessage(name));
         name = Prompts::input(this, QStringLiteral("Bitte geben Sie einen Namen für das neue Archives ein:"),
-                              QStringLiteral("Neues Archiv erstellen"))
+            QStringLiteral("Neues Archiv erstellen"))
                    .value_or(QString());
         if (name.isEmpty())
             name = QStringLiteral("default");

@@ -30,7 +30,7 @@ openarchiv::openarchiv(Program &program)
     QAction *mdelete = m_m1->addAction(QStringLiteral("Archiv löschen"), this, &openarchiv::mdelete_Click);
     mdelete->setObjectName(QStringLiteral("mdelete"));
 
-    for (QTimer *timer : {m_timer1, m_timer2}) {
+    for (QTimer *timer : { m_timer1, m_timer2 }) {
         timer->setSingleShot(true);
         timer->setInterval(1);
     }
@@ -118,9 +118,9 @@ void openarchiv::openChosen(const QString &name)
 void openarchiv::Command2_Click()
 {
     for (;;) {
-        const std::optional<QString> answer =
-            Prompts::input(this, QStringLiteral("Bitte geben Sie einen Namen für das neue Archiv ein:"),
-                           QStringLiteral("Neues Archiv erstellen"));
+        const std::optional<QString> answer
+            = Prompts::input(this, QStringLiteral("Bitte geben Sie einen Namen für das neue Archiv ein:"),
+                QStringLiteral("Neues Archiv erstellen"));
         if (!answer || answer->isEmpty())
             return;
         const ArchiveCatalog catalog(m_program.dataFolder());
@@ -174,8 +174,9 @@ void openarchiv::Command5_Click()
 
 void openarchiv::mdelete_Click()
 {
-    if (Prompts::message(this, QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"),
-                         Prompts::Icon::None, QString(), Prompts::Buttons::YesNo)
+    if (Prompts::message(this,
+            QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"),
+            Prompts::Icon::None, QString(), Prompts::Buttons::YesNo)
         != Prompts::Answer::Yes)
         return;
     // The name comes from the text box; the files noted at load stay as they were, so the

@@ -21,13 +21,15 @@ FileListView::FileListView(QWidget *parent)
     m_icons->setResizeMode(QListView::Adjust);
     m_icons->setWrapping(true);
 
-    for (QAbstractItemView *view : {static_cast<QAbstractItemView *>(m_details), static_cast<QAbstractItemView *>(m_icons)}) {
+    for (QAbstractItemView *view :
+        { static_cast<QAbstractItemView *>(m_details), static_cast<QAbstractItemView *>(m_icons) }) {
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
         view->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(view, &QAbstractItemView::doubleClicked, this, &FileListView::itemDoubleClicked);
-        connect(view, &QWidget::customContextMenuRequested, this,
-                [this, view](const QPoint &position) { emit contextMenuRequested(view->viewport()->mapToGlobal(position)); });
+        connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint &position) {
+            emit contextMenuRequested(view->viewport()->mapToGlobal(position));
+        });
         addWidget(view);
     }
     connect(m_details->header(), &QHeaderView::sectionClicked, this, &FileListView::headerClicked);

@@ -10,8 +10,8 @@ QIcon FileTypeIcons::icon(const QString &type)
         return {};
     if (const auto known = m_icons.constFind(type); known != m_icons.constEnd())
         return *known;
-    const QMimeType mime =
-        QMimeDatabase().mimeTypeForFile(QStringLiteral("datei.") + type, QMimeDatabase::MatchExtension);
+    const QMimeType mime
+        = QMimeDatabase().mimeTypeForFile(QStringLiteral("datei.") + type, QMimeDatabase::MatchExtension);
     QIcon icon = QIcon::fromTheme(mime.iconName());
     if (icon.isNull())
         icon = QIcon::fromTheme(mime.genericIconName());

@@ -14,7 +14,8 @@ void FolderListModel::setListing(const ImageIndex::Listing &listing, std::vector
     m_rows.clear();
     m_rows.reserve(listing.rows.size());
     for (const ImageIndex::Row &row : listing.rows)
-        m_rows.push_back({cp1252::toQString(row.name), cp1252::toQString(row.size), cp1252::toQString(row.date), row.icon});
+        m_rows.push_back({ cp1252::toQString(row.name), cp1252::toQString(row.size),
+            cp1252::toQString(row.date), row.icon });
     endResetModel();
 }
 

@@ -20,7 +20,7 @@
 #include <QTreeView>
 
 ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list,
-                           QCheckBox *noIcons, QWidget *window)
+    QCheckBox *noIcons, QWidget *window)
     : QObject(window)
     , m_session(session)
     , m_settings(settings)
@@ -36,11 +36,12 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     m_treeView->setModel(m_tree);
     m_treeView->setHeaderHidden(true);
     connect(m_treeView, &QTreeView::clicked, this, &ImageBrowser::showNode);
-    connect(m_treeView->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &node) {
-        // A click lists the folder itself; this is for the keyboard.
-        if (QApplication::mouseButtons() == Qt::NoButton)
-            showNode(node);
-    });
+    connect(m_treeView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+        [this](const QModelIndex &node) {
+            // A click lists the folder itself; this is for the keyboard.
+            if (QApplication::mouseButtons() == Qt::NoButton)
+                showNode(node);
+        });
 
     // The list control's sort: texts on every column, sizes and dates too.
     m_sorted->setSourceModel(m_files);
@@ -50,7 +51,7 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::ColumnClick);
     connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::ItemDblClick);
     connect(m_listView, &FileListView::contextMenuRequested, this,
-            [this](const QPoint &position) { m_rrh->popup(position); });
+        [this](const QPoint &position) { m_rrh->popup(position); });
 
     m_rrh->setObjectName(QStringLiteral("rrh"));
     QMenu *aaa = m_rrh->addMenu(QStringLiteral("Ansicht"));
@@ -60,12 +61,12 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
         const char *name;
         const char *caption;
         FileListView::View view;
-    } views[] = {{"mnug1", "Große Symbole", FileListView::LargeIcons},
-                 {"mnug2", "Kleine Symbole", FileListView::SmallIcons},
-                 {"mnug3", "Liste", FileListView::List},
-                 {"mnug4", "Details", FileListView::Details}};
+    } views[] = { { "mnug1", "Große Symbole", FileListView::LargeIcons },
+        { "mnug2", "Kleine Symbole", FileListView::SmallIcons }, { "mnug3", "Liste", FileListView::List },
+        { "mnug4", "Details", FileListView::Details } };
     for (const auto &entry : views) {
-        QAction *action = aaa->addAction(QString::fromUtf8(entry.caption), this, [this, view = entry.view] { setView(view); });
+        QAction *action = aaa->addAction(
+            QString::fromUtf8(entry.caption), this, [this, view = entry.view] { setView(view); });
         action->setObjectName(QString::fromLatin1(entry.name));
     }
     QMenu *dhdh = m_rrh->addMenu(QStringLiteral("Symbole"));
@@ -97,8 +98,8 @@ void ImageBrowser::show_folder(const std::string &folder)
     m_session.currentFolder = cp1252::toQString(folder);
     const std::shared_ptr<const ImageIndex> loaded = image(m_path);
     const bool noIcons = m_noIcons->isChecked();
-    const ImageIndex::Listing listing =
-        loaded->listFolder(folder, noIcons ? ImageIndex::Icons::None : ImageIndex::Icons::FileSpecific);
+    const ImageIndex::Listing listing
+        = loaded->listFolder(folder, noIcons ? ImageIndex::Icons::None : ImageIndex::Icons::FileSpecific);
     std::vector<QIcon> icons;
     icons.reserve(listing.iconTypes.size());
     for (const std::string_view type : listing.iconTypes)
@@ -148,7 +149,8 @@ void ImageBrowser::showSelectedNodeAgain()
 {
     const QModelIndex node = m_treeView->currentIndex();
     if (!node.isValid()) {
-        Prompts::runtimeError(m_window, 91, QStringLiteral("Objektvariable oder With-Blockvariable nicht festgelegt"));
+        Prompts::runtimeError(
+            m_window, 91, QStringLiteral("Objektvariable oder With-Blockvariable nicht festgelegt"));
         return;
     }
     showNode(node);
@@ -193,16 +195,17 @@ void ImageBrowser::ItemDblClick()
     const QString lower = folder.toLower();
     // An entry of a ZIP or RAR file can't be opened by itself: the archive file is.
     const QString target = lower.endsWith(QLatin1String(".zip")) || lower.endsWith(QLatin1String(".rar"))
-                               ? folder
-                               : folder + QLatin1Char('\\') + item.siblingAtColumn(FolderListModel::Name).data().toString();
+        ? folder
+        : folder + QLatin1Char('\\') + item.siblingAtColumn(FolderListModel::Name).data().toString();
     DriveTable drives(m_settings);
     const QString local = mediumPath(target, drives);
     if (!local.isEmpty() && QFileInfo::exists(local)) {
         shellopen::open(QUrl::fromLocalFile(local));
         return;
     }
-    Prompts::message(m_window, QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + target
-                                   + QStringLiteral(" vorhanden ist!"));
+    Prompts::message(m_window,
+        QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + target
+            + QStringLiteral(" vorhanden ist!"));
 }
 
 void ImageBrowser::fitColumns()

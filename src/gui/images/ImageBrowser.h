@@ -32,8 +32,8 @@ class ImageBrowser : public QObject
 
 public:
     // The popup menu is made as a child of `window`, under the name "rrh".
-    ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list, QCheckBox *noIcons,
-                 QWidget *window);
+    ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list,
+        QCheckBox *noIcons, QWidget *window);
     ~ImageBrowser() override;
 
     // The image at `path`, read anew only when its file has changed. Also serves the counts.

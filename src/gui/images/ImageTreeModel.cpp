@@ -11,12 +11,12 @@ namespace {
 // Closed folder for a node, open folder for the selected one.
 QIcon folderIcon()
 {
-    QIcon closed = QIcon::fromTheme(QStringLiteral("folder"),
-                                    QApplication::style()->standardIcon(QStyle::SP_DirClosedIcon));
-    const QIcon open = QIcon::fromTheme(QStringLiteral("folder-open"),
-                                        QApplication::style()->standardIcon(QStyle::SP_DirOpenIcon));
+    QIcon closed = QIcon::fromTheme(
+        QStringLiteral("folder"), QApplication::style()->standardIcon(QStyle::SP_DirClosedIcon));
+    const QIcon open = QIcon::fromTheme(
+        QStringLiteral("folder-open"), QApplication::style()->standardIcon(QStyle::SP_DirOpenIcon));
     QIcon icon;
-    for (const QSize &size : {QSize(16, 16), QSize(32, 32)}) {
+    for (const QSize &size : { QSize(16, 16), QSize(32, 32) }) {
         icon.addPixmap(closed.pixmap(size), QIcon::Normal);
         icon.addPixmap(open.pixmap(size), QIcon::Selected);
     }
@@ -69,8 +69,8 @@ QModelIndex ImageTreeModel::index(int row, int column, const QModelIndex &parent
 {
     if (column != 0 || row < 0)
         return {};
-    const std::vector<int> &rows =
-        parent.isValid() ? m_nodes[static_cast<size_t>(parent.internalId())].children : m_roots;
+    const std::vector<int> &rows
+        = parent.isValid() ? m_nodes[static_cast<size_t>(parent.internalId())].children : m_roots;
     if (row >= static_cast<int>(rows.size()))
         return {};
     return createIndex(row, 0, static_cast<quintptr>(rows[static_cast<size_t>(row)]));

@@ -42,7 +42,10 @@ protected:
         return path;
     }
 
-    std::shared_ptr<const ImageIndex> load(const std::string &bytes) { return ImageIndex::load(write(bytes)); }
+    std::shared_ptr<const ImageIndex> load(const std::string &bytes)
+    {
+        return ImageIndex::load(write(bytes));
+    }
 
     static std::vector<std::string> keys(const ImageIndex &image)
     {
@@ -77,8 +80,8 @@ TEST_F(ImageIndexTest, TreeHoldsEveryFolderUnderItsParent)
 {
     const auto image = load(exampleImage);
     ASSERT_TRUE(image->isLoaded());
-    const std::vector<std::string> expectedKeys = {"d:", "d:\\Bilder", "d:\\Bilder\\alt.zip", "d:\\Setup",
-                                                   "d:\\Setup\\daten.rar"};
+    const std::vector<std::string> expectedKeys
+        = { "d:", "d:\\Bilder", "d:\\Bilder\\alt.zip", "d:\\Setup", "d:\\Setup\\daten.rar" };
     EXPECT_EQ(keys(*image), expectedKeys);
     const auto &folders = image->folders();
     EXPECT_EQ(folders[0].text, "d:");
@@ -101,20 +104,23 @@ TEST_F(ImageIndexTest, CountsFolderAndFileLinesButNotEmptyOnes)
     const auto empty = load(">e:\r\n\r\n");
     EXPECT_EQ(empty->folderLineCount(), 1);
     EXPECT_EQ(empty->fileLineCount(), 0);
-    EXPECT_EQ(keys(*empty), std::vector<std::string>{"e:"});
+    EXPECT_EQ(keys(*empty), std::vector<std::string> { "e:" });
 }
 
 TEST_F(ImageIndexTest, ListsTheFilesOfExactlyOneFolderInFileOrder)
 {
     const auto image = load(exampleImage);
     const auto none = ImageIndex::Icons::None;
-    EXPECT_EQ(rows(image->listFolder("d:", none)), (Rows{{"liesmich.txt", "1834", "12.03.2003 09:41:07"}}));
+    EXPECT_EQ(
+        rows(image->listFolder("d:", none)), (Rows { { "liesmich.txt", "1834", "12.03.2003 09:41:07" } }));
     // The files of Bilder stand before and after its subfolder's lines.
     EXPECT_EQ(rows(image->listFolder("d:\\Bilder", none)),
-              (Rows{{"haus.jpg", "482113", "28.07.2002 18:02:44"}, {"garten.jpg", "501772", "28.07.2002 18:02:50"}}));
+        (Rows { { "haus.jpg", "482113", "28.07.2002 18:02:44" },
+            { "garten.jpg", "501772", "28.07.2002 18:02:50" } }));
     // Entries keep their inner names with "/", and the listing's closing row is a nameless row.
     EXPECT_EQ(rows(image->listFolder("d:\\Bilder\\alt.zip", none)),
-              (Rows{{"2001/haus.jpg", "120455", "04.11.2001"}, {"2001/garten.jpg", "98012", "04.11.2001"}, {"", "", ""}}));
+        (Rows { { "2001/haus.jpg", "120455", "04.11.2001" }, { "2001/garten.jpg", "98012", "04.11.2001" },
+            { "", "", "" } }));
     EXPECT_TRUE(image->listFolder("d:\\Leer", none).rows.empty());
     // The root node's text with ":" behind it matches no line.
     EXPECT_TRUE(image->listFolder("Meine CD (d:):", none).rows.empty());
@@ -131,14 +137,14 @@ TEST_F(ImageIndexTest, TreeStopsAtTheFirstLineItCannotTake)
         std::vector<std::string> keys;
     };
     const std::vector<Case> cases = {
-        {"folder under an unknown parent", ">d:\r\n>d:\\a\r\n>d:\\x\\y\r\n>d:\\b\r\n", {"d:", "d:\\a"}},
-        {"folder key used twice", ">d:\r\n>d:\\a\r\n>d:\\a\r\n>d:\\b\r\n", {"d:", "d:\\a"}},
-        {"root file line without a bar", ">d:\r\n>d:\\a\r\nd:\\kaputt\r\n>d:\\b\r\n", {"d:", "d:\\a"}},
-        {"nameless folder line", ">d:\r\n>\r\n>d:\\b\r\n", {"d:"}},
-        {"file line without a bar below the root does not stop it", ">d:\r\n>d:\\a\r\nd:\\a\\kaputt\r\n>d:\\b\r\n",
-         {"d:", "d:\\a", "d:\\b"}},
-        {"lines without a backslash are skipped", ">d:\r\nirgendwas\r\n>d:\\b\r\n", {"d:", "d:\\b"}},
-        {"a second root stands beside the first", ">d:\r\n>e:\r\n>e:\\x\r\n", {"d:", "e:", "e:\\x"}},
+        { "folder under an unknown parent", ">d:\r\n>d:\\a\r\n>d:\\x\\y\r\n>d:\\b\r\n", { "d:", "d:\\a" } },
+        { "folder key used twice", ">d:\r\n>d:\\a\r\n>d:\\a\r\n>d:\\b\r\n", { "d:", "d:\\a" } },
+        { "root file line without a bar", ">d:\r\n>d:\\a\r\nd:\\kaputt\r\n>d:\\b\r\n", { "d:", "d:\\a" } },
+        { "nameless folder line", ">d:\r\n>\r\n>d:\\b\r\n", { "d:" } },
+        { "file line without a bar below the root does not stop it",
+            ">d:\r\n>d:\\a\r\nd:\\a\\kaputt\r\n>d:\\b\r\n", { "d:", "d:\\a", "d:\\b" } },
+        { "lines without a backslash are skipped", ">d:\r\nirgendwas\r\n>d:\\b\r\n", { "d:", "d:\\b" } },
+        { "a second root stands beside the first", ">d:\r\n>e:\r\n>e:\\x\r\n", { "d:", "e:", "e:\\x" } },
     };
     for (const Case &c : cases) {
         const auto image = load(c.image);
@@ -149,16 +155,18 @@ TEST_F(ImageIndexTest, TreeStopsAtTheFirstLineItCannotTake)
 TEST_F(ImageIndexTest, LinesAfterTheTreeStoppedAreStillCountedAndListed)
 {
     const auto image = load(">d:\r\nd:\\kaputt\r\n>d:\\b\r\nd:\\b\\x.txt|1|01.01.2003\r\n");
-    EXPECT_EQ(keys(*image), std::vector<std::string>{"d:"});
+    EXPECT_EQ(keys(*image), std::vector<std::string> { "d:" });
     EXPECT_EQ(image->folderLineCount(), 2);
     EXPECT_EQ(image->fileLineCount(), 2);
-    EXPECT_EQ(rows(image->listFolder("d:\\b", ImageIndex::Icons::None)), (Rows{{"x.txt", "1", "01.01.2003"}}));
+    EXPECT_EQ(
+        rows(image->listFolder("d:\\b", ImageIndex::Icons::None)), (Rows { { "x.txt", "1", "01.01.2003" } }));
 }
 
 TEST_F(ImageIndexTest, ListingStepsOverALineWithoutBar)
 {
     const auto image = load(">d:\r\n>d:\\a\r\nd:\\a\\eins|1|x\r\nd:\\a\\kaputt\r\nd:\\a\\zwei|2|y\r\n");
-    EXPECT_EQ(rows(image->listFolder("d:\\a", ImageIndex::Icons::None)), (Rows{{"eins", "1", "x"}, {"zwei", "2", "y"}}));
+    EXPECT_EQ(rows(image->listFolder("d:\\a", ImageIndex::Icons::None)),
+        (Rows { { "eins", "1", "x" }, { "zwei", "2", "y" } }));
 }
 
 TEST_F(ImageIndexTest, ADuplicateNameHandsItsSizeAndDateToTheRowBefore)
@@ -170,7 +178,8 @@ TEST_F(ImageIndexTest, ADuplicateNameHandsItsSizeAndDateToTheRowBefore)
                             "d:\\z.zip\\||\r\n"
                             "d:\\z.zip\\||\r\n");
     EXPECT_EQ(rows(image->listFolder("d:\\z.zip", ImageIndex::Icons::None)),
-              (Rows{{"a.txt", "1", "01.01.2001"}, {"b.txt", "3", "03.03.2003"}, {"", "", ""}, {"", "", ""}}));
+        (Rows { { "a.txt", "1", "01.01.2001" }, { "b.txt", "3", "03.03.2003" }, { "", "", "" },
+            { "", "", "" } }));
 }
 
 TEST_F(ImageIndexTest, IconTableUsesTheDigitRuleWhileRowsLookUpThePlainType)
@@ -183,11 +192,16 @@ TEST_F(ImageIndexTest, IconTableUsesTheDigitRuleWhileRowsLookUpThePlainType)
                             "d:\\ohnepunkt|1|x\r\n"
                             "d:\\c.txt|1|x\r\n");
     const auto listing = image->listFolder("d:", ImageIndex::Icons::FileSpecific);
-    const std::vector<std::string_view> types = {"dat", "txt", "TXT", "", };
+    const std::vector<std::string_view> types = {
+        "dat",
+        "txt",
+        "TXT",
+        "",
+    };
     EXPECT_EQ(listing.iconTypes, types);
     // lied.mp3 is entered as "dat" but looked up as "mp3": the first row gets the first
     // icon, a later one the icon of the row before it.
-    const std::vector<std::string> expected = {"dat", "txt", "TXT", "TXT", "dat", "txt"};
+    const std::vector<std::string> expected = { "dat", "txt", "TXT", "TXT", "dat", "txt" };
     EXPECT_EQ(iconTypesOfRows(listing), expected);
 }
 
@@ -195,7 +209,7 @@ TEST_F(ImageIndexTest, TypeOfAFileWithoutDotInAFolderWithOneHoldsABackslash)
 {
     const auto image = load(">d:\r\n>d:\\v1.0\r\nd:\\v1.0\\README|1|x\r\nd:\\v1.0\\x.zip\\||\r\n");
     const auto listing = image->listFolder("d:\\v1.0", ImageIndex::Icons::FileSpecific);
-    const std::vector<std::string_view> types = {"0\\README", ""};
+    const std::vector<std::string_view> types = { "0\\README", "" };
     EXPECT_EQ(listing.iconTypes, types);
     EXPECT_EQ(listing.rows.at(0).icon, 0);
 }
@@ -204,7 +218,7 @@ TEST_F(ImageIndexTest, WithoutIconsEveryRowHasTheOneStandardPicture)
 {
     const auto image = load(exampleImage);
     const auto listing = image->listFolder("d:\\Setup\\daten.rar", ImageIndex::Icons::None);
-    EXPECT_EQ(listing.iconTypes, std::vector<std::string_view>{"dat"});
+    EXPECT_EQ(listing.iconTypes, std::vector<std::string_view> { "dat" });
     ASSERT_EQ(listing.rows.size(), 2u);
     for (const auto &row : listing.rows)
         EXPECT_EQ(row.icon, 0);
@@ -214,7 +228,7 @@ TEST_F(ImageIndexTest, LinesEndAtCrLfOrALoneCrButNotAtALoneLf)
 {
     const auto image = load(">d:\rd:\\a.txt|1|x\r\nd:\\b\nc.txt|2|y\r\nd:\\last.txt|3|z");
     EXPECT_EQ(rows(image->listFolder("d:", ImageIndex::Icons::None)),
-              (Rows{{"a.txt", "1", "x"}, {"b\nc.txt", "2", "y"}, {"last.txt", "3", "z"}}));
+        (Rows { { "a.txt", "1", "x" }, { "b\nc.txt", "2", "y" }, { "last.txt", "3", "z" } }));
 }
 
 TEST_F(ImageIndexTest, MissingFileGivesAnEmptyIndex)
@@ -242,7 +256,7 @@ TEST_F(ImageIndexTest, CacheReloadsWhenTheFileChangesOrAppears)
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     write(">d:\r\nd:\\a.txt|1|x\r\nd:\\c.txt|2|y\r\n");
     EXPECT_EQ(rows(cache.get(path)->listFolder("d:", ImageIndex::Icons::None)).back(),
-              std::make_tuple(std::string("c.txt"), std::string("2"), std::string("y")));
+        std::make_tuple(std::string("c.txt"), std::string("2"), std::string("y")));
 
     const QString later = m_dir.filePath(QStringLiteral("2.dat"));
     EXPECT_FALSE(cache.get(later)->isLoaded());

@@ -46,18 +46,18 @@ TEST(RegionFromBitmap, RunsSplitAtKeyPixelsAndEndAtTheRightEdge)
     // Row 0: key, 2 visible, key, 3 visible up to the edge. Row 1: visible then key to the
     // edge. Row 2: all key.
     QImage image = picture(7, 3, red);
-    for (int x : {1, 2, 4, 5, 6})
+    for (int x : { 1, 2, 4, 5, 6 })
         image.setPixel(x, 0, blue);
-    for (int x : {0, 1, 2})
+    for (int x : { 0, 1, 2 })
         image.setPixel(x, 1, blue);
     const auto runs = regionFromBitmap(image, red);
-    const std::vector<QRect> expected = {QRect(1, 0, 2, 1), QRect(4, 0, 3, 1), QRect(0, 1, 3, 1)};
+    const std::vector<QRect> expected = { QRect(1, 0, 2, 1), QRect(4, 0, 3, 1), QRect(0, 1, 3, 1) };
     EXPECT_EQ(runs, expected);
 }
 
 TEST(RegionFromBitmap, WidthsOnAndOffAMultipleOfFourReadAlike)
 {
-    for (int width : {8, 9, 300}) {
+    for (int width : { 8, 9, 300 }) {
         QImage image = picture(width, 2, red);
         image.setPixel(width - 1, 1, blue);
         const auto runs = regionFromBitmap(image, red);
@@ -69,8 +69,8 @@ TEST(RegionFromBitmap, WidthsOnAndOffAMultipleOfFourReadAlike)
 TEST(RegionFromBitmap, NearRedIsNotTheKeyAndAlphaIsIgnored)
 {
     QImage image(3, 1, QImage::Format_ARGB32);
-    image.setPixel(0, 0, qRgba(255, 0, 0, 0));   // key colour, transparent: still key
-    image.setPixel(1, 0, qRgb(254, 0, 0));       // one step off: visible
+    image.setPixel(0, 0, qRgba(255, 0, 0, 0)); // key colour, transparent: still key
+    image.setPixel(1, 0, qRgb(254, 0, 0)); // one step off: visible
     image.setPixel(2, 0, qRgb(255, 0, 0));
     const auto runs = regionFromBitmap(image, red);
     ASSERT_EQ(runs.size(), 1u);

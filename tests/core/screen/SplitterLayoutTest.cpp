@@ -8,7 +8,7 @@ namespace {
 
 // The main window at its stored default size: 12240 by 7575 twips outside, a client area a
 // little smaller.
-const SplitterWindow defaultWindow{12000, 6900, 12240};
+const SplitterWindow defaultWindow { 12000, 6900, 12240 };
 
 SplitterLayout dragTo(float barLeft, const SplitterWindow &window = defaultWindow)
 {
@@ -40,10 +40,11 @@ TEST(SplitterLayout, DragEndsAreClampedToTheLimits)
         float expectedBar;
     };
     const Case cases[] = {
-        {"far left stops at the left margin plus the left minimum", -5000, 360},
-        {"just inside the left limit stays", 361, 361},
-        {"inside the range stays", 2000, 2000},
-        {"far right stops at the outer width less the right minimum and the frame", 20000, 12240 - 8500 - 260},
+        { "far left stops at the left margin plus the left minimum", -5000, 360 },
+        { "just inside the left limit stays", 361, 361 },
+        { "inside the range stays", 2000, 2000 },
+        { "far right stops at the outer width less the right minimum and the frame", 20000,
+            12240 - 8500 - 260 },
     };
     for (const Case &c : cases) {
         const SplitterLayout layout = dragTo(c.dragged);
@@ -68,7 +69,7 @@ TEST(SplitterLayout, PanesTakeTheHeightBetweenTheMargins)
 TEST(SplitterLayout, RightLimitWinsOverTheLeftMinimumInANarrowWindow)
 {
     // 9000 outside: the right limit (240) lies left of the left minimum (360).
-    const SplitterLayout layout = dragTo(1000, {8800, 5000, 9000});
+    const SplitterLayout layout = dragTo(1000, { 8800, 5000, 9000 });
     EXPECT_FLOAT_EQ(layout.barLeft, 240);
     // The right pane keeps its least width and runs past the client area.
     EXPECT_FLOAT_EQ(layout.right.width, 8500);
@@ -80,7 +81,7 @@ TEST(SplitterLayout, RoomTestUsesTheLeftMinimumOnBothSides)
     // from the right margin.
     SplitterLimits limits;
     limits.objectRightMinWidth = 0;
-    const SplitterWindow window{3000, 2000, 3200};
+    const SplitterWindow window { 3000, 2000, 3200 };
     const SplitterLayout layout = layoutSplitter(limits, 2500, window, {}, {});
     EXPECT_FLOAT_EQ(layout.left.width, 3000 - 300 - 0);
     EXPECT_FLOAT_EQ(layout.barLeft, 2700);
@@ -94,10 +95,10 @@ TEST(SplitterLayout, DegenerateSizesKeepTheCurrentBoxes)
     limits.objectRightMinWidth = 0;
     limits.fromTopMin = 500;
     limits.splitterWidth = 800;
-    const PaneBox leftNow{0, 0, 100, 777};
-    const PaneBox rightNow{0, 0, 555, 777};
+    const PaneBox leftNow { 0, 0, 100, 777 };
+    const PaneBox rightNow { 0, 0, 555, 777 };
     // The client area is lower than the top margin, and too narrow for a right pane.
-    const SplitterLayout layout = layoutSplitter(limits, 400, {700, 300, 900}, leftNow, rightNow);
+    const SplitterLayout layout = layoutSplitter(limits, 400, { 700, 300, 900 }, leftNow, rightNow);
     EXPECT_FLOAT_EQ(layout.left.height, 777);
     EXPECT_FLOAT_EQ(layout.right.width, 555);
 }

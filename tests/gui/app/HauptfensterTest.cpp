@@ -19,8 +19,7 @@
 
 namespace {
 
-template<class T = QWidget>
-T *control(QWidget *window, const char *name)
+template <class T = QWidget> T *control(QWidget *window, const char *name)
 {
     T *found = window->findChild<T *>(QString::fromLatin1(name));
     EXPECT_NE(found, nullptr) << name;
@@ -78,8 +77,9 @@ TEST(Hauptfenster, MenuBarInItsOrderWithTheTrayEntryAtTheRightEnd)
     QStringList titles;
     for (QAction *action : main->menuBar()->actions())
         titles << action->text();
-    EXPECT_EQ(titles, (QStringList{QStringLiteral("&Datei"), QStringLiteral("&CD"), QStringLiteral("&Suchen"),
-                                   QStringLiteral("&Druc&ken"), QStringLiteral("&Optionen"), QStringLiteral("&Hilfe")}));
+    EXPECT_EQ(titles,
+        (QStringList { QStringLiteral("&Datei"), QStringLiteral("&CD"), QStringLiteral("&Suchen"),
+            QStringLiteral("&Druc&ken"), QStringLiteral("&Optionen"), QStringLiteral("&Hilfe") }));
     auto *corner = qobject_cast<QMenuBar *>(main->menuBar()->cornerWidget(Qt::TopRightCorner));
     ASSERT_NE(corner, nullptr);
     ASSERT_EQ(corner->actions().size(), 1);
@@ -89,15 +89,16 @@ TEST(Hauptfenster, MenuBarInItsOrderWithTheTrayEntryAtTheRightEnd)
     QStringList cdMenu;
     for (QAction *action : control<QMenu>(main, "mCD")->actions())
         cdMenu << (action->isSeparator() ? QStringLiteral("-") : action->objectName());
-    EXPECT_EQ(cdMenu, (QStringList{QStringLiteral("mnunewCD"), QStringLiteral("mnueditCD"), QStringLiteral("mnudeleteCD"),
-                                   QStringLiteral("-"), QStringLiteral("sortListe"), QStringLiteral("sortNummer")}));
+    EXPECT_EQ(cdMenu,
+        (QStringList { QStringLiteral("mnunewCD"), QStringLiteral("mnueditCD"), QStringLiteral("mnudeleteCD"),
+            QStringLiteral("-"), QStringLiteral("sortListe"), QStringLiteral("sortNummer") }));
     QStringList help;
     for (QAction *action : control<QMenu>(main, "help")->actions())
         help << (action->isSeparator() ? QStringLiteral("-") : action->text());
-    EXPECT_EQ(help, (QStringList{QStringLiteral("Hilf&e"), QStringLiteral("Support"), QStringLiteral("Wunschfunktion"),
-                                 QStringLiteral("-"), QStringLiteral("Nach Updates suchen"),
-                                 QStringLiteral("Ravelin Homepage"), QStringLiteral("-"),
-                                 QStringLiteral("Ü&ber Silberbuch...")}));
+    EXPECT_EQ(help,
+        (QStringList { QStringLiteral("Hilf&e"), QStringLiteral("Support"), QStringLiteral("Wunschfunktion"),
+            QStringLiteral("-"), QStringLiteral("Nach Updates suchen"), QStringLiteral("Ravelin Homepage"),
+            QStringLiteral("-"), QStringLiteral("Ü&ber Silberbuch...") }));
 }
 
 TEST(Hauptfenster, ToolbarKeysAndTabsCarryTheirTips)
@@ -110,8 +111,9 @@ TEST(Hauptfenster, ToolbarKeysAndTabsCarryTheirTips)
         keys << (action->isSeparator() ? QStringLiteral("|") : action->objectName());
     EXPECT_EQ(keys.join(QString()), QStringLiteral("a|cde|ghi|klm|o|q"));
     EXPECT_EQ(toolbar->findChild<QAction *>(QStringLiteral("k"))->toolTip(),
-              QStringLiteral("Für diese CD ein neues CD-Abbild erstellen"));
-    EXPECT_EQ(toolbar->findChild<QAction *>(QStringLiteral("q"))->toolTip(), QStringLiteral("Programm beenden"));
+        QStringLiteral("Für diese CD ein neues CD-Abbild erstellen"));
+    EXPECT_EQ(
+        toolbar->findChild<QAction *>(QStringLiteral("q"))->toolTip(), QStringLiteral("Programm beenden"));
 
     auto *tabs = control<QTabBar>(main, "TabStrip1");
     ASSERT_EQ(tabs->count(), 3);
@@ -143,9 +145,9 @@ TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
         const char *pane;
     };
     const Case cases[] = {
-        {"fresh profile", nullptr, nullptr, nullptr, QSize(816, 505), nullptr, "fr_1"},
-        {"narrow width is raised and rewritten", "9000", "8000", "3", QSize(707, 533), "10600", "fr_3"},
-        {"wide window", "15000", "9000", "2", QSize(1000, 600), "15000", "fr_2"},
+        { "fresh profile", nullptr, nullptr, nullptr, QSize(816, 505), nullptr, "fr_1" },
+        { "narrow width is raised and rewritten", "9000", "8000", "3", QSize(707, 533), "10600", "fr_3" },
+        { "wide window", "15000", "9000", "2", QSize(1000, 600), "15000", "fr_2" },
     };
     for (const Case &c : cases) {
         MainRun m;
@@ -159,7 +161,8 @@ TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
         EXPECT_EQ(m.paneShown(), QString::fromLatin1(c.pane)) << c.name;
         EXPECT_EQ(m.run.settings().contains(SettingKey::Breite), c.storedBreite != nullptr) << c.name;
         if (c.storedBreite) {
-            EXPECT_EQ(m.run.settings().value(SettingKey::Breite), QString::fromLatin1(c.storedBreite)) << c.name;
+            EXPECT_EQ(m.run.settings().value(SettingKey::Breite), QString::fromLatin1(c.storedBreite))
+                << c.name;
         }
     }
 }
@@ -229,12 +232,12 @@ TEST(Hauptfenster, CdListSplitterStaysWithinItsLimits)
     auto *splitter = control<QSplitter>(main, "splitterMain");
     // The list may grow until the tabs keep 8500 twips and the frame's allowance of the
     // window's outer width; the list starts 60 twips from the edge.
-    splitter->setSizes({1000, 100});
+    splitter->setSizes({ 1000, 100 });
     emit splitter->splitterMoved(1000, 1);
     const int outerTwips = main->frameGeometry().width() * 15;
     EXPECT_EQ(splitter->sizes()[0], (outerTwips - 8500 - 260 - 60) / 15);
     // A drag inside the range stays where it ended.
-    splitter->setSizes({400, 700});
+    splitter->setSizes({ 400, 700 });
     emit splitter->splitterMoved(400, 1);
     EXPECT_EQ(splitter->sizes()[0], 400);
 }
@@ -253,10 +256,10 @@ TEST(Hauptfenster, ImageTabTreeGetsThirtyOnePercent)
     // Below 2295 twips the print button under the tree has no room and goes.
     auto *splitter = control<QSplitter>(main, "Splitter1");
     auto *print = control<QWidget>(main, "Command7");
-    splitter->setSizes({140, 400});
+    splitter->setSizes({ 140, 400 });
     emit splitter->splitterMoved(140, 1);
     EXPECT_TRUE(print->isHidden());
-    splitter->setSizes({160, 380});
+    splitter->setSizes({ 160, 380 });
     emit splitter->splitterMoved(160, 1);
     EXPECT_FALSE(print->isHidden());
 }
@@ -340,7 +343,8 @@ TEST(Hauptfenster, WindowsNotYetThereDoNothingAndRegisteredOnesOpen)
 {
     MainRun m;
     Hauptfenster *main = m.show();
-    for (const char *entry : {"printt", "mnuImport", "mnuExport", "mnuoptionss", "mnuwunsch", "mnuUpdate", "about3"})
+    for (const char *entry :
+        { "printt", "mnuImport", "mnuExport", "mnuoptionss", "mnuwunsch", "mnuUpdate", "about3" })
         main->findChild<QAction *>(QString::fromLatin1(entry))->trigger();
     EXPECT_EQ(m.run.program().loadedCount(), 1);
     EXPECT_TRUE(m.run.prompts().shown().empty());

@@ -29,7 +29,8 @@ TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
 {
     DesktopRun run;
     auto archive = run.archive(QStringLiteral("Alle Meine CDs"));
-    archive->cd(1, QStringLiteral("Urlaub 2003"), QStringLiteral("Sta1|Fotos vom Gardasee|Videos|End1"), 1001);
+    archive->cd(
+        1, QStringLiteral("Urlaub 2003"), QStringLiteral("Sta1|Fotos vom Gardasee|Videos|End1"), 1001);
     archive->cd(2, QStringLiteral("Steuer 2002"), QStringLiteral("Sta1|Belege|Formulare|End1"));
     archive->cd(3, QStringLiteral("Musik – Sammlung"), QStringLiteral("Sta1|MP3|End1"));
     archive->cd(14, QStringLiteral("Treiber und Setup"), QStringLiteral("Sta1|Drucker|Grafikkarte|End1"));

@@ -83,14 +83,17 @@ TEST(Startup, LaterStartsFollowTheSettings)
     };
     const QString notice = minimizedStartNotice();
     const Case cases[] = {
-        {"asking, autoarchiv missing", nullptr, nullptr, {QStringLiteral("A"), QStringLiteral("B")}, "", "openarchiv", {}},
-        {"asking, autoarchiv 1", "1", "A", {QStringLiteral("A"), QStringLiteral("B")}, "", "openarchiv", {}},
-        {"automatic", "0", "B", {QStringLiteral("A"), QStringLiteral("B")}, "", "Hauptfenster", {}},
-        {"automatic, file gone", "0", "Weg", {QStringLiteral("A"), QStringLiteral("B")}, "", "openarchiv", {}},
-        {"asking with -minimized shows the notice", "1", "A", {QStringLiteral("A"), QStringLiteral("B")},
-         "-minimized", "openarchiv", {notice}},
-        {"a second argument is no -minimized start", "1", "A", {QStringLiteral("A"), QStringLiteral("B")},
-         "-minimized x", "openarchiv", {}},
+        { "asking, autoarchiv missing", nullptr, nullptr, { QStringLiteral("A"), QStringLiteral("B") }, "",
+            "openarchiv", {} },
+        { "asking, autoarchiv 1", "1", "A", { QStringLiteral("A"), QStringLiteral("B") }, "", "openarchiv",
+            {} },
+        { "automatic", "0", "B", { QStringLiteral("A"), QStringLiteral("B") }, "", "Hauptfenster", {} },
+        { "automatic, file gone", "0", "Weg", { QStringLiteral("A"), QStringLiteral("B") }, "", "openarchiv",
+            {} },
+        { "asking with -minimized shows the notice", "1", "A", { QStringLiteral("A"), QStringLiteral("B") },
+            "-minimized", "openarchiv", { notice } },
+        { "a second argument is no -minimized start", "1", "A", { QStringLiteral("A"), QStringLiteral("B") },
+            "-minimized x", "openarchiv", {} },
     };
     for (const Case &c : cases) {
         DesktopRun run(QString::fromLatin1(c.commandLine));
@@ -108,7 +111,8 @@ TEST(Startup, LaterStartsFollowTheSettings)
         EXPECT_EQ(run.prompts().messages(), c.messages) << c.name;
         if (QString::fromLatin1(c.window) == QLatin1String("Hauptfenster")) {
             EXPECT_EQ(run.session().archiveName, QString::fromLatin1(c.standard)) << c.name;
-            EXPECT_TRUE(run.form<Hauptfenster>()->windowTitle().endsWith(QStringLiteral("   |   Archiv: B"))) << c.name;
+            EXPECT_TRUE(run.form<Hauptfenster>()->windowTitle().endsWith(QStringLiteral("   |   Archiv: B")))
+                << c.name;
         }
     }
 }

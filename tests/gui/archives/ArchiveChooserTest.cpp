@@ -26,8 +26,7 @@ QStringList entries(QWidget *window)
     return names;
 }
 
-template<class T = QWidget>
-T *control(QWidget *window, const char *name)
+template <class T = QWidget> T *control(QWidget *window, const char *name)
 {
     T *found = window->findChild<T *>(QString::fromLatin1(name));
     EXPECT_NE(found, nullptr) << name;
@@ -50,7 +49,7 @@ TEST(openarchiv, SeveralArchivesSelectTheFirstAndWaitForTheUser)
     run.settle(20);
     ASSERT_NE(run.form<openarchiv>(), nullptr);
     EXPECT_EQ(chooser->windowTitle(), QStringLiteral("Öffnen eines Archives"));
-    EXPECT_EQ(entries(chooser), (QStringList{QStringLiteral("Backup"), QStringLiteral("Musik")}));
+    EXPECT_EQ(entries(chooser), (QStringList { QStringLiteral("Backup"), QStringLiteral("Musik") }));
     EXPECT_EQ(control<QLineEdit>(chooser, "Text1")->text(), QStringLiteral("Backup"));
     EXPECT_EQ(run.form<Hauptfenster>(), nullptr);
 }
@@ -78,10 +77,11 @@ TEST(openarchiv, OpenChecksTheTypedNameExactly)
         bool opens;
     };
     const Case cases[] = {
-        {"nothing chosen", "", -1, {QStringLiteral("Bitte wählen Sie ein Archiv aus der Liste aus!")}, false},
-        {"another case is not found", "musik", -1, {archiveNotFoundMessage()}, false},
-        {"unknown name", "Filme", -1, {archiveNotFoundMessage()}, false},
-        {"exact name opens", "Musik", -1, {}, true},
+        { "nothing chosen", "", -1, { QStringLiteral("Bitte wählen Sie ein Archiv aus der Liste aus!") },
+            false },
+        { "another case is not found", "musik", -1, { archiveNotFoundMessage() }, false },
+        { "unknown name", "Filme", -1, { archiveNotFoundMessage() }, false },
+        { "exact name opens", "Musik", -1, {}, true },
     };
     for (const Case &c : cases) {
         DesktopRun run;
@@ -128,7 +128,8 @@ TEST(openarchiv, NoArchiveAsksForAFirstOneAtOnce)
     run.program().show<openarchiv>();
     ASSERT_EQ(run.prompts().shown().size(), 1u);
     EXPECT_EQ(run.prompts().shown()[0].title, QStringLiteral("Neues Archiv erstellen"));
-    EXPECT_EQ(run.prompts().shown()[0].text, QStringLiteral("Bitte geben Sie einen Namen für das neue Archiv ein:"));
+    EXPECT_EQ(run.prompts().shown()[0].text,
+        QStringLiteral("Bitte geben Sie einen Namen für das neue Archiv ein:"));
     EXPECT_TRUE(archiveFile(run, QStringLiteral("Erstes")));
     ASSERT_NE(run.form<Hauptfenster>(), nullptr);
     EXPECT_TRUE(run.session().archiveChosen);
@@ -167,9 +168,9 @@ TEST(openarchiv, DeleteByPopupKeepsTheNameTakenUntilReopened)
     run.prompts().answerMessage(Prompts::Answer::Yes);
     chooser->mdelete_Click();
     EXPECT_EQ(run.prompts().messages(),
-              QStringList{QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?")});
+        QStringList { QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?") });
     EXPECT_FALSE(archiveFile(run, QStringLiteral("Alt")));
-    EXPECT_EQ(entries(chooser), QStringList{QStringLiteral("Neu")});
+    EXPECT_EQ(entries(chooser), QStringList { QStringLiteral("Neu") });
     EXPECT_TRUE(control<QLineEdit>(chooser, "Text1")->text().isEmpty());
 
     // The deleted name is still taken for a new archive; the second answer, empty, ends it.
@@ -177,7 +178,8 @@ TEST(openarchiv, DeleteByPopupKeepsTheNameTakenUntilReopened)
     run.prompts().answerInput(QStringLiteral("Alt"));
     run.prompts().answerInput(QString());
     chooser->Command2_Click();
-    EXPECT_EQ(run.prompts().messages(), QStringList{ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alt"))});
+    EXPECT_EQ(run.prompts().messages(),
+        QStringList { ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alt")) });
     EXPECT_FALSE(archiveFile(run, QStringLiteral("Alt")));
 }
 
@@ -194,7 +196,7 @@ TEST(openarchiv, DeletingAnArchiveWhoseFileIsGoneStillRemovesTheEntry)
     ASSERT_EQ(run.prompts().shown().size(), 2u);
     EXPECT_EQ(run.prompts().shown()[1].icon, Prompts::Icon::Critical);
     EXPECT_TRUE(run.prompts().shown()[1].text.startsWith(QStringLiteral("Fehler: Die Datenbankdatei")));
-    EXPECT_EQ(entries(chooser), QStringList{QStringLiteral("A")});
+    EXPECT_EQ(entries(chooser), QStringList { QStringLiteral("A") });
 }
 
 TEST(openarchiv, DefaultArchiveNeedsASelection)
@@ -213,12 +215,13 @@ TEST(openarchiv, DefaultArchiveNeedsASelection)
     control<QListWidget>(chooser, "List1")->setCurrentRow(1);
     chooser->Command5_Click();
     EXPECT_EQ(run.settings().value(SettingKey::Standard), QStringLiteral("B"));
-    EXPECT_TRUE(run.prompts().messages().last().startsWith(QStringLiteral("Archiv B wurde als Standard festgelegt.")));
+    EXPECT_TRUE(run.prompts().messages().last().startsWith(
+        QStringLiteral("Archiv B wurde als Standard festgelegt.")));
 }
 
 TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChanging)
 {
-    for (const bool changing : {false, true}) {
+    for (const bool changing : { false, true }) {
         DesktopRun run;
         run.archive(QStringLiteral("A"));
         run.archive(QStringLiteral("B"));
@@ -261,9 +264,10 @@ TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
         const char *autoarchiv;
     };
     const Case cases[] = {
-        {"preset name, open automatically", "Alle Meine CDs", true, "Alle Meine CDs", "Alle Meine CDs", "0"},
-        {"empty name becomes default", "", true, "default", "", "0"},
-        {"let the user choose", "Musik", false, "Musik", nullptr, "1"},
+        { "preset name, open automatically", "Alle Meine CDs", true, "Alle Meine CDs", "Alle Meine CDs",
+            "0" },
+        { "empty name becomes default", "", true, "default", "", "0" },
+        { "let the user choose", "Musik", false, "Musik", nullptr, "1" },
     };
     for (const Case &c : cases) {
         DesktopRun run;
@@ -294,8 +298,10 @@ TEST(Form4, TakenNameAsksAgainAndTheTextBoxBecomesTheDefault)
     form->Command1_Click();
     run.settle();
     ASSERT_EQ(run.prompts().shown().size(), 2u);
-    EXPECT_EQ(run.prompts().shown()[0].text, ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alle Meine CDs")));
-    EXPECT_EQ(run.prompts().shown()[1].text, QStringLiteral("Bitte geben Sie einen Namen für das neue Archives ein:"));
+    EXPECT_EQ(run.prompts().shown()[0].text,
+        ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alle Meine CDs")));
+    EXPECT_EQ(run.prompts().shown()[1].text,
+        QStringLiteral("Bitte geben Sie einen Namen für das neue Archives ein:"));
     EXPECT_TRUE(archiveFile(run, QStringLiteral("default")));
     EXPECT_EQ(run.session().archiveName, QStringLiteral("default"));
     // The text box, not the name used, names the default archive.

@@ -35,7 +35,7 @@ TEST(CdDetailView, ShowsTheHeadCommentsAndCounts)
     EXPECT_EQ(m.text("Text2"), QStringLiteral("Abc"));
     EXPECT_EQ(m.text("Label8"), QStringLiteral("7"));
     EXPECT_EQ(m.text("lblsn"), QStringLiteral("1001"));
-    EXPECT_EQ(m.entries("List1"), (QStringList{QStringLiteral("eins"), QStringLiteral("zwei")}));
+    EXPECT_EQ(m.entries("List1"), (QStringList { QStringLiteral("eins"), QStringLiteral("zwei") }));
     // Nine file lines, the ZIP's closing row among them; five folder lines less the root.
     EXPECT_EQ(m.text("lblDateien"), QStringLiteral("9"));
     EXPECT_EQ(m.text("lblOrdner"), QStringLiteral("4"));
@@ -55,12 +55,12 @@ TEST(CdDetailView, CommentFramesAloneShowNoComment)
     m.archive->cd(21, QStringLiteral("ohne"), QStringLiteral("nichts"));
     m.archive->cd(22, QStringLiteral("bearbeitet"), QStringLiteral("Sta1||End1"));
     m.show();
-    for (const int number : {20, 21}) {
+    for (const int number : { 20, 21 }) {
         m.select(number);
         EXPECT_TRUE(m.entries("List1").isEmpty()) << number;
     }
     m.select(22);
-    EXPECT_EQ(m.entries("List1"), QStringList{QString()});
+    EXPECT_EQ(m.entries("List1"), QStringList { QString() });
 }
 
 TEST(CdDetailView, MissingImageFileActsAsNoImageAndKeepsTheCounts)
@@ -75,7 +75,7 @@ TEST(CdDetailView, MissingImageFileActsAsNoImageAndKeepsTheCounts)
     EXPECT_EQ(m.text("lblDateien"), QStringLiteral("9")) << "the counts of the CD before";
     m.run.prompts().clear();
     m.showTab(2);
-    EXPECT_EQ(m.run.prompts().messages(), QStringList{QStringLiteral("Kein CD Abbild vorhanden!")});
+    EXPECT_EQ(m.run.prompts().messages(), QStringList { QStringLiteral("Kein CD Abbild vorhanden!") });
     EXPECT_EQ(m.paneShown(), QStringLiteral("fr_1"));
 }
 

@@ -10,12 +10,14 @@ TEST(CdList, AlphabeticalSortWidensTheGapAndNumericOrderRestoresIt)
     m.archive->cd(5, QStringLiteral("apfel"));
     m.archive->cd(9, QStringLiteral("Birne"));
     Hauptfenster *main = m.show();
-    EXPECT_EQ(m.entries(), (QStringList{QStringLiteral("3 birne"), QStringLiteral("5 apfel"), QStringLiteral("7 Abc"),
-                                        QStringLiteral("9 Birne"), QStringLiteral("12 Zebra")}));
+    EXPECT_EQ(m.entries(),
+        (QStringList { QStringLiteral("3 birne"), QStringLiteral("5 apfel"), QStringLiteral("7 Abc"),
+            QStringLiteral("9 Birne"), QStringLiteral("12 Zebra") }));
     main->sortListe_Click();
     // Binary order: capitals before small letters.
-    EXPECT_EQ(m.entries(), (QStringList{QStringLiteral("7  Abc"), QStringLiteral("9  Birne"), QStringLiteral("12  Zebra"),
-                                        QStringLiteral("5  apfel"), QStringLiteral("3  birne")}));
+    EXPECT_EQ(m.entries(),
+        (QStringList { QStringLiteral("7  Abc"), QStringLiteral("9  Birne"), QStringLiteral("12  Zebra"),
+            QStringLiteral("5  apfel"), QStringLiteral("3  birne") }));
     EXPECT_TRUE(m.run.session().listSorted);
     main->sortListe_Click();
     EXPECT_EQ(m.entries().first(), QStringLiteral("7   Abc"));
@@ -64,10 +66,11 @@ TEST(CdList, DeleteAsksRemovesTheEntryAndKeepsTheDisplay)
     m.run.prompts().clear();
     m.run.prompts().answerMessage(Prompts::Answer::Yes);
     main->mnudeleteCD_Click();
-    EXPECT_EQ(m.run.prompts().messages(), (QStringList{QStringLiteral("Wollen Sie die CD (Nummer: 7) wirklich löschen?"),
-                                                       QStringLiteral("CD wurde aus dem Archiv entfernt!")}));
+    EXPECT_EQ(m.run.prompts().messages(),
+        (QStringList { QStringLiteral("Wollen Sie die CD (Nummer: 7) wirklich löschen?"),
+            QStringLiteral("CD wurde aus dem Archiv entfernt!") }));
     EXPECT_EQ(m.run.prompts().shown()[1].icon, Prompts::Icon::Information);
-    EXPECT_EQ(m.entries(), (QStringList{QStringLiteral("3 birne"), QStringLiteral("12 Zebra")}));
+    EXPECT_EQ(m.entries(), (QStringList { QStringLiteral("3 birne"), QStringLiteral("12 Zebra") }));
     EXPECT_EQ(m.text("Label9"), QStringLiteral("2"));
     EXPECT_EQ(m.list()->currentRow(), -1);
     EXPECT_TRUE(m.entries("List1").isEmpty());
@@ -89,7 +92,7 @@ TEST(CdList, DeleteWithoutSelectionRefuses)
 
 TEST(CdList, RowGoneMeanwhileIsReportedFromTheMenuOnly)
 {
-    for (const bool fromToolbar : {false, true}) {
+    for (const bool fromToolbar : { false, true }) {
         MainWindowRun m;
         Hauptfenster *main = m.show();
         m.select(12);

@@ -31,8 +31,7 @@ struct MainWindowRun
         return main;
     }
 
-    template<class T = QWidget>
-    T *control(const char *name) const
+    template <class T = QWidget> T *control(const char *name) const
     {
         T *found = main->findChild<T *>(QString::fromLatin1(name));
         EXPECT_NE(found, nullptr) << name;

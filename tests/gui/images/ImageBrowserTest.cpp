@@ -104,18 +104,21 @@ protected:
 TEST_F(ImageBrowserTest, TreeShowsTheFoldersWithTheTitleAtTheRoot)
 {
     load();
-    QAbstractItemModelTester tester(m_browser.treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester tester(
+        m_browser.treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     EXPECT_EQ(m_browser.firstNodeText(), QStringLiteral("Meine CD (x:)"));
-    const QModelIndex root = node({QStringLiteral("Meine CD (x:)")});
+    const QModelIndex root = node({ QStringLiteral("Meine CD (x:)") });
     ASSERT_EQ(m_tree->model()->rowCount(root), 2);
-    EXPECT_EQ(node({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip")})
+    EXPECT_EQ(node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") })
                   .data(ImageTreeModel::KeyRole)
                   .toByteArray(),
-              QByteArray("x:\\Bilder\\alt.zip"));
-    EXPECT_TRUE(node({QStringLiteral("Meine CD (x:)"), QStringLiteral("Setup"), QStringLiteral("daten.rar")}).isValid());
+        QByteArray("x:\\Bilder\\alt.zip"));
+    EXPECT_TRUE(
+        node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Setup"), QStringLiteral("daten.rar") })
+            .isValid());
 
     m_browser.Command5_Click();
-    EXPECT_TRUE(m_tree->isExpanded(node({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder")})));
+    EXPECT_TRUE(m_tree->isExpanded(node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") })));
     m_browser.Command6_Click();
     EXPECT_FALSE(m_tree->isExpanded(root));
 }
@@ -123,35 +126,39 @@ TEST_F(ImageBrowserTest, TreeShowsTheFoldersWithTheTitleAtTheRoot)
 TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
 {
     load();
-    QAbstractItemModelTester tester(m_browser.listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester tester(
+        m_browser.listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     m_browser.show_folder("Meine CD (x:):");
     EXPECT_TRUE(column(0).isEmpty()) << "the root's text with a colon matches no line";
 
-    click({QStringLiteral("Meine CD (x:)")});
-    EXPECT_EQ(column(0), QStringList{QStringLiteral("liesmich.txt")});
+    click({ QStringLiteral("Meine CD (x:)") });
+    EXPECT_EQ(column(0), QStringList { QStringLiteral("liesmich.txt") });
     EXPECT_EQ(m_run.session().currentFolder, QStringLiteral("x:"));
 
-    click({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder")});
-    EXPECT_EQ(column(0), (QStringList{QStringLiteral("haus.jpg"), QStringLiteral("garten.jpg")}));
-    EXPECT_EQ(column(1), (QStringList{QStringLiteral("482113"), QStringLiteral("501772")}));
-    EXPECT_EQ(column(2), (QStringList{QStringLiteral("28.07.2002 18:02:44"), QStringLiteral("28.07.2002 18:02:50")}));
+    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") });
+    EXPECT_EQ(column(0), (QStringList { QStringLiteral("haus.jpg"), QStringLiteral("garten.jpg") }));
+    EXPECT_EQ(column(1), (QStringList { QStringLiteral("482113"), QStringLiteral("501772") }));
+    EXPECT_EQ(column(2),
+        (QStringList { QStringLiteral("28.07.2002 18:02:44"), QStringLiteral("28.07.2002 18:02:50") }));
 
-    click({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip")});
-    EXPECT_EQ(column(0), (QStringList{QStringLiteral("2001/haus.jpg"), QStringLiteral("2001/garten.jpg"), QString()}));
+    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") });
+    EXPECT_EQ(column(0),
+        (QStringList { QStringLiteral("2001/haus.jpg"), QStringLiteral("2001/garten.jpg"), QString() }));
     EXPECT_EQ(m_browser.listModel()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Dateien"));
     EXPECT_EQ(m_browser.listModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Größe"));
-    EXPECT_EQ(m_browser.listModel()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Zuletzt geändert"));
+    EXPECT_EQ(
+        m_browser.listModel()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Zuletzt geändert"));
 }
 
 TEST_F(ImageBrowserTest, AChangedImageFileIsReadAgain)
 {
     load();
-    click({QStringLiteral("Meine CD (x:)")});
+    click({ QStringLiteral("Meine CD (x:)") });
     std::string changed = imageOnX();
     changed.insert(changed.find("\r\n") + 2, "x:\\neu.txt|5|01.01.2004\r\n");
     m_run.image(1001, changed);
-    click({QStringLiteral("Meine CD (x:)")});
-    EXPECT_EQ(column(0), (QStringList{QStringLiteral("neu.txt"), QStringLiteral("liesmich.txt")}));
+    click({ QStringLiteral("Meine CD (x:)") });
+    EXPECT_EQ(column(0), (QStringList { QStringLiteral("neu.txt"), QStringLiteral("liesmich.txt") }));
 }
 
 TEST_F(ImageBrowserTest, PicturesByTypeOrTheOneStandardPicture)
@@ -162,7 +169,7 @@ TEST_F(ImageBrowserTest, PicturesByTypeOrTheOneStandardPicture)
          "x:\\b.jpg|3|c\r\n"
          "x:\\lied2.mp3|4|d\r\n"
          "x:\\c.txt|5|e\r\n");
-    click({QStringLiteral("Meine CD (x:)")});
+    click({ QStringLiteral("Meine CD (x:)") });
     // lied2.mp3 has the picture of the row before it, c.txt that of a.txt.
     EXPECT_EQ(iconKey(3), iconKey(2));
     EXPECT_EQ(iconKey(4), iconKey(1));
@@ -194,10 +201,8 @@ TEST_F(ImageBrowserTest, PopupSwitchesBetweenTheFourViews)
         const char *entry;
         FileListView::View view;
         bool details;
-    } cases[] = {{"mnug1", FileListView::LargeIcons, false},
-                 {"mnug2", FileListView::SmallIcons, false},
-                 {"mnug3", FileListView::List, false},
-                 {"mnug4", FileListView::Details, true}};
+    } cases[] = { { "mnug1", FileListView::LargeIcons, false }, { "mnug2", FileListView::SmallIcons, false },
+        { "mnug3", FileListView::List, false }, { "mnug4", FileListView::Details, true } };
     EXPECT_EQ(m_list->view(), FileListView::Details);
     for (const auto &c : cases) {
         m_window.findChild<QAction *>(QString::fromLatin1(c.entry))->trigger();
@@ -216,14 +221,16 @@ TEST_F(ImageBrowserTest, ColumnClickSortsAsTextAndTurnsTheOrderAtEachClick)
          "x:\\b.txt|9|03.01.2003\r\n"
          "x:\\a.txt|10|01.01.2003\r\n"
          "x:\\C.txt|100|02.01.2003\r\n");
-    click({QStringLiteral("Meine CD (x:)")});
-    EXPECT_EQ(column(0), (QStringList{QStringLiteral("b.txt"), QStringLiteral("a.txt"), QStringLiteral("C.txt")}));
+    click({ QStringLiteral("Meine CD (x:)") });
+    EXPECT_EQ(column(0),
+        (QStringList { QStringLiteral("b.txt"), QStringLiteral("a.txt"), QStringLiteral("C.txt") }));
     m_browser.ColumnClick(1);
-    EXPECT_EQ(column(1), (QStringList{QStringLiteral("10"), QStringLiteral("100"), QStringLiteral("9")}));
+    EXPECT_EQ(column(1), (QStringList { QStringLiteral("10"), QStringLiteral("100"), QStringLiteral("9") }));
     m_browser.ColumnClick(0);
-    EXPECT_EQ(column(0), (QStringList{QStringLiteral("C.txt"), QStringLiteral("b.txt"), QStringLiteral("a.txt")}));
+    EXPECT_EQ(column(0),
+        (QStringList { QStringLiteral("C.txt"), QStringLiteral("b.txt"), QStringLiteral("a.txt") }));
     // Another folder keeps the order.
-    click({QStringLiteral("Meine CD (x:)")});
+    click({ QStringLiteral("Meine CD (x:)") });
     EXPECT_EQ(column(0).first(), QStringLiteral("C.txt"));
 }
 
@@ -236,7 +243,7 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
     ASSERT_TRUE(drives.addFolder(QStringLiteral("x:"), medium).ok());
     load();
 
-    click({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder")});
+    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") });
     selectRow(QStringLiteral("haus.jpg"));
     m_browser.ItemDblClick();
     ASSERT_EQ(m_run.opened().size(), 1);
@@ -245,15 +252,17 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
     selectRow(QStringLiteral("garten.jpg"));
     m_browser.ItemDblClick();
     EXPECT_EQ(m_run.prompts().messages(),
-              QStringList{QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei x:\\Bilder\\garten.jpg vorhanden ist!")});
+        QStringList { QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei "
+                                     "x:\\Bilder\\garten.jpg vorhanden ist!") });
 
     // An entry of a ZIP file: the ZIP itself is what is opened.
     m_run.prompts().clear();
-    click({QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip")});
+    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") });
     selectRow(QStringLiteral("2001/haus.jpg"));
     m_browser.ItemDblClick();
     EXPECT_EQ(m_run.prompts().messages(),
-              QStringList{QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei x:\\Bilder\\alt.zip vorhanden ist!")});
+        QStringList { QStringLiteral(
+            "Bitte legen Sie den Datenträger ein, auf dem die Datei x:\\Bilder\\alt.zip vorhanden ist!") });
     QFile(medium + QStringLiteral("/Bilder/alt.zip")).open(QIODevice::WriteOnly);
     m_browser.ItemDblClick();
     EXPECT_EQ(m_run.opened().last(), QUrl::fromLocalFile(medium + QStringLiteral("/Bilder/alt.zip")));
@@ -262,7 +271,7 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
 TEST_F(ImageBrowserTest, DoubleClickWithNothingSelectedDoesNothing)
 {
     load();
-    click({QStringLiteral("Meine CD (x:)")});
+    click({ QStringLiteral("Meine CD (x:)") });
     m_browser.ItemDblClick();
     EXPECT_TRUE(m_run.prompts().shown().empty());
     EXPECT_TRUE(m_run.opened().isEmpty());
