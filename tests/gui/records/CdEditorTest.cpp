@@ -650,6 +650,31 @@ TEST_F(CdEditorTest, EnteridWithZeroChangesNothing)
     EXPECT_EQ(m_catalog.store().selectByNumber(1).value.imageId, -1408263712);
 }
 
+TEST_F(CdEditorTest, ChangeCdTakesTheIdOfItsCapture)
+{
+    const QString volume = m_catalog.scratch(QStringLiteral("neu"));
+    TreeBuilder(volume).file(QStringLiteral("a.txt"), 1, 1044057600);
+    DriveTable table(m_catalog.settings());
+    const Drive drive = table.driveForFolder(volume);
+    const int32_t id = table.getSerial(drive);
+    m_catalog.archive().cd(6, QStringLiteral("Sechs"), QStringLiteral("Sta1|End1"), 5);
+
+    CdEditor *editor = openChange(6);
+    control<QPushButton>(editor, "Command2")->click();
+    EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("3"));
+    auto *capture = editor->findChild<abbild *>();
+    ASSERT_NE(capture, nullptr);
+    ASSERT_TRUE(control<DriveListBox>(capture, "Drive1")->selectDrive(drive.letter));
+    QSignalSpy ended(capture, &abbild::captureEnded);
+    control<QPushButton>(capture, "aufnahhme")->click();
+    ASSERT_TRUE(ended.wait(20000));
+    EXPECT_EQ(
+        control<QLabel>(editor, "Label3")->text(), QStringLiteral("Vorhanden! ID: ") + QString::number(id));
+    EXPECT_EQ(m_catalog.store().selectByNumber(6).value.imageId, 5); // not before saving
+    control<QPushButton>(editor, "Command3")->click();
+    EXPECT_EQ(m_catalog.store().selectByNumber(6).value.imageId, id);
+}
+
 TEST_F(CdEditorTest, CancelSavesNothingAndShowsTheMainWindow)
 {
     m_catalog.archive().row(
