@@ -99,93 +99,127 @@ bool ImageIndex::isCurrent() const
     return stateOf(m_path) == m_state;
 }
 
-void ImageIndex::index()
+struct ImageIndex::Indexing
 {
-    const char *const begin = m_bytes->data();
+    explicit Indexing(ImageIndex &image)
+        : image(image)
+        , begin(image.m_bytes->data())
+    {
+    }
 
-    std::unordered_map<std::string_view, int32_t> nodeOf;
-    bool treeOpen = true;
-
-    // The run being extended: its group, and where its last line ended. Any line that is not
-    // a file line of that folder closes it.
-    std::string_view runFolder;
-    uint32_t runGroup = 0;
-    bool haveGroup = false;
-    bool runOpen = false;
-    const auto closeRun = [&](const char *at) {
-        if (runOpen)
-            m_runs[static_cast<size_t>(m_groups[runGroup].last)].end = static_cast<uint64_t>(at - begin);
-        runOpen = false;
-    };
-
-    linescanner::forEachLine(begin, m_bytes->size(), [&](std::string_view line, size_t lastBackslash) {
+    // Any line that is not a file line of the run's folder: it ends the run, and starts a
+    // new one when it is a file line.
+    void line(std::string_view line, size_t lastBackslash)
+    {
         if (line.empty()) {
             closeRun(line.data());
             return;
         }
         if (line.front() == '>') {
             closeRun(line.data());
-            ++m_folderLines;
+            ++image.m_folderLines;
             if (treeOpen)
-                treeOpen = addFolder(line, nodeOf);
+                treeOpen = addFolder(line);
             return;
         }
-
-        ++m_fileLines;
         const std::string_view folder
             = lastBackslash == std::string_view::npos ? std::string_view() : line.substr(0, lastBackslash);
+        // A file in the root without "|" is where the tree loader stops.
         if (treeOpen && folder.size() == 2 && line.find('|') == std::string_view::npos)
             treeOpen = false;
         if (runOpen && folder == runFolder) {
-            ++m_groups[runGroup].lines;
+            ++runLines;
             return;
         }
         closeRun(line.data());
         if (!haveGroup || folder != runFolder) {
-            const auto [it, added] = m_groupOf.emplace(folder, static_cast<uint32_t>(m_groups.size()));
+            const auto [it, added]
+                = image.m_groupOf.emplace(folder, static_cast<uint32_t>(image.m_groups.size()));
             if (added)
-                m_groups.emplace_back();
+                image.m_groups.emplace_back();
             runGroup = it->second;
             runFolder = folder;
             haveGroup = true;
         }
-        Group &group = m_groups[runGroup];
-        const auto run = static_cast<int32_t>(m_runs.size());
-        m_runs.push_back({ static_cast<uint64_t>(line.data() - begin), 0, -1 });
+        Group &group = image.m_groups[runGroup];
+        const auto run = static_cast<int32_t>(image.m_runs.size());
+        image.m_runs.push_back({ static_cast<uint64_t>(line.data() - begin), 0, -1 });
         if (group.last >= 0)
-            m_runs[static_cast<size_t>(group.last)].next = run;
+            image.m_runs[static_cast<size_t>(group.last)].next = run;
         else
             group.first = run;
         group.last = run;
-        ++group.lines;
+        runLines = 1;
         runOpen = true;
-    });
-    closeRun(begin + m_bytes->size());
-}
-
-bool ImageIndex::addFolder(std::string_view line, std::unordered_map<std::string_view, int32_t> &nodeOf)
-{
-    Folder folder;
-    folder.key = imageline::folderKey(line);
-    folder.text = imageline::nodeText(line);
-    if (!imageline::isRoot(line)) {
-        // Depth first, the parent is mostly the folder before or one of its ancestors.
-        const std::string_view parentKey = imageline::parentKey(line);
-        int32_t parent = static_cast<int32_t>(m_folders.size()) - 1;
-        while (parent >= 0 && m_folders[static_cast<size_t>(parent)].key != parentKey)
-            parent = m_folders[static_cast<size_t>(parent)].parent;
-        if (parent < 0) {
-            const auto found = nodeOf.find(parentKey);
-            if (found == nodeOf.end())
-                return false;
-            parent = found->second;
-        }
-        folder.parent = parent;
     }
-    if (!nodeOf.emplace(folder.key, static_cast<int32_t>(m_folders.size())).second)
-        return false;
-    m_folders.push_back(folder);
-    return true;
+
+    void closeRun(const char *at)
+    {
+        if (!runOpen)
+            return;
+        Group &group = image.m_groups[runGroup];
+        image.m_runs[static_cast<size_t>(group.last)].end = static_cast<uint64_t>(at - begin);
+        group.lines += runLines;
+        image.m_fileLines += runLines;
+        runOpen = false;
+    }
+
+    // Adds a folder line to the tree; false when the tree cannot take it.
+    bool addFolder(std::string_view line)
+    {
+        Folder folder;
+        folder.key = imageline::folderKey(line);
+        folder.text = imageline::nodeText(line);
+        std::vector<Folder> &folders = image.m_folders;
+        if (!imageline::isRoot(line)) {
+            // Depth first, the parent is mostly the folder before or one of its ancestors.
+            const std::string_view parentKey = imageline::parentKey(line);
+            int32_t parent = static_cast<int32_t>(folders.size()) - 1;
+            while (parent >= 0 && folders[static_cast<size_t>(parent)].key != parentKey)
+                parent = folders[static_cast<size_t>(parent)].parent;
+            if (parent < 0) {
+                const auto found = nodeOf.find(parentKey);
+                if (found == nodeOf.end())
+                    return false;
+                parent = found->second;
+            }
+            folder.parent = parent;
+        }
+        if (!nodeOf.emplace(folder.key, static_cast<int32_t>(folders.size())).second)
+            return false;
+        folders.push_back(folder);
+        return true;
+    }
+
+    ImageIndex &image;
+    const char *begin;
+    std::unordered_map<std::string_view, int32_t> nodeOf;
+    bool treeOpen = true;
+    // The run being extended: consecutive file lines of one folder.
+    std::string_view runFolder;
+    uint32_t runGroup = 0;
+    uint32_t runLines = 0;
+    bool haveGroup = false;
+    bool runOpen = false;
+};
+
+void ImageIndex::index()
+{
+    Indexing indexing(*this);
+    linescanner::forEachLine(
+        m_bytes->data(), m_bytes->size(), [&indexing](std::string_view line, size_t lastBackslash) {
+            // Most lines are files in the folder of the line before: they only lengthen the run.
+            // Root files go the long way while the tree may still stop at one of them.
+            const std::string_view folder = indexing.runFolder;
+            if (indexing.runOpen && lastBackslash == folder.size()
+                && !(indexing.treeOpen && folder.size() == 2) && line.front() != '>'
+                && std::memcmp(line.data(), folder.data(), folder.size()) == 0) {
+                ++indexing.runLines;
+                return;
+            }
+            indexing.line(line, lastBackslash);
+        });
+    indexing.closeRun(m_bytes->data() + m_bytes->size());
 }
 
 ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons) const

@@ -107,8 +107,10 @@ private:
 
     ImageIndex() = default;
     void index();
-    // Adds a folder line to the tree; false when the tree cannot take it.
-    bool addFolder(std::string_view line, std::unordered_map<std::string_view, int32_t> &nodeOf);
+
+    // The state of the one pass that builds the index.
+    struct Indexing;
+    friend struct Indexing;
 
     QString m_path;
     bool m_loaded = false;
