@@ -136,7 +136,8 @@ void plainRead(const QString &path)
 
 void writeImage(const QString &path)
 {
-    const std::string image = ImageGenerator(1000000).generate();
+    // With the closing empty line the file holds one million lines.
+    const std::string image = ImageGenerator(1000000 - 1).generate();
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(path));

@@ -5,10 +5,14 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <condition_variable>
 #include <cstring>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <unordered_set>
 
@@ -22,21 +26,68 @@ std::string_view tableType(std::string_view fullPath)
     return imageline::fileType(fullPath);
 }
 
-bool readWhole(int fd, char *into, size_t size)
-{
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t got = ::read(fd, into + done, size - done);
-        if (got <= 0)
-            return false;
-        done += static_cast<size_t>(got);
-    }
-    return true;
-}
-
 constexpr size_t hugePage = size_t(2) << 20;
 
 } // namespace
+
+// Block by block, so that indexing follows the read closely.
+class ImageIndex::BackgroundRead
+{
+public:
+    struct Progress
+    {
+        size_t arrived = 0;
+        bool ended = false;
+    };
+
+    BackgroundRead(int fd, char *into, size_t size)
+        : m_thread([this, fd, into, size] { run(fd, into, size); })
+    {
+    }
+
+    ~BackgroundRead() { m_thread.join(); }
+
+    BackgroundRead(const BackgroundRead &) = delete;
+    BackgroundRead &operator=(const BackgroundRead &) = delete;
+
+    // Waits until more than `seen` bytes have arrived, or the read has ended.
+    Progress waitBeyond(size_t seen)
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_progress.arrived > seen || m_progress.ended; });
+        return m_progress;
+    }
+
+private:
+    static constexpr size_t block = size_t(4) << 20;
+
+    void run(int fd, char *into, size_t size)
+    {
+        size_t done = 0;
+        while (done < size) {
+            const ssize_t got = ::read(fd, into + done, std::min(block, size - done));
+            if (got <= 0)
+                break;
+            done += static_cast<size_t>(got);
+            publish(done, false);
+        }
+        publish(done, true);
+    }
+
+    void publish(size_t arrived, bool ended)
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_progress = { arrived, ended };
+        }
+        m_changed.notify_one();
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    Progress m_progress;
+    std::thread m_thread;
+};
 
 ImageIndex::Buffer::Buffer(size_t size)
     : m_size(size)
@@ -84,14 +135,19 @@ std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
                 + static_cast<int64_t>(info.st_mtim.tv_nsec) };
         const auto size = static_cast<size_t>(info.st_size);
         image->m_bytes = std::make_unique<Buffer>(size);
-        image->m_loaded = image->m_bytes->size() == size && readWhole(fd, image->m_bytes->data(), size);
+        if (image->m_bytes->size() == size) {
+            BackgroundRead reading(fd, image->m_bytes->data(), size);
+            image->m_loaded = image->index(reading);
+        }
     }
     ::close(fd);
     if (image->m_loaded)
-        image->index();
-    else
-        image->m_bytes.reset();
-    return image;
+        return image;
+    // A file that could not be read whole gives an empty index, not part of one.
+    std::shared_ptr<ImageIndex> empty(new ImageIndex);
+    empty->m_path = path;
+    empty->m_state = image->m_state;
+    return empty;
 }
 
 bool ImageIndex::isCurrent() const
@@ -203,23 +259,35 @@ struct ImageIndex::Indexing
     bool runOpen = false;
 };
 
-void ImageIndex::index()
+bool ImageIndex::index(BackgroundRead &reading)
 {
     Indexing indexing(*this);
-    linescanner::forEachLine(
-        m_bytes->data(), m_bytes->size(), [&indexing](std::string_view line, size_t lastBackslash) {
-            // Most lines are files in the folder of the line before: they only lengthen the run.
-            // Root files go the long way while the tree may still stop at one of them.
-            const std::string_view folder = indexing.runFolder;
-            if (indexing.runOpen && lastBackslash == folder.size()
-                && !(indexing.treeOpen && folder.size() == 2) && line.front() != '>'
-                && std::memcmp(line.data(), folder.data(), folder.size()) == 0) {
-                ++indexing.runLines;
-                return;
-            }
-            indexing.line(line, lastBackslash);
-        });
-    indexing.closeRun(m_bytes->data() + m_bytes->size());
+    const auto onLine = [&indexing](std::string_view line, size_t lastBackslash) {
+        // Most lines are files in the folder of the line before: they only lengthen the run.
+        // Root files go the long way while the tree may still stop at one of them.
+        const std::string_view folder = indexing.runFolder;
+        if (indexing.runOpen && lastBackslash == folder.size() && !(indexing.treeOpen && folder.size() == 2)
+            && line.front() != '>' && std::memcmp(line.data(), folder.data(), folder.size()) == 0) {
+            ++indexing.runLines;
+            return;
+        }
+        indexing.line(line, lastBackslash);
+    };
+
+    const char *const data = m_bytes->data();
+    size_t indexed = 0;
+    BackgroundRead::Progress progress;
+    do {
+        progress = reading.waitBeyond(progress.arrived);
+        const size_t cut
+            = progress.ended ? progress.arrived : linescanner::lastLineEnd(data, indexed, progress.arrived);
+        if (cut > indexed) {
+            linescanner::forEachLine(data + indexed, cut - indexed, onLine);
+            indexed = cut;
+        }
+    } while (!progress.ended);
+    indexing.closeRun(data + indexed);
+    return progress.arrived == m_bytes->size();
 }
 
 ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons) const

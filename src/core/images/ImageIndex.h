@@ -106,7 +106,10 @@ private:
     };
 
     ImageIndex() = default;
-    void index();
+    // Reads the file on a thread of its own while the lines that have arrived are indexed.
+    class BackgroundRead;
+    // Indexes the lines as the read delivers them; false when the file could not be read whole.
+    bool index(BackgroundRead &reading);
 
     // The state of the one pass that builds the index.
     struct Indexing;

@@ -80,4 +80,20 @@ template <typename OnLine> void forEachLine(const char *data, size_t size, OnLin
     }
 }
 
+// The end of the last line within [from, to) whose end is certain: behind a CR and the LF
+// after it. A CR in the last byte could still be followed by an LF, so it doesn't count.
+// `from` when there is none. For data that arrives piece by piece.
+inline size_t lastLineEnd(const char *data, size_t from, size_t to)
+{
+    if (to - from < 2)
+        return from;
+    const void *cr = ::memrchr(data + from, '\r', to - 1 - from);
+    if (!cr)
+        return from;
+    size_t end = static_cast<size_t>(static_cast<const char *>(cr) - data) + 1;
+    if (data[end] == '\n')
+        ++end;
+    return end;
+}
+
 } // namespace linescanner

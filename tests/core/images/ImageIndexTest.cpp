@@ -263,3 +263,39 @@ TEST_F(ImageIndexTest, CacheReloadsWhenTheFileChangesOrAppears)
     write(">d:\r\n", QStringLiteral("2.dat"));
     EXPECT_TRUE(cache.get(later)->isLoaded());
 }
+
+TEST_F(ImageIndexTest, LargeImageReadInBlocksLosesNoLineAtTheBlockEdges)
+{
+    // The file is read in blocks of 4 MiB while it is indexed; line ends fall on the edges:
+    // one CR as the last byte of the first block with its LF in the next, and one lone CR
+    // as the last byte of the second block.
+    const size_t blockSize = size_t(4) << 20;
+    std::string image = ">d:\r\n>d:\\a\r\n";
+    std::vector<std::string> names;
+    const auto add = [&](std::string name, const char *end) {
+        image += "d:\\a\\" + name + "|1|x" + end;
+        names.push_back(std::move(name));
+    };
+    const auto fillTo = [&](size_t crAt, const char *end) {
+        while (image.size() + 40 < crAt)
+            add("datei" + std::to_string(names.size()), "\r\n");
+        // The last line before the edge is padded so that its CR is the block's last byte.
+        const size_t fixed = std::string("d:\\a\\|1|x").size();
+        add(std::string(crAt - image.size() - fixed, 'p'), end);
+    };
+    fillTo(blockSize - 1, "\r\n");
+    ASSERT_EQ(image[blockSize - 1], '\r');
+    ASSERT_EQ(image[blockSize], '\n');
+    fillTo(2 * blockSize - 1, "\r");
+    ASSERT_EQ(image[2 * blockSize - 1], '\r');
+    for (int i = 0; i < 1000; ++i)
+        add("rest" + std::to_string(i), "\r\n");
+
+    const auto loaded = load(image);
+    ASSERT_TRUE(loaded->isLoaded());
+    EXPECT_EQ(loaded->fileLineCount(), static_cast<int64_t>(names.size()));
+    const auto listing = loaded->listFolder("d:\\a", ImageIndex::Icons::None);
+    ASSERT_EQ(listing.rows.size(), names.size());
+    for (size_t i = 0; i < names.size(); ++i)
+        ASSERT_EQ(listing.rows[i].name, names[i]) << i;
+}
