@@ -515,45 +515,43 @@ void Hauptfenster::open_Click()
     program.show<openarchiv>();
 }
 
+template <class W> void Hauptfenster::showDialog(QPointer<W> &dialog)
+{
+    // One instance of each dialog, made on first use and gone when it closes.
+    if (!dialog) {
+        dialog = new W(m_program.session(), m_program.settings(), link(), this);
+        m_program.adopt(dialog);
+    }
+    dialog->show();
+    dialog->raise();
+}
+
+bool Hauptfenster::selectCurrentCd()
+{
+    setCurrentCdFromSelection();
+    if (m_program.session().currentCd >= 0)
+        return true;
+    Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
+    return false;
+}
+
 void Hauptfenster::showNewCd()
 {
-    if (!m_newCD) {
-        m_newCD = new newCD(m_program.session(), m_program.settings(), link(), this);
-        m_program.adopt(m_newCD);
-    }
-    m_newCD->show();
-    m_newCD->raise();
+    showDialog(m_newCD);
 }
 
 void Hauptfenster::changecd2()
 {
-    setCurrentCdFromSelection();
-    if (m_program.session().currentCd < 0) {
-        Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
-        return;
-    }
-    if (!m_changecd) {
-        m_changecd = new changecd(m_program.session(), m_program.settings(), link(), this);
-        m_program.adopt(m_changecd);
-    }
-    m_changecd->show();
-    m_changecd->raise();
+    if (selectCurrentCd())
+        showDialog(m_changecd);
 }
 
 void Hauptfenster::abbild2()
 {
-    setCurrentCdFromSelection();
-    if (m_program.session().currentCd < 0) {
-        Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
+    if (!selectCurrentCd())
         return;
-    }
     m_program.session().captureMode = QStringLiteral("1");
-    if (!m_abbild) {
-        m_abbild = new abbild(m_program.session(), m_program.settings(), link(), this);
-        m_program.adopt(m_abbild);
-    }
-    m_abbild->show();
-    m_abbild->raise();
+    showDialog(m_abbild);
 }
 
 void Hauptfenster::showSearch()

@@ -88,6 +88,9 @@ private:
     void fillList(const QStringList &entries);
     void showNewCd();
     void showSearch();
+    template <class W> void showDialog(QPointer<W> &dialog);
+    // Takes the selected CD as the current one; without one says so and gives false.
+    bool selectCurrentCd();
 
     Program &m_program;
     std::unique_ptr<Ui::Hauptfenster> m_ui;

@@ -355,3 +355,39 @@ TEST(Hauptfenster, WindowsNotYetThereDoNothingAndRegisteredOnesOpen)
     main->Toolbar1_ButtonClick(QStringLiteral("e"));
     EXPECT_EQ(opened, 2);
 }
+
+TEST(Hauptfenster, CdCommandsNeedASelectedCd)
+{
+    for (const char *key : { "k", "l", "m" }) {
+        MainRun m;
+        Hauptfenster *main = m.show();
+        main->Toolbar1_ButtonClick(QString::fromLatin1(key));
+        EXPECT_EQ(m.run.prompts().messages(), QStringList { QStringLiteral("Keine CD ausgewählt!") }) << key;
+        EXPECT_EQ(m.run.program().loadedCount(), 1) << key;
+        EXPECT_EQ(m.run.session().currentCd, -1) << key;
+    }
+}
+
+TEST(Hauptfenster, CdCommandsOpenTheirDialogsOnceForTheSelectedCd)
+{
+    MainRun m;
+    Hauptfenster *main = m.show();
+    control<QListWidget>(main, "List2")->setCurrentRow(1);
+    main->findChild<QAction *>(QStringLiteral("mnueditCD"))->trigger();
+    EXPECT_EQ(m.run.session().currentCd, 7);
+    QWidget *editor = m.run.program().form(QStringLiteral("changecd"));
+    ASSERT_NE(editor, nullptr);
+    main->Toolbar1_ButtonClick(QStringLiteral("l"));
+    EXPECT_EQ(m.run.program().form(QStringLiteral("changecd")), editor) << "one instance";
+
+    main->Toolbar1_ButtonClick(QStringLiteral("k"));
+    EXPECT_EQ(m.run.session().captureMode, QStringLiteral("1"));
+    EXPECT_NE(m.run.program().form(QStringLiteral("abbild")), nullptr);
+    main->Toolbar1_ButtonClick(QStringLiteral("c"));
+    EXPECT_NE(m.run.program().form(QStringLiteral("newCD")), nullptr);
+
+    // They go with the main window.
+    main->unloadall();
+    m.run.settle();
+    EXPECT_EQ(m.run.program().loadedCount(), 0);
+}
