@@ -385,6 +385,8 @@ TEST(Hauptfenster, CdCommandsOpenTheirDialogsOnceForTheSelectedCd)
     EXPECT_NE(m.run.program().form(QStringLiteral("abbild")), nullptr);
     main->Toolbar1_ButtonClick(QStringLiteral("c"));
     EXPECT_NE(m.run.program().form(QStringLiteral("newCD")), nullptr);
+    main->findChild<QAction *>(QStringLiteral("mnusearch2"))->trigger();
+    EXPECT_NE(m.run.program().form(QStringLiteral("frmsearch")), nullptr);
 
     // They go with the main window.
     main->unloadall();
