@@ -1,8 +1,8 @@
 #pragma once
 
+#include "QStringPrinting.h"
 #include "app/Settings.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,19 +10,15 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ostream>
-
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 // Sets an environment variable for the life of the object and restores the old state.
 class ScopedEnvironment
 {
 public:
     ScopedEnvironment(const char *name, const QByteArray &value)
-        : m_name(name), m_hadValue(qEnvironmentVariableIsSet(name)), m_oldValue(qgetenv(name))
+        : m_name(name)
+        , m_hadValue(qEnvironmentVariableIsSet(name))
+        , m_oldValue(qgetenv(name))
     {
         qputenv(name, value);
     }
@@ -42,8 +38,8 @@ private:
     QByteArray m_oldValue;
 };
 
-// A fresh temporary tree per test: the program folder (as $SILBERBUCH_HOME) under
-// "program", and a settings file of its own.
+// A fresh temporary tree per test: the program folder ($SILBERBUCH_HOME) under "program",
+// and a settings file of its own.
 class AppTestFolder : public ::testing::Test
 {
 protected:
@@ -51,11 +47,11 @@ protected:
     {
         ASSERT_TRUE(m_root.isValid());
         m_home = std::make_unique<ScopedEnvironment>("SILBERBUCH_HOME", programPath().toLocal8Bit());
-        m_settings = std::make_unique<Settings>(m_root.filePath(QStringLiteral("settings.ini")));
+        m_settings = std::make_unique<Settings>(path(QStringLiteral("settings.ini")));
     }
 
     QString path(const QString &relative) const { return m_root.filePath(relative); }
-    QString programPath() const { return m_root.filePath(QStringLiteral("program")); }
+    QString programPath() const { return path(QStringLiteral("program")); }
     Settings &settings() { return *m_settings; }
 
     static QByteArray fileBytes(const QString &file)

@@ -6,76 +6,66 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class AutostartEntryTest : public AppTestFolder
 {
 protected:
     void SetUp() override
     {
         AppTestFolder::SetUp();
-        m_config = std::make_unique<ScopedEnvironment>("XDG_CONFIG_HOME", path(QStringLiteral("config")).toLocal8Bit());
+        m_config = std::make_unique<ScopedEnvironment>("XDG_CONFIG_HOME", path(u"config"_s).toLocal8Bit());
     }
 
-    QString entryFile() const { return path(QStringLiteral("config/autostart/silberbuch.desktop")); }
+    QString entryFile() const { return path(u"config/autostart/silberbuch.desktop"_s); }
 
 private:
     std::unique_ptr<ScopedEnvironment> m_config;
 };
 
-TEST_F(AutostartEntryTest, EntryLiesInTheConfiguredFolder)
+TEST_F(AutostartEntryTest, EntryLiesInTheConfiguredFolderElseBelowHome)
 {
     EXPECT_EQ(autostart::entryPath(), entryFile());
-
     const ScopedEnvironment relative("XDG_CONFIG_HOME", "relative/config");
-    const ScopedEnvironment home("HOME", path(QStringLiteral("home")).toLocal8Bit());
-    EXPECT_EQ(autostart::entryPath(), path(QStringLiteral("home/.config/autostart/silberbuch.desktop")));
+    const ScopedEnvironment home("HOME", path(u"home"_s).toLocal8Bit());
+    EXPECT_EQ(autostart::entryPath(), path(u"home/.config/autostart/silberbuch.desktop"_s));
 }
 
-TEST_F(AutostartEntryTest, WriteCreatesTheFolderAndStartsMinimized)
+TEST_F(AutostartEntryTest, WriteReplacesTheEntryAndRemoveLeavesNone)
 {
-    ASSERT_TRUE(autostart::writeEntry(QStringLiteral("/opt/silberbuch/bin/silberbuch")));
+    ASSERT_TRUE(autostart::writeEntry(u"/opt/silberbuch/bin/silberbuch"_s));
+    ASSERT_TRUE(autostart::writeEntry(u"/usr/bin/silberbuch"_s));
     const QByteArray entry = fileBytes(entryFile());
     EXPECT_TRUE(entry.startsWith("[Desktop Entry]\n")) << entry.toStdString();
     EXPECT_TRUE(entry.contains("\nType=Application\n")) << entry.toStdString();
-    EXPECT_TRUE(entry.contains("\nExec=/opt/silberbuch/bin/silberbuch -minimized\n")) << entry.toStdString();
+    EXPECT_TRUE(entry.contains("\nExec=/usr/bin/silberbuch -minimized\n")) << entry.toStdString();
+    EXPECT_EQ(entry.count("Exec="), 1);
 
-    // Writing again replaces the entry rather than adding to it.
-    ASSERT_TRUE(autostart::writeEntry(QStringLiteral("/usr/bin/silberbuch")));
-    const QByteArray again = fileBytes(entryFile());
-    EXPECT_EQ(again.count("Exec="), 1);
-    EXPECT_TRUE(again.contains("\nExec=/usr/bin/silberbuch -minimized\n"));
-}
-
-TEST_F(AutostartEntryTest, RemoveLeavesNoEntryAndToleratesNone)
-{
-    ASSERT_TRUE(autostart::writeEntry(QStringLiteral("/usr/bin/silberbuch")));
     EXPECT_TRUE(autostart::removeEntry());
     EXPECT_FALSE(QFileInfo::exists(entryFile()));
     EXPECT_TRUE(autostart::removeEntry());
-}
 
-TEST_F(AutostartEntryTest, UnwritableFolderReportsFailure)
-{
-    writeFile(path(QStringLiteral("config")), "a file where the folder should be");
-    EXPECT_FALSE(autostart::writeEntry(QStringLiteral("/usr/bin/silberbuch")));
+    const ScopedEnvironment blocked("XDG_CONFIG_HOME", path(u"blocked"_s).toLocal8Bit());
+    writeFile(path(u"blocked"_s), "a file where the folder should be");
+    EXPECT_FALSE(autostart::writeEntry(u"/usr/bin/silberbuch"_s));
 }
 
 TEST(AutostartExec, ReservedCharactersAreQuoted)
 {
     const struct
     {
-        const char *executable;
-        const char *exec;
-    } cases[] = {
-        {"/usr/bin/silberbuch", "/usr/bin/silberbuch -minimized"},
-        {"/home/anna/Meine Programme/silberbuch", "\"/home/anna/Meine Programme/silberbuch\" -minimized"},
-        {"/opt/a$b/silberbuch", "\"/opt/a\\\\$b/silberbuch\" -minimized"},
-        {"/opt/say \"hi\"/x", "\"/opt/say \\\\\"hi\\\\\"/x\" -minimized"},
-        {"/opt/back\\slash/x", "\"/opt/back\\\\\\\\slash/x\" -minimized"},
-        {"/opt/100%/x", "/opt/100%%/x -minimized"},
-        {"/opt/Bücher/x", "/opt/Bücher/x -minimized"},
-    };
+        QString executable;
+        QString exec;
+    } cases[] = { { u"/usr/bin/silberbuch"_s, u"/usr/bin/silberbuch -minimized"_s },
+        { u"/home/anna/Meine Programme/silberbuch"_s,
+            u"\"/home/anna/Meine Programme/silberbuch\" -minimized"_s },
+        { u"/opt/a$b/silberbuch"_s, u"\"/opt/a\\\\$b/silberbuch\" -minimized"_s },
+        { u"/opt/say \"hi\"/x"_s, u"\"/opt/say \\\\\"hi\\\\\"/x\" -minimized"_s },
+        { u"/opt/back\\slash/x"_s, u"\"/opt/back\\\\\\\\slash/x\" -minimized"_s },
+        { u"/opt/100%/x"_s, u"/opt/100%%/x -minimized"_s },
+        { u"/opt/Bücher/x"_s, u"/opt/Bücher/x -minimized"_s } };
     for (const auto &c : cases)
-        EXPECT_EQ(autostart::execValue(QString::fromUtf8(c.executable)), QString::fromUtf8(c.exec)) << c.executable;
+        EXPECT_EQ(autostart::execValue(c.executable), c.exec);
 }
 
 } // namespace

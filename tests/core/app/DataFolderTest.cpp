@@ -6,156 +6,98 @@
 
 namespace {
 
-class DataFolderTest : public AppTestFolder
-{
-protected:
-    void configure(const QString &pfad, const QString &folder)
-    {
-        settings().setValue(SettingKey::pfad, pfad);
-        settings().setValue(SettingKey::path, folder);
-    }
-
-    Session session;
-    QString message;
-};
+using namespace Qt::StringLiterals;
+using DataFolderTest = AppTestFolder;
 
 TEST_F(DataFolderTest, ProgramFolderComesFromTheEnvironmentAndIsCreated)
 {
     EXPECT_FALSE(QFileInfo::exists(programPath()));
     EXPECT_EQ(programFolder(), programPath());
     EXPECT_TRUE(QFileInfo(programPath()).isDir());
-
-    const ScopedEnvironment slashed("SILBERBUCH_HOME", (programPath() + QStringLiteral("//")).toLocal8Bit());
+    const ScopedEnvironment slashed("SILBERBUCH_HOME", (programPath() + u"//"_s).toLocal8Bit());
     EXPECT_EQ(programFolder(), programPath());
 }
 
-TEST_F(DataFolderTest, StandardFolderFollowsTheSettingAtEveryCall)
+// pfad true means the program folder, read afresh at each call; otherwise the folder in path
+// without one closing separator, or else the program folder with a notice naming the path.
+TEST_F(DataFolderTest, PfadAndPathChooseTheFolder)
 {
-    QDir().mkpath(path(QStringLiteral("net")));
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
-    EXPECT_TRUE(session.dataFolderCache.isEmpty());
-
-    configure(QStringLiteral("False"), path(QStringLiteral("net")));
-    EXPECT_EQ(getDataFolder(session, settings(), &message), path(QStringLiteral("net")));
-    EXPECT_TRUE(message.isEmpty());
-}
-
-TEST_F(DataFolderTest, ConfiguredFolderLosesOneClosingSeparator)
-{
-    QDir().mkpath(path(QStringLiteral("net")));
+    QDir().mkpath(path(u"net"_s));
+    writeFile(path(u"plain.txt"_s), "x");
     const struct
     {
-        const char *name;
-        const char *pfad;
-        QString stored;
-    } cases[] = {
-        {"plain", "False", path(QStringLiteral("net"))},
-        {"backslash", "False", path(QStringLiteral("net\\"))},
-        {"slash", "false", path(QStringLiteral("net/"))},
-        {"germanWord", "Falsch", path(QStringLiteral("net"))},
-        {"zero", "0", path(QStringLiteral("net/"))},
-    };
+        const char *pfad, *path; // nullptr: not stored
+        const char *expected; // nullptr: the program folder
+        const char *notice; // the path the notice names; nullptr: no notice
+    } cases[] = { { nullptr, "net", nullptr, nullptr }, { "False", "net\\", "net", nullptr },
+        { "false", "net/", "net", nullptr }, { "Falsch", "net", "net", nullptr },
+        { "0", "net", "net", nullptr },
+        { "False", "unplugged/Silberbuch\\", nullptr, "unplugged/Silberbuch" },
+        { "False", "plain.txt", nullptr, "plain.txt" }, { "vielleicht", "net", nullptr, "" },
+        { "False", nullptr, nullptr, nullptr } };
+    int row = 0;
     for (const auto &c : cases) {
-        Session fresh;
-        configure(QString::fromLatin1(c.pfad), c.stored);
-        EXPECT_EQ(getDataFolder(fresh, settings(), &message), path(QStringLiteral("net"))) << c.name;
-        EXPECT_EQ(fresh.dataFolderCache, path(QStringLiteral("net"))) << c.name;
-        EXPECT_TRUE(message.isEmpty()) << c.name;
+        SCOPED_TRACE(std::string(c.pfad ? c.pfad : "-") + " " + (c.path ? c.path : "-"));
+        Settings own(path(u"case%1.ini"_s.arg(++row)));
+        if (c.pfad)
+            own.setValue(SettingKey::pfad, QString::fromLatin1(c.pfad));
+        if (c.path)
+            own.setValue(SettingKey::path, path(QString::fromLatin1(c.path)));
+        Session session;
+        QString message;
+        const QString expected = c.expected ? path(QString::fromLatin1(c.expected)) : programPath();
+        EXPECT_EQ(getDataFolder(session, own, &message), expected);
+        const QString named = c.notice && *c.notice ? path(QString::fromLatin1(c.notice)) : QString();
+        EXPECT_EQ(message, c.notice ? dataFolderFallbackMessage(named) : QString());
+        EXPECT_EQ(session.dataFolderCache, c.pfad ? expected : QString());
     }
 }
 
-TEST_F(DataFolderTest, FirstCallFixesTheConfiguredFolderForTheRun)
+TEST_F(DataFolderTest, FirstCallFixesTheFolderAndTheNoticeComesOnce)
 {
-    QDir().mkpath(path(QStringLiteral("net")));
-    configure(QStringLiteral("False"), path(QStringLiteral("net")));
-    EXPECT_EQ(getDataFolder(session, settings()), path(QStringLiteral("net")));
+    QDir().mkpath(path(u"net"_s));
+    settings().setValue(SettingKey::pfad, u"False"_s);
+    settings().setValue(SettingKey::path, path(u"net"_s));
+    Session session;
+    EXPECT_EQ(getDataFolder(session, settings()), path(u"net"_s));
+    settings().setValue(SettingKey::pfad, u"True"_s);
+    EXPECT_EQ(getDataFolder(session, settings()), path(u"net"_s));
 
-    configure(QStringLiteral("True"), QString());
-    EXPECT_EQ(getDataFolder(session, settings()), path(QStringLiteral("net")));
-}
-
-TEST_F(DataFolderTest, UnavailableFolderFallsBackWithTheNoticeOnce)
-{
-    const QString missing = path(QStringLiteral("unplugged/Silberbuch\\"));
-    configure(QStringLiteral("False"), missing);
-
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
-    EXPECT_EQ(message, QStringLiteral("Hinweis: Der angegebene Pfad zur Datenbank (")
-                           + path(QStringLiteral("unplugged/Silberbuch"))
-                           + QStringLiteral(") ist zur Zeit nicht verfügbar. Es wird nun der Standard-Pfad "
-                                            "verwendet (SLB-Verzeichniss)!"));
-
-    QString second;
-    EXPECT_EQ(getDataFolder(session, settings(), &second), programPath());
-    EXPECT_TRUE(second.isEmpty());
-}
-
-TEST_F(DataFolderTest, AFileIsNoDataFolder)
-{
-    writeFile(path(QStringLiteral("plain.txt")), "x");
-    configure(QStringLiteral("False"), path(QStringLiteral("plain.txt")));
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
-    EXPECT_FALSE(message.isEmpty());
-}
-
-TEST_F(DataFolderTest, NoTruthValueGivesTheNoticeWithAnEmptyPath)
-{
-    QDir().mkpath(path(QStringLiteral("net")));
-    configure(QStringLiteral("vielleicht"), path(QStringLiteral("net")));
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
-    EXPECT_EQ(message, dataFolderFallbackMessage(QString()));
-    EXPECT_TRUE(message.contains(QStringLiteral("Datenbank () ist")));
-    EXPECT_EQ(session.dataFolderCache, programPath());
-}
-
-TEST_F(DataFolderTest, MissingPathSettingMeansTheProgramFolder)
-{
-    settings().setValue(SettingKey::pfad, QStringLiteral("False"));
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
+    Session next;
+    QString message;
+    settings().setValue(SettingKey::pfad, u"False"_s);
+    settings().setValue(SettingKey::path, path(u"unplugged/Silberbuch\\"_s));
+    EXPECT_EQ(getDataFolder(next, settings(), &message), programPath());
+    EXPECT_EQ(message,
+        u"Hinweis: Der angegebene Pfad zur Datenbank ("_s + path(u"unplugged/Silberbuch"_s)
+            + u") ist zur Zeit nicht verfügbar. Es wird nun der Standard-Pfad verwendet (SLB-Verzeichniss)!"_s);
+    message.clear();
+    EXPECT_EQ(getDataFolder(next, settings(), &message), programPath());
     EXPECT_TRUE(message.isEmpty());
-    EXPECT_EQ(session.dataFolderCache, programPath());
 }
 
-TEST_F(DataFolderTest, FileAndFolderTests)
+// With a closing "/" the lookup wants a file inside, so a folder without files is missing.
+TEST_F(DataFolderTest, ExistenceLookups)
 {
-    QDir().mkpath(path(QStringLiteral("folder/inner")));
-    writeFile(path(QStringLiteral("folder/file.txt")), "x");
-    const QString brokenLink = path(QStringLiteral("folder/broken"));
-    ASSERT_TRUE(QFile::link(path(QStringLiteral("nowhere")), brokenLink));
-
+    QDir().mkpath(path(u"full"_s));
+    QDir().mkpath(path(u"onlyFolders/empty"_s));
+    writeFile(path(u"full/.hidden"_s), "x");
+    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"broken"_s)));
     const struct
     {
-        const char *name;
-        QString target;
-        bool file;
-        bool folder;
-    } cases[] = {
-        {"file", path(QStringLiteral("folder/file.txt")), true, false},
-        {"folder", path(QStringLiteral("folder")), false, true},
-        {"folderWithSlash", path(QStringLiteral("folder/")), false, true},
-        {"missing", path(QStringLiteral("folder/none.txt")), false, false},
-        {"brokenLink", brokenLink, false, false},
-        {"empty", QString(), false, false},
-    };
+        const char *target;
+        bool file, folder, finds;
+    } cases[] = { { "full/.hidden", true, false, true }, { "full", false, true, false },
+        { "full/", false, true, true }, { "onlyFolders/", false, true, false },
+        { "onlyFolders/empty/", false, true, false }, { "missing/", false, false, false },
+        { "broken", false, false, false } };
     for (const auto &c : cases) {
-        EXPECT_EQ(fileExists(c.target), c.file) << c.name;
-        EXPECT_EQ(folderExists(c.target), c.folder) << c.name;
+        const QString target = path(QString::fromLatin1(c.target));
+        EXPECT_EQ(std::tuple(fileExists(target), folderExists(target), dirFinds(target)),
+            std::tuple(c.file, c.folder, c.finds))
+            << c.target;
     }
-}
-
-TEST_F(DataFolderTest, LookupCountsAnEmptyFolderAsMissing)
-{
-    QDir().mkpath(path(QStringLiteral("empty")));
-    QDir().mkpath(path(QStringLiteral("onlyFolders/sub")));
-    QDir().mkpath(path(QStringLiteral("withFile")));
-    writeFile(path(QStringLiteral("withFile/.hidden")), "x");
-
-    EXPECT_FALSE(dirFinds(path(QStringLiteral("empty/"))));
-    EXPECT_FALSE(dirFinds(path(QStringLiteral("onlyFolders/"))));
-    EXPECT_FALSE(dirFinds(path(QStringLiteral("missing/"))));
-    EXPECT_TRUE(dirFinds(path(QStringLiteral("withFile/"))));
-    EXPECT_TRUE(dirFinds(path(QStringLiteral("withFile/.hidden"))));
-    EXPECT_FALSE(dirFinds(path(QStringLiteral("withFile"))));
+    EXPECT_FALSE(folderExists(QString()));
 }
 
 } // namespace

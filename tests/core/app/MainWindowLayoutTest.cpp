@@ -4,167 +4,102 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+using Layout = MainWindowLayout;
 using MainWindowLayoutTest = AppTestFolder;
 
-TEST_F(MainWindowLayoutTest, FreshProfileOpensAtTheDefaults)
+auto fields(const Layout &layout)
 {
-    const LayoutLoad load = loadMainWindowLayout(settings());
-    EXPECT_EQ(load.layout.widthTwips, 12240);
-    EXPECT_EQ(load.layout.heightTwips, 7575.0f);
-    EXPECT_EQ(load.layout.windowState, MainWindowLayout::Normal);
-    EXPECT_EQ(load.layout.tab, 1);
-    EXPECT_FALSE(load.layout.sorted);
-    EXPECT_TRUE(load.messages.isEmpty());
-    EXPECT_FALSE(settings().contains(SettingKey::Breite));
+    return std::tuple(layout.widthTwips, layout.heightTwips, layout.windowState, layout.tab, layout.sorted);
 }
 
-TEST_F(MainWindowLayoutTest, WidthHasAFloorThatIsWrittenBack)
-{
-    const struct
-    {
-        const char *stored;
-        int width;
-        const char *afterLoad;
-    } cases[] = {
-        {"9000", 10600, "10600"},   {"8995", 10600, "10600"},   {"10599", 10600, "10600"},
-        {"-200", 10600, "10600"},   {"10600", 10600, "10600"},  {"10601", 10601, "10601"},
-        {"32767", 32767, "32767"},  {"12240,5", 12240, "12240,5"}, {"12241.5", 12242, "12241.5"},
-    };
-    for (const auto &c : cases) {
-        settings().setValue(SettingKey::Breite, QString::fromLatin1(c.stored));
-        const LayoutLoad load = loadMainWindowLayout(settings());
-        EXPECT_EQ(load.layout.widthTwips, c.width) << c.stored;
-        EXPECT_EQ(settings().value(SettingKey::Breite), QString::fromLatin1(c.afterLoad)) << c.stored;
-        EXPECT_TRUE(load.messages.isEmpty()) << c.stored;
-    }
-}
-
-TEST_F(MainWindowLayoutTest, HeightIsTakenAsItStands)
-{
-    for (const char *stored : {"100", "0", "7575.5", "40000"}) {
-        settings().setValue(SettingKey::Hoehe, QString::fromLatin1(stored));
-        const LayoutLoad load = loadMainWindowLayout(settings());
-        EXPECT_EQ(load.layout.heightTwips, QString::fromLatin1(stored).toFloat()) << stored;
-        EXPECT_EQ(settings().value(SettingKey::Hoehe), QString::fromLatin1(stored)) << stored;
-    }
-}
-
-// A value the window cannot take gets a notice naming key and value, and the default
-// stands in; the stored text is left for the next close to overwrite.
-TEST_F(MainWindowLayoutTest, UnusableValuesFallBackWithANotice)
+// One stored value on an otherwise empty profile: the layout it loads as and the text stored
+// afterwards. A value the window cannot take gets a notice, the default stands in, and the
+// text is left for the next close to overwrite.
+TEST_F(MainWindowLayoutTest, LoadsEachStoredValue)
 {
     const struct
     {
         SettingKey key;
-        const char *stored;
+        const char *stored; // nullptr: not stored
+        Layout expected;
+        const char *afterLoad; // nullptr: as stored
+        bool notice;
     } cases[] = {
-        {SettingKey::Breite, "32768"},          {SettingKey::Breite, "40000"},
-        {SettingKey::Breite, "-32769"},         {SettingKey::Breite, "breit"},
-        {SettingKey::Breite, ""},               {SettingKey::Hoehe, "hoch"},
-        {SettingKey::Hoehe, "1e39"},            {SettingKey::StartupMaximized, "3"},
-        {SettingKey::StartupMaximized, "-1"},   {SettingKey::StartupMaximized, "max"},
-        {SettingKey::TabStrip, "0"},            {SettingKey::TabStrip, "4"},
-        {SettingKey::TabStrip, ""},
+        { SettingKey::Breite, nullptr, {}, nullptr, false },
+        { SettingKey::Breite, "10599", { 10600 }, "10600", false },
+        { SettingKey::Breite, "-200", { 10600 }, "10600", false },
+        { SettingKey::Breite, "10601", { 10601 }, nullptr, false },
+        { SettingKey::Breite, "32767", { 32767 }, nullptr, false },
+        { SettingKey::Breite, "12240,5", { 12240 }, nullptr, false },
+        { SettingKey::Breite, "12241.5", { 12242 }, nullptr, false },
+        { SettingKey::Breite, "32768", {}, nullptr, true },
+        { SettingKey::Breite, "-32769", {}, nullptr, true }, { SettingKey::Breite, "", {}, nullptr, true },
+        { SettingKey::Hoehe, "0", { .heightTwips = 0.0f }, nullptr, false },
+        { SettingKey::Hoehe, "7575.5", { .heightTwips = 7575.5f }, nullptr, false },
+        { SettingKey::Hoehe, "hoch", {}, nullptr, true }, { SettingKey::Hoehe, "1e39", {}, nullptr, true },
+        { SettingKey::StartupMaximized, "2", { .windowState = Layout::Maximized }, nullptr, false },
+        { SettingKey::StartupMaximized, "3", {}, nullptr, true },
+        { SettingKey::StartupMaximized, "max", {}, nullptr, true },
+        { SettingKey::TabStrip, "3", { .tab = 3 }, nullptr, false },
+        { SettingKey::TabStrip, "0", {}, nullptr, true }, { SettingKey::TabStrip, "4", {}, nullptr, true },
+        { SettingKey::Sort, "1", { .sorted = true }, nullptr, false },
+        { SettingKey::Sort, "1.0", {}, nullptr, false } // only the exact text "1" sorts
     };
+    int row = 0;
     for (const auto &c : cases) {
-        Settings fresh(path(QStringLiteral("case.ini")));
-        for (const QString &key : fresh.groupKeys(QStringLiteral("Settings")))
-            fresh.removeGroupValue(QStringLiteral("Settings"), key);
-        const QString stored = QString::fromLatin1(c.stored);
-        fresh.setValue(c.key, stored);
-
+        SCOPED_TRACE(Settings::keyName(c.key).toStdString() + " = " + (c.stored ? c.stored : "<none>"));
+        Settings fresh(path(u"case%1.ini"_s.arg(++row)));
+        if (c.stored)
+            fresh.setValue(c.key, QString::fromLatin1(c.stored));
         const LayoutLoad load = loadMainWindowLayout(fresh);
-        const MainWindowLayout defaults;
-        EXPECT_EQ(load.layout.widthTwips, defaults.widthTwips) << c.stored;
-        EXPECT_EQ(load.layout.heightTwips, defaults.heightTwips) << c.stored;
-        EXPECT_EQ(load.layout.windowState, defaults.windowState) << c.stored;
-        EXPECT_EQ(load.layout.tab, defaults.tab) << c.stored;
-        ASSERT_EQ(load.messages.size(), 1) << c.stored;
-        const QString &message = load.messages.front();
-        EXPECT_TRUE(message.startsWith(QStringLiteral("Die gespeicherte Einstellung \"")
-                                       + Settings::keyName(c.key) + QStringLiteral("\" (") + stored + QStringLiteral(")")))
-            << message.toStdString();
-        EXPECT_TRUE(message.contains(Settings::declaredDefault(c.key))) << message.toStdString();
-        EXPECT_EQ(fresh.value(c.key), stored) << c.stored;
+        EXPECT_EQ(fields(load.layout), fields(c.expected));
+        const char *after = c.afterLoad ? c.afterLoad : c.stored;
+        EXPECT_EQ(fresh.contains(c.key) ? fresh.value(c.key) : u"<none>"_s,
+            after ? QString::fromLatin1(after) : u"<none>"_s);
+        ASSERT_EQ(load.messages.size(), c.notice ? 1 : 0);
+        if (c.notice) {
+            EXPECT_TRUE(load.messages.front().startsWith(u"Die gespeicherte Einstellung \""_s
+                + Settings::keyName(c.key) + u"\" ("_s + QString::fromLatin1(c.stored) + u")"_s))
+                << load.messages.front().toStdString();
+            EXPECT_TRUE(load.messages.front().contains(Settings::declaredDefault(c.key)));
+        }
     }
 }
 
-TEST_F(MainWindowLayoutTest, StateTabAndSortAreRead)
-{
-    settings().setValue(SettingKey::StartupMaximized, QStringLiteral("2"));
-    settings().setValue(SettingKey::TabStrip, QStringLiteral("3"));
-    settings().setValue(SettingKey::Sort, QStringLiteral("1"));
-    LayoutLoad load = loadMainWindowLayout(settings());
-    EXPECT_EQ(load.layout.windowState, MainWindowLayout::Maximized);
-    EXPECT_EQ(load.layout.tab, 3);
-    EXPECT_TRUE(load.layout.sorted);
-
-    // Only the exact text "1" means alphabetical order.
-    settings().setValue(SettingKey::Sort, QStringLiteral("1.0"));
-    EXPECT_FALSE(loadMainWindowLayout(settings()).layout.sorted);
-}
-
-TEST_F(MainWindowLayoutTest, CloseStoresSizeOnlyWhenNotMaximized)
+// A maximized close keeps the last normal size.
+TEST_F(MainWindowLayoutTest, StoresSizeOnlyWhenNotMaximized)
 {
     const struct
     {
-        const char *name;
-        MainWindowLayout closing;
-        const char *breite;
-        const char *hoehe;
-        const char *state;
-    } cases[] = {
-        {"normal", {13005, 8010.0f, MainWindowLayout::Normal, 2, true}, "13005", "8010", "0"},
-        {"minimized", {11010, 7500.0f, MainWindowLayout::Minimized, 3, false}, "11010", "7500", "1"},
-        {"maximized", {28800, 16200.0f, MainWindowLayout::Maximized, 1, false}, "12000", "9000", "2"},
-        {"wideScreen", {57600, 1500.0f, MainWindowLayout::Normal, 1, false}, "57600", "1500", "0"},
-    };
+        Layout closing;
+        const char *stored; // Breite Hoehe StartupMaximized TabStrip Sort
+    } cases[] = { { { 13005, 8010.0f, Layout::Normal, 2, true }, "13005 8010 0 2 1" },
+        { { 11010, 7500.0f, Layout::Minimized, 3, false }, "11010 7500 1 3 0" },
+        { { 28800, 16200.0f, Layout::Maximized, 1, false }, "12000 9000 2 1 0" },
+        { { 57600, 1500.0f, Layout::Normal, 1, false }, "57600 1500 0 1 0" },
+        { { kResizeWidthFloor, 7575.0f, Layout::Normal, 1, false }, "8995 7575 0 1 0" } };
     for (const auto &c : cases) {
-        settings().setValue(SettingKey::Breite, QStringLiteral("12000"));
-        settings().setValue(SettingKey::Hoehe, QStringLiteral("9000"));
+        settings().setValue(SettingKey::Breite, u"12000"_s);
+        settings().setValue(SettingKey::Hoehe, u"9000"_s);
         storeMainWindowLayout(settings(), c.closing);
         const Settings reread(settings().fileName());
-        EXPECT_EQ(reread.value(SettingKey::Breite), QString::fromLatin1(c.breite)) << c.name;
-        EXPECT_EQ(reread.value(SettingKey::Hoehe), QString::fromLatin1(c.hoehe)) << c.name;
-        EXPECT_EQ(reread.value(SettingKey::StartupMaximized), QString::fromLatin1(c.state)) << c.name;
-        EXPECT_EQ(reread.value(SettingKey::TabStrip), QString::number(c.closing.tab)) << c.name;
-        EXPECT_EQ(reread.value(SettingKey::Sort), c.closing.sorted ? QStringLiteral("1") : QStringLiteral("0"))
-            << c.name;
+        QStringList stored;
+        for (SettingKey key : { SettingKey::Breite, SettingKey::Hoehe, SettingKey::StartupMaximized,
+                 SettingKey::TabStrip, SettingKey::Sort })
+            stored << reread.value(key);
+        EXPECT_EQ(stored.join(u' '), QString::fromLatin1(c.stored));
     }
-}
-
-TEST_F(MainWindowLayoutTest, ClosedLayoutOpensAgain)
-{
-    const MainWindowLayout closing{14010, 9015.0f, MainWindowLayout::Minimized, 2, true};
-    storeMainWindowLayout(settings(), closing);
-    const LayoutLoad load = loadMainWindowLayout(settings());
-    EXPECT_EQ(load.layout.widthTwips, closing.widthTwips);
-    EXPECT_EQ(load.layout.heightTwips, closing.heightTwips);
-    EXPECT_EQ(load.layout.windowState, closing.windowState);
-    EXPECT_EQ(load.layout.tab, closing.tab);
-    EXPECT_EQ(load.layout.sorted, closing.sorted);
-}
-
-// A window dragged to the resize floor closes at 8995 twips; the next load raises it.
-TEST_F(MainWindowLayoutTest, ResizeFloorIsRaisedAtTheNextLoad)
-{
-    storeMainWindowLayout(settings(), {kResizeWidthFloor, 7575.0f, MainWindowLayout::Normal, 1, false});
-    EXPECT_EQ(settings().value(SettingKey::Breite), QStringLiteral("8995"));
+    // A window dragged to the resize floor opens at the load floor next time.
     EXPECT_EQ(loadMainWindowLayout(settings()).layout.widthTwips, kLayoutWidthFloor);
-    EXPECT_EQ(settings().value(SettingKey::Breite), QStringLiteral("10600"));
 }
 
-TEST(TwipsAndPixels, FifteenTwipsPerPixel)
+TEST(TwipsAndPixels, FifteenTwipsPerPixelRoundedToEven)
 {
-    const struct
-    {
-        double twips;
-        int pixels;
-    } cases[] = {
-        {12240, 816}, {7575, 505}, {10600, 707}, {0, 0}, {7, 0}, {8, 1}, {22.5, 2}, {37.5, 2}, {-15, -1},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(twipsToPixels(c.twips), c.pixels) << c.twips;
+    const std::pair<double, int> cases[]
+        = { { 12240, 816 }, { 10600, 707 }, { 7, 0 }, { 8, 1 }, { 22.5, 2 }, { 37.5, 2 }, { -15, -1 } };
+    for (const auto &[twips, pixels] : cases)
+        EXPECT_EQ(twipsToPixels(twips), pixels) << twips;
     EXPECT_EQ(pixelsToTwips(707), 10605);
     // The floor survives a round trip through pixels: the window never closes narrower.
     EXPECT_GE(pixelsToTwips(twipsToPixels(kLayoutWidthFloor)), kLayoutWidthFloor);

@@ -4,94 +4,76 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+using StartDecisionTest = AppTestFolder;
 using Window = StartDecision::Window;
+constexpr Window Welcome = Window::Form3, Choose = Window::openarchiv, Main = Window::Hauptfenster;
 
-struct DecisionCase
+TEST_F(StartDecisionTest, FollowsTheStartTable)
 {
-    const char *name;
-    const char *start;      // nullptr: not stored
-    const char *autoarchiv; // nullptr: not stored
-    const char *standard;   // nullptr: not stored
-    bool archiveFileExists;
-    const char *commandLine;
-    Window window;
-    bool askingArchive;
-    bool notice;
-    bool tray;
-};
+    const struct
+    {
+        const char *name;
+        const char *start, *autoarchiv, *standard; // nullptr: not stored
+        bool archiveFileExists;
+        const char *commandLine;
+        Window window;
+        bool asking, notice, tray;
+    } cases[] = { { "firstStartMissingCounter", nullptr, "0", "CDs", true, "", Welcome, false, false, false },
+        { "firstStartCounterOne", "1", "0", "CDs", true, "-minimized", Welcome, false, false, false },
+        { "unreadableCounterCountsAsFirst", "viel", "0", "CDs", true, "", Welcome, false, false, false },
+        { "askingWhenAutoarchivMissing", "2", nullptr, "CDs", true, "", Choose, true, false, false },
+        { "askingWhenAutoarchivOne", "5", "1", nullptr, false, "", Choose, true, false, false },
+        { "askingMinimizedNoticeNoTray", "5", "1", "CDs", true, "-minimized", Choose, true, true, false },
+        { "minimizedNeedsExactText", "5", "1", "CDs", true, "-minimized ", Choose, true, false, false },
+        { "secondArgumentIsNoMinimized", "5", "1", "CDs", true, "-minimized x", Choose, true, false, false },
+        { "minimizedIsCaseSensitive", "5", "1", "CDs", true, "-Minimized", Choose, true, false, false },
+        { "unreadableAutoarchivAsks", "5", "immer", "CDs", true, "", Choose, true, false, false },
+        { "automaticOpensDefault", "5", "0", "CDs", true, "", Main, false, false, false },
+        { "automaticMinimizedGoesToTray", "5", "0", "CDs", true, "-minimized", Main, false, false, true },
+        { "automaticAnyOtherNumber", "5", "2", "CDs", true, "", Main, false, false, false },
+        { "automaticFileGone", "5", "0", "CDs", false, "", Choose, false, false, false },
+        { "fileGoneMinimizedNoNotice", "5", "0", "CDs", false, "-minimized", Choose, false, false, false },
+        { "automaticNoStandard", "5", "0", nullptr, false, "", Choose, false, false, false } };
+    const QString data = path(u"data"_s);
+    const QString archive = data + u"/archive/CDs.mdb"_s;
+    QDir().mkpath(data + u"/archive"_s);
+    int row = 0;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Settings own(path(u"case%1.ini"_s.arg(++row)));
+        for (const auto &[key, text] :
+            { std::pair { SettingKey::Start, c.start }, std::pair { SettingKey::autoarchiv, c.autoarchiv },
+                std::pair { SettingKey::Standard, c.standard } }) {
+            if (text)
+                own.setValue(key, QString::fromLatin1(text));
+        }
+        if (c.archiveFileExists)
+            writeFile(archive, "db");
+        else
+            QFile::remove(archive);
 
-const DecisionCase kCases[] = {
-    {"firstStartMissingCounter", nullptr, "0", "CDs", true, "", Window::Form3, false, false, false},
-    {"firstStartCounterOne", "1", "0", "CDs", true, "-minimized", Window::Form3, false, false, false},
-    {"unreadableCounterCountsAsFirst", "viel", "0", "CDs", true, "", Window::Form3, false, false, false},
-    {"askingWhenAutoarchivMissing", "2", nullptr, "CDs", true, "", Window::openarchiv, true, false, false},
-    {"askingWhenAutoarchivOne", "5", "1", nullptr, false, "", Window::openarchiv, true, false, false},
-    {"askingMinimizedShowsNoticeNoTray", "5", "1", "CDs", true, "-minimized", Window::openarchiv, true, true,
-     false},
-    {"askingMinimizedNeedsExactText", "5", "1", "CDs", true, "-minimized ", Window::openarchiv, true, false,
-     false},
-    {"askingSecondArgumentIsNoMinimized", "5", "1", "CDs", true, "-minimized x", Window::openarchiv, true, false,
-     false},
-    {"askingMinimizedIsCaseSensitive", "5", "1", "CDs", true, "-Minimized", Window::openarchiv, true, false,
-     false},
-    {"unreadableAutoarchivAsks", "5", "immer", "CDs", true, "", Window::openarchiv, true, false, false},
-    {"automaticOpensDefault", "5", "0", "CDs", true, "", Window::Hauptfenster, false, false, false},
-    {"automaticMinimizedGoesToTray", "5", "0", "CDs", true, "-minimized", Window::Hauptfenster, false, false,
-     true},
-    {"automaticAnyOtherNumber", "5", "2", "CDs", true, "", Window::Hauptfenster, false, false, false},
-    {"automaticFileGone", "5", "0", "CDs", false, "", Window::openarchiv, false, false, false},
-    {"automaticFileGoneMinimizedNoNotice", "5", "0", "CDs", false, "-minimized", Window::openarchiv, false, false,
-     false},
-    {"automaticNoStandard", "5", "0", nullptr, false, "", Window::openarchiv, false, false, false},
-};
-
-class StartDecisionRow : public AppTestFolder, public ::testing::WithParamInterface<DecisionCase>
-{
-};
-
-TEST_P(StartDecisionRow, FollowsTheStartTable)
-{
-    const DecisionCase &c = GetParam();
-    const QString data = path(QStringLiteral("data"));
-    QDir().mkpath(data + QStringLiteral("/archive"));
-    auto store = [this](SettingKey key, const char *text) {
-        if (text)
-            settings().setValue(key, QString::fromLatin1(text));
-    };
-    store(SettingKey::Start, c.start);
-    store(SettingKey::autoarchiv, c.autoarchiv);
-    store(SettingKey::Standard, c.standard);
-    if (c.archiveFileExists)
-        writeFile(data + QStringLiteral("/archive/CDs.mdb"), "db");
-
-    const StartDecision decision = decideStart(settings(), data, QString::fromLatin1(c.commandLine));
-    EXPECT_EQ(decision.window, c.window);
-    EXPECT_EQ(decision.askingArchive, c.askingArchive);
-    EXPECT_EQ(decision.showMinimizedNotice, c.notice);
-    EXPECT_EQ(decision.goToTray, c.tray);
-
-    Session session;
-    decision.applyTo(session);
-    EXPECT_EQ(session.startedAskingArchive, c.askingArchive ? QStringLiteral("1") : QString());
-    if (c.window == Window::Hauptfenster) {
-        EXPECT_EQ(session.archivePath, data + QStringLiteral("/archive/CDs.mdb"));
-        EXPECT_EQ(session.archiveName, QStringLiteral("CDs"));
-    } else {
-        EXPECT_TRUE(session.archivePath.isEmpty());
-        EXPECT_TRUE(session.archiveName.isEmpty());
+        const StartDecision decision = decideStart(own, data, QString::fromLatin1(c.commandLine));
+        EXPECT_EQ(decision.window, c.window);
+        EXPECT_EQ(decision.askingArchive, c.asking);
+        EXPECT_EQ(decision.showMinimizedNotice, c.notice);
+        EXPECT_EQ(decision.goToTray, c.tray);
+        Session session;
+        decision.applyTo(session);
+        const bool opens = c.window == Main;
+        EXPECT_EQ(session.startedAskingArchive, c.asking ? u"1"_s : QString());
+        EXPECT_EQ(session.archivePath, opens ? archive : QString());
+        EXPECT_EQ(session.archiveName, opens ? u"CDs"_s : QString());
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, StartDecisionRow, ::testing::ValuesIn(kCases),
-                         [](const ::testing::TestParamInfo<DecisionCase> &info) { return info.param.name; });
-
 TEST(StartCommandLine, WholeTextIsTheArgumentsAfterTheProgram)
 {
-    const QString program = QStringLiteral("/usr/bin/silberbuch");
-    EXPECT_EQ(wholeCommandLine({program}), QString());
-    EXPECT_TRUE(isMinimizedStart(wholeCommandLine({program, QStringLiteral("-minimized")})));
-    EXPECT_FALSE(isMinimizedStart(wholeCommandLine({program, QStringLiteral("-minimized"), QStringLiteral("x")})));
-    EXPECT_FALSE(isMinimizedStart(wholeCommandLine({program, QString(), QStringLiteral("-minimized")})));
+    const QString program = u"/usr/bin/silberbuch"_s;
+    EXPECT_EQ(wholeCommandLine({ program }), QString());
+    EXPECT_TRUE(isMinimizedStart(wholeCommandLine({ program, u"-minimized"_s })));
+    EXPECT_FALSE(isMinimizedStart(wholeCommandLine({ program, u"-minimized"_s, u"x"_s })));
+    EXPECT_FALSE(isMinimizedStart(wholeCommandLine({ program, QString(), u"-minimized"_s })));
 }
 
 } // namespace

@@ -7,153 +7,115 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class StartupFoldersTest : public AppTestFolder
 {
 protected:
     void SetUp() override
     {
         AppTestFolder::SetUp();
-        data = path(QStringLiteral("data"));
         QDir().mkpath(data);
     }
 
-    QString in(const char *relative) const { return data + QLatin1Char('/') + QString::fromLatin1(relative); }
-    QString start() { return settings().value(SettingKey::Start, QStringLiteral("<none>")); }
+    QString in(const char *relative) const { return data + u'/' + QString::fromLatin1(relative); }
+    QString start() { return settings().value(SettingKey::Start, u"<none>"_s); }
+    // What the start-up may create, in the order it creates it.
     QStringList entries() const
     {
         QStringList found;
-        for (const char *name : {"archive", "archive/def2.ini", "archive/def.ini", "lws", "lws/temp.tm1"}) {
+        for (const char *name : { "archive", "archive/def2.ini", "archive/def.ini", "lws", "lws/temp.tm1" }) {
             if (QFileInfo::exists(in(name)))
                 found << QString::fromLatin1(name);
         }
         return found;
     }
 
-    QString data;
-    const QByteArray placeholder = QByteArrayLiteral("Do not delete this file! Temporary used!\r\n");
+    const QString data = path(u"data"_s);
+    const QByteArray placeholder = "Do not delete this file! Temporary used!\r\n";
 };
 
-TEST_F(StartupFoldersTest, FirstStartCreatesFoldersAndPlaceholdersAndCountsOne)
+TEST_F(StartupFoldersTest, FirstStartCreatesEverythingLaterStartsHealDefIniAlone)
 {
     EXPECT_TRUE(prepareDataFolder(data, settings()));
-
-    EXPECT_TRUE(QFileInfo(in("archive")).isDir());
-    EXPECT_TRUE(QFileInfo(in("lws")).isDir());
-    for (const char *file : {"archive/def2.ini", "archive/def.ini", "lws/temp.tm1"})
+    EXPECT_EQ(entries().size(), 5);
+    for (const char *file : { "archive/def2.ini", "archive/def.ini", "lws/temp.tm1" })
         EXPECT_EQ(fileBytes(in(file)), placeholder) << file;
-    EXPECT_EQ(start(), QStringLiteral("1"));
-}
+    EXPECT_EQ(start(), u"1"_s);
 
-TEST_F(StartupFoldersTest, SecondStartLeavesTheFoldersAndCountsTwo)
-{
-    ASSERT_TRUE(prepareDataFolder(data, settings()));
     writeFile(in("archive/def2.ini"), "changed");
-
+    ASSERT_TRUE(QFile::remove(in("archive/def.ini")));
     EXPECT_TRUE(prepareDataFolder(data, settings()));
     EXPECT_EQ(fileBytes(in("archive/def2.ini")), QByteArray("changed"));
-    EXPECT_EQ(start(), QStringLiteral("2"));
+    EXPECT_EQ(fileBytes(in("archive/def.ini")), placeholder);
+    EXPECT_EQ(start(), u"2"_s);
 }
 
 TEST_F(StartupFoldersTest, CounterIsPlainDecimalText)
 {
-    const struct
-    {
-        const char *stored;
-        const char *expected;
-    } cases[] = {
-        {"41", "42"},       {"999", "1000"},   {"32767", "32768"}, {" 7 ", "8"},
-        {"-3", "-2"},       {"5,0", "6"},      {"viele", "1"},     {"2.5", "1"},
-        {"", "1"},
-    };
-    for (const auto &c : cases) {
-        settings().setValue(SettingKey::Start, QString::fromLatin1(c.stored));
+    const std::pair<const char *, const char *> cases[]
+        = { { "41", "42" }, { "999", "1000" }, { "32767", "32768" }, { " 7 ", "8" }, { "-3", "-2" },
+              { "5,0", "6" }, { "viele", "1" }, { "2.5", "1" }, { "", "1" } };
+    for (const auto &[stored, expected] : cases) {
+        settings().setValue(SettingKey::Start, QString::fromLatin1(stored));
         prepareDataFolder(data, settings());
-        EXPECT_EQ(start(), QString::fromLatin1(c.expected)) << '"' << c.stored << '"';
+        EXPECT_EQ(start(), QString::fromLatin1(expected)) << '"' << stored << '"';
     }
 }
 
-TEST_F(StartupFoldersTest, MissingDefIniIsHealedSilently)
-{
-    ASSERT_TRUE(prepareDataFolder(data, settings()));
-    ASSERT_TRUE(QFile::remove(in("archive/def.ini")));
-
-    EXPECT_TRUE(prepareDataFolder(data, settings()));
-    EXPECT_EQ(fileBytes(in("archive/def.ini")), placeholder);
-    EXPECT_EQ(start(), QStringLiteral("2"));
-}
-
-TEST_F(StartupFoldersTest, ArchiveFolderWithOnlyAnArchiveNeedsNoPlaceholder)
-{
-    QDir().mkpath(in("archive"));
-    writeFile(in("archive/Spiele.mdb"), "db");
-
-    EXPECT_TRUE(prepareDataFolder(data, settings()));
-    EXPECT_FALSE(QFileInfo::exists(in("archive/def2.ini")));
-    EXPECT_TRUE(QFileInfo::exists(in("archive/def.ini")));
-    EXPECT_TRUE(QFileInfo::exists(in("lws/temp.tm1")));
-}
-
-// Each row blocks one step; the steps before it are done, the ones after it stay undone,
-// and the start is counted as the first.
-TEST_F(StartupFoldersTest, FailedStepStopsTheRestAndMarksAFirstStart)
+// A folder counts as present only when it holds a file. A failed step ends the start-up,
+// leaves the later steps undone and marks a first start.
+TEST_F(StartupFoldersTest, EachStepRunsOnlyWhenTheOnesBeforeWorked)
 {
     const struct
     {
         const char *name;
         const char *folder; // created before the start
-        const char *file;   // created before the start
+        const char *file; // created before the start
+        bool ok;
         QStringList expected;
-    } cases[] = {
-        {"emptyArchiveFolder", "archive", nullptr, {QStringLiteral("archive")}},
-        {"archiveFolderHoldsOnlyAFolder", "archive/old", nullptr, {QStringLiteral("archive")}},
-        {"lwsIsAFile", nullptr, "lws",
-         {QStringLiteral("archive"), QStringLiteral("archive/def2.ini"), QStringLiteral("lws")}},
-        {"emptyLwsFolder", "lws", nullptr,
-         {QStringLiteral("archive"), QStringLiteral("archive/def2.ini"), QStringLiteral("lws")}},
-        {"defIniIsAFolder", "archive/def.ini", "archive/CDs.mdb",
-         {QStringLiteral("archive"), QStringLiteral("archive/def.ini"), QStringLiteral("lws"),
-          QStringLiteral("lws/temp.tm1")}},
-    };
+    } cases[] = { { "archiveFolderHoldsAnArchive", nullptr, "archive/Spiele.mdb", true,
+                      { u"archive"_s, u"archive/def.ini"_s, u"lws"_s, u"lws/temp.tm1"_s } },
+        { "emptyArchiveFolder", "archive", nullptr, false, { u"archive"_s } },
+        { "archiveFolderHoldsOnlyAFolder", "archive/old", nullptr, false, { u"archive"_s } },
+        { "lwsIsAFile", nullptr, "lws", false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
+        { "emptyLwsFolder", "lws", nullptr, false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
+        { "defIniIsAFolder", "archive/def.ini", "archive/CDs.mdb", false,
+            { u"archive"_s, u"archive/def.ini"_s, u"lws"_s, u"lws/temp.tm1"_s } } };
     for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
         QDir(data).removeRecursively();
         QDir().mkpath(data);
-        settings().setValue(SettingKey::Start, QStringLiteral("5"));
+        settings().setValue(SettingKey::Start, u"5"_s);
         if (c.folder)
             QDir().mkpath(in(c.folder));
-        if (c.file)
+        if (c.file) {
+            QDir().mkpath(QFileInfo(in(c.file)).path());
             writeFile(in(c.file), "x");
-
-        EXPECT_FALSE(prepareDataFolder(data, settings())) << c.name;
-        EXPECT_EQ(entries(), c.expected) << c.name;
-        EXPECT_EQ(start(), QStringLiteral("1")) << c.name;
+        }
+        EXPECT_EQ(prepareDataFolder(data, settings()), c.ok);
+        EXPECT_EQ(entries(), c.expected);
+        EXPECT_EQ(start(), c.ok ? u"6"_s : u"1"_s);
     }
 }
 
 TEST_F(StartupFoldersTest, MissingDataFolderFailsWithoutCreatingIt)
 {
-    const QString gone = path(QStringLiteral("gone/data"));
+    const QString gone = path(u"gone/data"_s);
     EXPECT_FALSE(prepareDataFolder(gone, settings()));
     EXPECT_FALSE(QFileInfo::exists(gone));
-    EXPECT_EQ(start(), QStringLiteral("1"));
+    EXPECT_EQ(start(), u"1"_s);
 }
 
-// The configured folder is unavailable: one notice, and the start-up works in the program
-// folder.
 TEST_F(StartupFoldersTest, UnavailableConfiguredFolderPreparesTheProgramFolder)
 {
-    settings().setValue(SettingKey::pfad, QStringLiteral("False"));
-    settings().setValue(SettingKey::path, QStringLiteral("/nonexistent-drive/Silberbuch\\"));
+    settings().setValue(SettingKey::pfad, u"False"_s);
+    settings().setValue(SettingKey::path, u"/nonexistent-drive/Silberbuch\\"_s);
     Session session;
     QString message;
-
-    const QString folder = getDataFolder(session, settings(), &message);
-    EXPECT_TRUE(prepareDataFolder(folder, settings()));
-    EXPECT_TRUE(QFileInfo(programPath() + QStringLiteral("/archive/def2.ini")).isFile());
-    EXPECT_TRUE(message.contains(QStringLiteral("(/nonexistent-drive/Silberbuch)")));
-
-    message.clear();
-    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
-    EXPECT_TRUE(message.isEmpty());
+    EXPECT_TRUE(prepareDataFolder(getDataFolder(session, settings(), &message), settings()));
+    EXPECT_TRUE(QFileInfo(programPath() + u"/archive/def2.ini"_s).isFile());
+    EXPECT_EQ(message, dataFolderFallbackMessage(u"/nonexistent-drive/Silberbuch"_s));
 }
 
 } // namespace
