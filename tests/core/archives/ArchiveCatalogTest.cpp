@@ -3,182 +3,120 @@
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
 #include "app/Settings.h"
-#include "archives/ArchiveStore.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using Kind = ArchiveError::Kind;
 
 class ArchiveCatalogTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_dir.isValid()); }
-
-    QString data() const { return m_dir.path(); }
     QString path(const QString &relative) const { return m_dir.filePath(relative); }
-    void touch(const QString &relative, const QByteArray &bytes = "x") const
+    void touch(const QString &relative) const
     {
         QDir().mkpath(QFileInfo(path(relative)).path());
         QFile file(path(relative));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
     }
 
     QTemporaryDir m_dir;
+    const ArchiveCatalog m_catalog { m_dir.path() };
 };
 
 TEST_F(ArchiveCatalogTest, NamesAreTheMdbFilesLessTheirExtension)
 {
-    for (const char *file : { "archive/b.mdb", "archive/Zebra.mdb", "archive/apfel.mdb", "archive/zebra.mdb",
-             "archive/Alle Meine CDs.mdb", "archive/notiz.txt", "archive/GROSS.MDB", "archive/.versteckt.mdb",
-             "archive/x.mdb.bak", "lws/1.mdb" })
-        touch(QString::fromUtf8(file));
-    QDir().mkpath(path(QStringLiteral("archive/Ordner.mdb")));
-    EXPECT_EQ(ArchiveCatalog(data()).names(),
-        (QStringList { QStringLiteral("Alle Meine CDs"), QStringLiteral("apfel"), QStringLiteral("b"),
-            QStringLiteral("Zebra"), QStringLiteral("zebra") }));
+    EXPECT_TRUE(m_catalog.names().isEmpty());
+    for (const char *file : { "b.mdb", "Zebra.mdb", "apfel.mdb", "zebra.mdb", "Alle Meine CDs.mdb",
+             "notiz.txt", "GROSS.MDB", ".versteckt.mdb", "x.mdb.bak" })
+        touch(u"archive/"_s + QString::fromUtf8(file));
+    touch(u"lws/1.mdb"_s);
+    QDir().mkpath(path(u"archive/Ordner.mdb"_s));
+    EXPECT_EQ(
+        m_catalog.names(), (QStringList { u"Alle Meine CDs"_s, u"apfel"_s, u"b"_s, u"Zebra"_s, u"zebra"_s }));
 }
 
-TEST_F(ArchiveCatalogTest, MissingArchiveFolderListsNothing)
+TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
 {
-    EXPECT_TRUE(ArchiveCatalog(data()).names().isEmpty());
-}
+    ASSERT_TRUE(m_catalog.create(u"musik"_s, {}).ok());
+    ASSERT_TRUE(m_catalog.create(u"Musik"_s, m_catalog.names()).ok()); // letter case makes another name
+    EXPECT_EQ(m_catalog.names(), (QStringList { u"Musik"_s, u"musik"_s }));
+    const auto rows = ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll();
+    EXPECT_TRUE(rows.ok() && rows.value.empty());
 
-TEST_F(ArchiveCatalogTest, CreateMakesTheFolderAndAnEmptyArchive)
-{
-    const ArchiveCatalog catalog(data());
-    ASSERT_TRUE(catalog.create(QStringLiteral("Alle Meine CDs"), catalog.names()).ok());
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("archive/Alle Meine CDs.mdb"))));
-    EXPECT_EQ(catalog.names(), QStringList { QStringLiteral("Alle Meine CDs") });
-    const auto rows = ArchiveStore(catalog.pathOf(QStringLiteral("Alle Meine CDs"))).selectAll();
-    EXPECT_TRUE(rows.ok());
-    EXPECT_TRUE(rows.value.empty());
+    ArchiveBuilder(m_dir.path(), u"Weg"_s).cd(1, u"x"_s, u"Sta1|End1"_s, 5, u"8"_s);
+    touch(u"lws/5.dat"_s);
+    touch(u"Covers/8.bmp"_s);
+    ASSERT_TRUE(m_catalog.remove(u"Weg"_s).ok());
+    EXPECT_EQ(m_catalog.names(), (QStringList { u"Musik"_s, u"musik"_s }));
+    EXPECT_TRUE(QFile::exists(path(u"lws/5.dat"_s)) && QFile::exists(path(u"Covers/8.bmp"_s)));
+    const ArchiveError missing = m_catalog.remove(u"Weg"_s);
+    EXPECT_EQ(missing.kind, Kind::NotFound);
+    EXPECT_EQ(missing.message,
+        u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv wird aus der Liste entfernt!"_s);
 }
 
 TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
 {
-    ArchiveBuilder existing(data(), QStringLiteral("Musik"));
-    existing.cd(1, QStringLiteral("Bleibt"));
-    const ArchiveCatalog catalog(data());
-    struct Case
+    ArchiveBuilder(m_dir.path(), u"Musik"_s).cd(1, u"Bleibt"_s);
+    const struct
     {
-        const char *name;
         QString archive;
         QStringList listed;
         Kind kind;
-        QString message;
+        QString message; // empty: not checked
+    } cases[] = {
+        { u"Musik"_s, { u"Musik"_s }, Kind::DuplicateName,
+            u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\r\nBitte wählen Sie einen anderen Namen"_s },
+        { u"Alt"_s, { u"Alt"_s }, Kind::DuplicateName, ArchiveCatalog::duplicateNameMessage(u"Alt"_s) },
+        { QString(), {}, Kind::BadName, u"Der Name des Archivs darf nicht leer sein."_s },
+        { u"a/b"_s, {}, Kind::BadName,
+            u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
+        { u"../Musik"_s, {}, Kind::BadName, {} },
+        { u"Musik"_s, {}, Kind::FileError, {} } // the file exists though the caller did not list it
     };
-    const Case cases[] = {
-        { "listed", QStringLiteral("Musik"), catalog.names(), Kind::DuplicateName,
-            QStringLiteral(
-                "Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\r\nBitte wählen Sie einen "
-                "anderen Namen") },
-        { "listedThoughDeletedSince", QStringLiteral("Alt"), { QStringLiteral("Alt") }, Kind::DuplicateName,
-            ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alt")) },
-        { "empty", QString(), {}, Kind::BadName,
-            QStringLiteral("Der Name des Archivs darf nicht leer sein.") },
-        { "slash", QStringLiteral("a/b"), {}, Kind::BadName,
-            QStringLiteral(
-                "Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen "
-                "Namen.") },
-        { "upward", QStringLiteral("../Musik"), {}, Kind::BadName, {} },
-        { "fileThoughNotListed", QStringLiteral("Musik"), {}, Kind::FileError, {} },
-    };
-    for (const Case &c : cases) {
-        const ArchiveError error = catalog.create(c.archive, c.listed);
-        EXPECT_EQ(error.kind, c.kind) << c.name;
-        if (!c.message.isEmpty()) {
-            EXPECT_EQ(error.message, c.message) << c.name;
-        }
+    for (const auto &c : cases) {
+        const ArchiveError error = m_catalog.create(c.archive, c.listed);
+        EXPECT_EQ(error.kind, c.kind) << c.archive.toStdString();
+        EXPECT_EQ(error.message, c.message.isEmpty() ? error.message : c.message);
     }
-    EXPECT_EQ(catalog.names(), QStringList { QStringLiteral("Musik") });
-    EXPECT_EQ(existing.store().selectAll().value.size(), 1u);
-    EXPECT_FALSE(QFile::exists(path(QStringLiteral("Musik.mdb"))));
-}
-
-TEST_F(ArchiveCatalogTest, NamesDifferingInCaseAreDifferentArchives)
-{
-    const ArchiveCatalog catalog(data());
-    ASSERT_TRUE(catalog.create(QStringLiteral("musik"), {}).ok());
-    EXPECT_TRUE(catalog.create(QStringLiteral("Musik"), catalog.names()).ok());
-    EXPECT_EQ(catalog.names(), (QStringList { QStringLiteral("Musik"), QStringLiteral("musik") }));
-}
-
-TEST_F(ArchiveCatalogTest, RemoveDeletesTheArchiveFileAlone)
-{
-    ArchiveBuilder(data(), QStringLiteral("Weg"))
-        .cd(1, QStringLiteral("x"), QStringLiteral("Sta1|End1"), 5, QStringLiteral("8"));
-    ArchiveBuilder(data(), QStringLiteral("Bleibt"));
-    touch(QStringLiteral("lws/5.dat"));
-    touch(QStringLiteral("Covers/8.bmp"));
-    const ArchiveCatalog catalog(data());
-    ASSERT_TRUE(catalog.remove(QStringLiteral("Weg")).ok());
-    EXPECT_EQ(catalog.names(), QStringList { QStringLiteral("Bleibt") });
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("lws/5.dat"))));
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("Covers/8.bmp"))));
-
-    const ArchiveError missing = catalog.remove(QStringLiteral("Weg"));
-    EXPECT_EQ(missing.kind, Kind::NotFound);
-    EXPECT_EQ(missing.message,
-        QStringLiteral("Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht "
-                       "gefunden. Das Archiv wird aus der Liste entfernt!"));
+    EXPECT_EQ(m_catalog.names(), QStringList { u"Musik"_s });
+    EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll().value.size(), 1u);
+    EXPECT_FALSE(QFile::exists(path(u"Musik.mdb"_s)));
 }
 
 TEST_F(ArchiveCatalogTest, ArchiveCopiedInByHandIsListedAndOpens)
 {
     QTemporaryDir elsewhere;
-    ArchiveBuilder(elsewhere.path(), QStringLiteral("Fremd")).cd(3, QStringLiteral("Mitgebracht"));
-    QDir().mkpath(path(QStringLiteral("archive")));
-    ASSERT_TRUE(QFile::copy(datapaths::archiveFile(elsewhere.path(), QStringLiteral("Fremd")),
-        path(QStringLiteral("archive/Kopie.mdb"))));
-    const ArchiveCatalog catalog(data());
-    ASSERT_EQ(catalog.names(), QStringList { QStringLiteral("Kopie") });
-    const auto rows = ArchiveStore(catalog.pathOf(QStringLiteral("Kopie"))).selectAll();
-    ASSERT_EQ(rows.value.size(), 1u);
-    EXPECT_EQ(rows.value.front().name, QStringLiteral("Mitgebracht"));
+    ArchiveBuilder(elsewhere.path(), u"Fremd"_s).cd(3, u"Mitgebracht"_s);
+    QDir().mkpath(path(u"archive"_s));
+    ASSERT_TRUE(
+        QFile::copy(datapaths::archiveFile(elsewhere.path(), u"Fremd"_s), path(u"archive/Kopie.mdb"_s)));
+    ASSERT_EQ(m_catalog.names(), QStringList { u"Kopie"_s });
+    EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Kopie"_s)).selectByNumber(3).value.name, u"Mitgebracht"_s);
 }
 
 TEST(ArchiveNameMatchTest, TypedNameMatchesEntryOrEntryWithExtensionBinary)
 {
-    const QStringList entries = { QStringLiteral("Musik"), QStringLiteral("Filme") };
-    struct Case
-    {
-        const char *typed;
-        bool found;
-    };
-    const Case cases[] = {
-        { "Musik", true },
-        { "Musik.mdb", true },
-        { "Filme", true },
-        { "musik", false },
-        { "Musik.MDB", false },
-        { "Musi", false },
-        { "Musik ", false },
-        { "Musik.mdb.mdb", false },
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(archiveNameMatches(QString::fromUtf8(c.typed), entries), c.found) << c.typed;
+    const QStringList entries = { u"Musik"_s, u"Filme"_s };
+    const std::pair<const char *, bool> cases[]
+        = { { "Musik", true }, { "Musik.mdb", true }, { "Filme", true }, { "musik", false },
+              { "Musik.MDB", false }, { "Musi", false }, { "Musik ", false }, { "Musik.mdb.mdb", false } };
+    for (const auto &[typed, found] : cases)
+        EXPECT_EQ(archiveNameMatches(QString::fromUtf8(typed), entries), found) << typed;
 }
 
 TEST(DefaultArchiveTest, StoredInTheSettingStandard)
 {
     QTemporaryDir dir;
-    Settings settings(dir.filePath(QStringLiteral("settings.ini")));
+    Settings settings(dir.filePath(u"settings.ini"_s));
     EXPECT_TRUE(defaultArchive(settings).isEmpty());
-    EXPECT_EQ(setDefaultArchive(settings, QStringLiteral("Musik")),
-        QStringLiteral(
-            "Archiv Musik wurde als Standard festgelegt. Nun kann dieses bei jedem Start des "
-            "Silberbuchs automatisch gestartet werden. Diese Option können Sie im Hauptfenster unter "
-            "Optionen einstellen"));
-    EXPECT_EQ(settings.value(SettingKey::Standard), QStringLiteral("Musik"));
-    EXPECT_EQ(
-        defaultArchive(Settings(dir.filePath(QStringLiteral("settings.ini")))), QStringLiteral("Musik"));
+    EXPECT_EQ(setDefaultArchive(settings, u"Musik"_s),
+        u"Archiv Musik wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs "
+        u"automatisch gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen"_s);
+    EXPECT_EQ(defaultArchive(Settings(settings.fileName())), u"Musik"_s);
 }
 
 } // namespace

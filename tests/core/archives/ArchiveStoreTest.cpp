@@ -3,20 +3,21 @@
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using Kind = ArchiveError::Kind;
+using Numbers = std::vector<int32_t>;
 
-std::vector<int32_t> numbersOf(const std::vector<CdRow> &rows)
+Numbers numbersOf(const StoreResult<std::vector<CdRow>> &rows)
 {
-    std::vector<int32_t> numbers;
-    for (const CdRow &row : rows)
+    EXPECT_TRUE(rows.ok()) << rows.error.message.toStdString();
+    Numbers numbers;
+    for (const CdRow &row : rows.value)
         numbers.push_back(row.number);
     return numbers;
 }
@@ -30,22 +31,17 @@ QByteArray bytesOf(const QString &path)
 class ArchiveStoreTest : public ::testing::Test
 {
 protected:
-    QString data() const { return m_dir.path(); }
-    QString file(const QString &name) const { return m_dir.filePath(name); }
-
     QTemporaryDir m_dir;
+    ArchiveBuilder m_archive { m_dir.path(), u"A"_s };
+    const ArchiveStore &m_store = m_archive.store();
 };
 
 TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("Neu"));
-    const auto rows = archive.store().selectAll();
-    ASSERT_TRUE(rows.ok());
-    EXPECT_TRUE(rows.value.empty());
-
+    EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers {});
     sqlite3 *db = nullptr;
     ASSERT_EQ(
-        sqlite3_open_v2(archive.path().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+        sqlite3_open_v2(m_store.path().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
     sqlite3_stmt *statement = nullptr;
     ASSERT_EQ(sqlite3_prepare_v2(db, "Select * FROM cds", -1, &statement, nullptr), SQLITE_OK);
     std::vector<std::string> names;
@@ -58,194 +54,123 @@ TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
             "cd_nummer", "cd_name", "cd_seriennummer", "cd_inhalt", "cd_ausgeliehen", "cd_cover" }));
 }
 
-TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFileAndLeavesItAlone)
+TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFileAndAMissingFolder)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("Da"));
-    archive.cd(1, QStringLiteral("Eins"));
-    const QByteArray before = bytesOf(archive.path());
-    const ArchiveError error = ArchiveStore::create(archive.path());
-    EXPECT_EQ(error.kind, Kind::FileError);
-    EXPECT_TRUE(error.message.contains(QStringLiteral("existiert bereits")));
-    EXPECT_EQ(bytesOf(archive.path()), before);
+    m_archive.cd(1, u"Eins"_s);
+    const QByteArray before = bytesOf(m_store.path());
+    const ArchiveError exists = ArchiveStore::create(m_store.path());
+    EXPECT_EQ(exists.kind, Kind::FileError);
+    EXPECT_TRUE(exists.message.contains(u"existiert bereits"_s)) << exists.message.toStdString();
+    EXPECT_EQ(bytesOf(m_store.path()), before);
+
+    const QString nowhere = m_dir.filePath(u"fehlt/x.mdb"_s);
+    EXPECT_EQ(ArchiveStore::create(nowhere).kind, Kind::FileError);
+    EXPECT_FALSE(QFile::exists(nowhere));
 }
 
-TEST_F(ArchiveStoreTest, CreateInAMissingFolderFailsWithoutLeavingAFile)
+TEST_F(ArchiveStoreTest, RowsRoundTripAndComeInKeyOrder)
 {
-    const QString path = file(QStringLiteral("fehlt/x.mdb"));
-    const ArchiveError error = ArchiveStore::create(path);
-    EXPECT_EQ(error.kind, Kind::FileError);
-    EXPECT_FALSE(QFile::exists(path));
+    const CdRow row { 42, u"Größe & Maß"_s, -1234567, u"Sta1|Word|Excel 2000|End1"_s, true, u"417"_s };
+    m_archive.row(row);
+    EXPECT_EQ(m_store.selectByNumber(42).value, row);
+    for (int32_t number : { 30, 5, 32767, -2, 100000 })
+        m_archive.cd(number, u"CD"_s);
+    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { -2, 5, 30, 42, 32767, 100000 }));
+
+    // Update replaces the row of the old number; a renumbered row moves to its new place.
+    const CdRow changed { 1, u"Fünf"_s, 77, u"Sta1||End1"_s, false, u"9"_s };
+    ASSERT_TRUE(m_store.updateRow(30, changed).ok());
+    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { -2, 1, 5, 42, 32767, 100000 }));
+    EXPECT_EQ(m_store.selectByNumber(1).value, changed);
 }
 
-TEST_F(ArchiveStoreTest, RowRoundTripsWithEveryField)
+TEST_F(ArchiveStoreTest, DuplicateNumberIsRefusedAndTheRowsStay)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    const CdRow row { 42, QStringLiteral("Größe & Maß"), -1234567,
-        QStringLiteral("Sta1|Word|Excel 2000|End1"), true, QStringLiteral("417") };
-    archive.row(row);
-    const auto read = archive.store().selectByNumber(42);
-    ASSERT_TRUE(read.ok()) << read.error.message.toStdString();
-    EXPECT_EQ(read.value, row);
-}
-
-TEST_F(ArchiveStoreTest, SelectAllDeliversKeyOrderWhateverTheInsertOrder)
-{
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    for (int32_t number : { 30, 5, 32767, -2, 100000, 7 })
-        archive.cd(number, QStringLiteral("CD ") + QString::number(number));
-    const auto rows = archive.store().selectAll();
-    ASSERT_TRUE(rows.ok());
-    EXPECT_EQ(numbersOf(rows.value), (std::vector<int32_t> { -2, 5, 7, 30, 32767, 100000 }));
-
-    // A renumbered row moves to its new place.
-    CdRow moved = archive.store().selectByNumber(30).value;
-    moved.number = 1;
-    ASSERT_TRUE(archive.store().updateRow(30, moved).ok());
-    EXPECT_EQ(
-        numbersOf(archive.store().selectAll().value), (std::vector<int32_t> { -2, 1, 5, 7, 32767, 100000 }));
-}
-
-TEST_F(ArchiveStoreTest, DuplicateNumberIsRefusedAndTheRowStays)
-{
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    archive.cd(3, QStringLiteral("Erste"));
-    const ArchiveError error
-        = archive.store().addRow(CdRow { .number = 3, .name = QStringLiteral("Zweite") });
-    EXPECT_EQ(error.kind, Kind::DuplicateNumber);
-    EXPECT_EQ(error.message,
-        QStringLiteral("Bitte geben Sie eine andere CD Nummer ein, da jede Nummer nur einmal "
-                       "vergeben werden darf!"));
-    const auto rows = archive.store().selectAll();
-    ASSERT_EQ(rows.value.size(), 1u);
-    EXPECT_EQ(rows.value.front().name, QStringLiteral("Erste"));
+    m_archive.cd(3, u"Drei"_s).cd(5, u"Fünf"_s);
+    for (const ArchiveError &error : { m_store.addRow({ .number = 3, .name = u"Neu"_s }),
+             m_store.updateRow(5, { .number = 3, .name = u"Neu"_s }) }) {
+        EXPECT_EQ(error.kind, Kind::DuplicateNumber);
+        EXPECT_EQ(error.message,
+            u"Bitte geben Sie eine andere CD Nummer ein, da jede Nummer nur einmal vergeben werden darf!"_s);
+    }
+    EXPECT_EQ(m_store.selectByNumber(3).value.name, u"Drei"_s);
+    EXPECT_EQ(m_store.selectByNumber(5).value.name, u"Fünf"_s);
 }
 
 TEST_F(ArchiveStoreTest, TitleLimitCountsCharacters)
 {
-    struct Case
-    {
-        const char *name;
-        QString title;
-        bool accepted;
-    };
-    const Case cases[] = {
-        { "empty", QString(), true },
-        { "fifty", QString(50, QLatin1Char('x')), true },
-        { "fiftyUmlauts", QString(50, QChar(0xE4)), true },
-        { "fiftyOne", QString(51, QLatin1Char('x')), false },
-    };
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    int32_t number = 1;
-    for (const Case &c : cases) {
-        const ArchiveError error = archive.store().addRow(CdRow { .number = number, .name = c.title });
-        EXPECT_EQ(error.ok(), c.accepted) << c.name;
-        if (!c.accepted) {
-            EXPECT_EQ(error.kind, Kind::TitleTooLong) << c.name;
-            EXPECT_FALSE(archive.store().selectByNumber(number).ok()) << c.name;
-        }
-        ++number;
+    const std::pair<QString, bool> cases[] = { { QString(), true }, { QString(50, u'x'), true },
+        { QString(50, QChar(0xE4)), true }, { QString(51, u'x'), false } };
+    int32_t number = 0;
+    for (const auto &[title, accepted] : cases) {
+        const ArchiveError error = m_store.addRow({ .number = ++number, .name = title });
+        EXPECT_EQ(error.kind, accepted ? Kind::None : Kind::TitleTooLong) << title.size();
+        EXPECT_EQ(m_store.selectByNumber(number).ok(), accepted) << title.size();
     }
-}
-
-TEST_F(ArchiveStoreTest, UpdateReplacesTheRowOfTheOldNumber)
-{
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    archive.cd(1, QStringLiteral("Eins")).cd(2, QStringLiteral("Zwei"));
-    const CdRow changed { 5, QStringLiteral("Fünf"), 77, QStringLiteral("Sta1||End1"), false,
-        QStringLiteral("9") };
-    ASSERT_TRUE(archive.store().updateRow(1, changed).ok());
-    EXPECT_FALSE(archive.store().selectByNumber(1).ok());
-    EXPECT_EQ(archive.store().selectByNumber(5).value, changed);
-
-    const ArchiveError taken
-        = archive.store().updateRow(5, CdRow { .number = 2, .name = QStringLiteral("Doppelt") });
-    EXPECT_EQ(taken.kind, Kind::DuplicateNumber);
-    EXPECT_EQ(archive.store().selectByNumber(5).value, changed);
-    EXPECT_EQ(archive.store().selectByNumber(2).value.name, QStringLiteral("Zwei"));
 }
 
 TEST_F(ArchiveStoreTest, ChangesOfAMissingRowReportNotFound)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    archive.cd(1, QStringLiteral("Eins"));
-    const ArchiveError errors[]
-        = { archive.store().updateRow(9, CdRow { .number = 9 }), archive.store().deleteRow(9),
-              archive.store().setImageId(9, 5), archive.store().selectByNumber(9).error };
-    for (const ArchiveError &error : errors) {
+    m_archive.cd(1, u"Eins"_s);
+    for (const ArchiveError &error : { m_store.updateRow(9, { .number = 9 }), m_store.deleteRow(9),
+             m_store.setImageId(9, 5), m_store.selectByNumber(9).error }) {
         EXPECT_EQ(error.kind, Kind::NotFound);
-        EXPECT_EQ(error.message, QStringLiteral("Die CD (Nummer: 9) wurde im Archiv nicht gefunden."));
+        EXPECT_EQ(error.message, u"Die CD (Nummer: 9) wurde im Archiv nicht gefunden."_s);
     }
-    EXPECT_EQ(archive.store().selectAll().value.size(), 1u);
+    EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers { 1 });
 }
 
-TEST_F(ArchiveStoreTest, DeleteAndImageIdTouchOnlyTheirRow)
+TEST_F(ArchiveStoreTest, DeleteImageIdAndSelectWithImageKeepToTheirRows)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    archive.cd(1, QStringLiteral("Eins"), QStringLiteral("Sta1|End1"), 11)
-        .cd(2, QStringLiteral("Zwei"))
-        .cd(3, QStringLiteral("Drei"), QStringLiteral("Sta1|End1"), 33);
-    ASSERT_TRUE(archive.store().setImageId(2, 22).ok());
-    ASSERT_TRUE(archive.store().deleteRow(3).ok());
-    const auto rows = archive.store().selectAll();
-    ASSERT_EQ(numbersOf(rows.value), (std::vector<int32_t> { 1, 2 }));
-    EXPECT_EQ(rows.value[0].imageId, 11);
-    EXPECT_EQ(rows.value[1].imageId, 22);
-    EXPECT_EQ(rows.value[1].name, QStringLiteral("Zwei"));
+    m_archive.cd(4, u"Mit"_s, u"Sta1|End1"_s, -5)
+        .cd(1, u"Ohne"_s)
+        .cd(3, u"Weg"_s, u"Sta1|End1"_s, 33)
+        .cd(2, u"Zwei"_s);
+    ASSERT_TRUE(m_store.setImageId(2, 22).ok());
+    ASSERT_TRUE(m_store.deleteRow(3).ok());
+    EXPECT_EQ(numbersOf(m_store.selectWithImage()), (Numbers { 2, 4 }));
+    EXPECT_EQ(m_store.selectByNumber(2).value.imageId, 22);
+    EXPECT_EQ(m_store.selectByNumber(4).value.imageId, -5);
+    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { 1, 2, 4 }));
 }
 
-TEST_F(ArchiveStoreTest, SelectWithImageLeavesOutRowsWithoutOne)
+TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrorsAndStayAsTheyWere)
 {
-    ArchiveBuilder archive(data(), QStringLiteral("A"));
-    archive.cd(4, QStringLiteral("Mit"), QStringLiteral("Sta1|End1"), -5)
-        .cd(1, QStringLiteral("Ohne"))
-        .cd(2, QStringLiteral("Auch mit"), QStringLiteral("Sta1|End1"), 123);
-    const auto rows = archive.store().selectWithImage();
-    ASSERT_TRUE(rows.ok());
-    EXPECT_EQ(numbersOf(rows.value), (std::vector<int32_t> { 2, 4 }));
-}
-
-TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrors)
-{
-    struct Case
+    const struct
     {
         const char *name;
-        QByteArray content; // empty: the file is not created
-        const char *expected;
-    };
-    const Case cases[] = {
-        { "missing", {}, "wurde nicht gefunden" },
+        QByteArray content; // null: the file is not created
+        QString expected;
+    } cases[] = { { "missing", {}, u"wurde nicht gefunden"_s },
         { "textFile", QByteArray("Dies ist keine Datenbank, sondern ein Brief.\r\n").repeated(20),
-            "keine Archivdatenbank" },
-        { "emptyFile", QByteArray(""), "keine CD-Tabelle" },
-    };
-    for (const Case &c : cases) {
-        const QString path = file(QString::fromLatin1(c.name) + QStringLiteral(".mdb"));
+            u"keine Archivdatenbank"_s },
+        { "emptyFile", QByteArray(""), u"keine CD-Tabelle"_s } };
+    for (const auto &c : cases) {
+        const QString path = m_dir.filePath(QString::fromLatin1(c.name) + u".mdb"_s);
+        QFile out(path);
         if (!c.content.isNull()) {
-            QFile out(path);
             ASSERT_TRUE(out.open(QIODevice::WriteOnly));
             out.write(c.content);
+            out.close();
         }
         const ArchiveStore store(path);
         const auto rows = store.selectAll();
         EXPECT_EQ(rows.error.kind, Kind::FileError) << c.name;
-        EXPECT_TRUE(rows.error.message.contains(QString::fromUtf8(c.expected)))
-            << rows.error.message.toStdString();
-        EXPECT_EQ(store.addRow(CdRow { .number = 1 }).kind, Kind::FileError) << c.name;
+        EXPECT_TRUE(rows.error.message.contains(c.expected)) << rows.error.message.toStdString();
+        EXPECT_EQ(store.addRow({ .number = 1 }).kind, Kind::FileError) << c.name;
         EXPECT_EQ(bytesOf(path), c.content) << c.name;
     }
 }
 
+// Another program may replace the file between two actions; the next one sees the new file.
 TEST_F(ArchiveStoreTest, NothingStaysOpenBetweenOperations)
 {
-    // Another program may replace the file between two actions; the next one sees the new file.
-    ArchiveBuilder first(data(), QStringLiteral("Eins"));
-    ArchiveBuilder second(data(), QStringLiteral("Zwei"));
-    first.cd(1, QStringLiteral("Alt"));
-    second.cd(2, QStringLiteral("Neu"));
-    ASSERT_EQ(numbersOf(first.store().selectAll().value), std::vector<int32_t> { 1 });
-    ASSERT_TRUE(QFile::remove(first.path()));
-    ASSERT_TRUE(QFile::copy(second.path(), first.path()));
-    EXPECT_EQ(numbersOf(first.store().selectAll().value), std::vector<int32_t> { 2 });
+    ArchiveBuilder other(m_dir.path(), u"Zwei"_s);
+    m_archive.cd(1, u"Alt"_s);
+    other.cd(2, u"Neu"_s);
+    ASSERT_EQ(numbersOf(m_store.selectAll()), Numbers { 1 });
+    ASSERT_TRUE(QFile::remove(m_store.path()) && QFile::copy(other.path(), m_store.path()));
+    EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers { 2 });
 }
 
 } // namespace

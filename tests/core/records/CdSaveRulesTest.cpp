@@ -6,20 +6,14 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace cdsaverules;
-
-const QString kLimit
-    = QStringLiteral("Fehler: Es können maximal 32000 CDs archiviert werden. Bitte verwenden Sie "
-                     "eine CD Nummer die in diesem Bereich liegt.");
-const QString kTaken
-    = QStringLiteral("Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie eine "
-                     "andere CD Nummer ein, da jede Nummer nur einmal vergeben werden darf!");
 
 std::vector<CdRow> rowsNumbered(std::initializer_list<int32_t> numbers)
 {
     std::vector<CdRow> rows;
     for (int32_t number : numbers)
-        rows.push_back(CdRow { .number = number });
+        rows.push_back({ .number = number });
     return rows;
 }
 
@@ -27,88 +21,54 @@ TEST(CdSaveRulesTest, NumberListIsHashFormattedWithAnEmptyLastElement)
 {
     EXPECT_EQ(numberList({}), QStringList { QString() });
     EXPECT_EQ(numberList(rowsNumbered({ 1, 0, 40000 })),
-        (QStringList { QStringLiteral("1"), QString(), QStringLiteral("40000"), QString() }));
+        (QStringList { u"1"_s, QString(), u"40000"_s, QString() }));
 }
 
+// The first position whose number is not position + 1 wins, the first position included.
 TEST(CdSaveRulesTest, ProposalComparesByPosition)
 {
-    struct Case
-    {
-        const char *name;
-        std::vector<CdRow> rows;
-        const char *proposal;
-    };
     std::vector<CdRow> hundredLess;
     for (int32_t n = 1; n <= 99; ++n)
-        hundredLess.push_back(CdRow { .number = n });
-    const Case cases[] = {
-        { "empty", {}, "001" },
-        { "oneTwoThree", rowsNumbered({ 1, 2, 3 }), "004" },
-        { "gapAtTwo", rowsNumbered({ 1, 3 }), "002" },
-        { "fiveSeven", rowsNumbered({ 5, 7 }), "002" },
-        { "twoThreeOffersANumberInUse", rowsNumbered({ 2, 3 }), "002" },
-        { "onlyOne", rowsNumbered({ 1 }), "002" },
-        { "onlyFive", rowsNumbered({ 5 }), "002" },
-        { "gapAtThree", rowsNumbered({ 1, 2, 4 }), "003" },
-        { "threeDigitsKeepTheTwoZeros", hundredLess, "00100" },
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(proposeNumber(numberList(c.rows)), QString::fromUtf8(c.proposal)) << c.name;
+        hundredLess.push_back({ .number = n });
+    const std::pair<std::vector<CdRow>, const char *> cases[] = { { {}, "001" },
+        { rowsNumbered({ 1, 2, 3 }), "004" }, { rowsNumbered({ 1, 3 }), "002" },
+        { rowsNumbered({ 5, 7 }), "002" }, { rowsNumbered({ 2, 3 }), "002" }, { rowsNumbered({ 5 }), "002" },
+        { rowsNumbered({ 1, 2, 4 }), "003" }, { hundredLess, "00100" } };
+    for (const auto &[rows, proposal] : cases)
+        EXPECT_EQ(proposeNumber(numberList(rows)), QString::fromLatin1(proposal)) << rows.size();
 }
 
-struct CheckCase
+TEST(CdSaveRulesTest, NumberChecksOfNewAndChangedCds)
 {
-    const char *name;
-    const char *text;
-    int32_t number; // when accepted
-    QString message;
-};
-
-TEST(CdSaveRulesTest, NewCdNumberChecks)
-{
-    const QStringList taken = numberList(rowsNumbered({ 5, 12 }));
-    const CheckCase cases[] = {
-        { "leadingZerosGo", "007", 7, {} },
-        { "limitItself", "32000", 32000, {} },
-        { "limitWithZeros", "0032000", 32000, {} },
-        { "overLimit", "32001", 0, kLimit },
-        { "farOverLimit", "99999999999999", 0, kLimit },
-        { "zeroIsTaken", "0", 0, kTaken },
-        { "zerosAreTaken", "000", 0, kTaken },
-        { "taken", "12", 0, kTaken },
-        { "takenWithZeros", "005", 0, kTaken },
-        { "free", "6", 6, {} },
-        { "empty", "", 0, QStringLiteral("Bitte geben Sie eine CD Nummer ein.") },
-        { "letters", "12a", 0, QStringLiteral("Die CD Nummer darf nur die Ziffern 0 bis 9 enthalten.") },
-        { "minus", "-5", 0, QStringLiteral("Die CD Nummer darf nur die Ziffern 0 bis 9 enthalten.") },
-        { "blank", " 7", 0, QStringLiteral("Die CD Nummer darf nur die Ziffern 0 bis 9 enthalten.") },
-    };
-    for (const CheckCase &c : cases) {
-        const NumberCheck check = checkNewCdNumber(QString::fromUtf8(c.text), taken);
-        EXPECT_EQ(check.message, c.message) << c.name;
-        if (check.ok()) {
-            EXPECT_EQ(check.number, c.number) << c.name;
-        }
-    }
-}
-
-TEST(CdSaveRulesTest, ChangedCdMayKeepItsOwnNumberOnly)
-{
-    const QStringList taken = numberList(rowsNumbered({ 5, 12 }));
-    const CheckCase cases[] = {
-        { "keepsOwn", "5", 5, {} },
-        { "keepsOwnWithZeros", "0005", 5, {} },
-        { "takesFree", "6", 6, {} },
-        { "takesOther", "12", 0, kTaken },
-        { "zeroStillTaken", "0", 0, kTaken },
-        { "overLimit", "40000", 0, kLimit },
-    };
-    for (const CheckCase &c : cases) {
-        const NumberCheck check = checkChangeCdNumber(QString::fromUtf8(c.text), taken, QStringLiteral("5"));
-        EXPECT_EQ(check.message, c.message) << c.name;
-        if (check.ok()) {
-            EXPECT_EQ(check.number, c.number) << c.name;
-        }
+    const QString limit
+        = u"Fehler: Es können maximal 32000 CDs archiviert werden. Bitte verwenden Sie eine CD "
+          u"Nummer die in diesem Bereich liegt."_s;
+    const QString taken
+        = u"Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie eine andere CD "
+          u"Nummer ein, da jede Nummer nur einmal vergeben werden darf!"_s;
+    const QString digits = u"Die CD Nummer darf nur die Ziffern 0 bis 9 enthalten."_s;
+    const struct
+    {
+        const char *text;
+        const char *own; // the changed CD's number; nullptr: a new CD
+        int32_t number; // when accepted
+        QString message;
+    } cases[] = { { "007", nullptr, 7, {} }, { "32000", nullptr, 32000, {} },
+        { "0032000", nullptr, 32000, {} }, { "6", nullptr, 6, {} }, { "32001", nullptr, 0, limit },
+        { "99999999999999", nullptr, 0, limit }, { "0", nullptr, 0, taken }, { "000", nullptr, 0, taken },
+        { "12", nullptr, 0, taken }, { "005", nullptr, 0, taken },
+        { "", nullptr, 0, u"Bitte geben Sie eine CD Nummer ein."_s }, { "12a", nullptr, 0, digits },
+        { "-5", nullptr, 0, digits }, { " 7", nullptr, 0, digits }, { "5", "5", 5, {} },
+        { "0005", "5", 5, {} }, { "6", "5", 6, {} }, { "12", "5", 0, taken }, { "0", "5", 0, taken },
+        { "40000", "5", 0, limit } };
+    const QStringList list = numberList(rowsNumbered({ 5, 12 }));
+    for (const auto &c : cases) {
+        SCOPED_TRACE(std::string(c.text) + (c.own ? " changing " + std::string(c.own) : " new"));
+        const QString text = QString::fromLatin1(c.text);
+        const NumberCheck check = c.own ? checkChangeCdNumber(text, list, QString::fromLatin1(c.own))
+                                        : checkNewCdNumber(text, list);
+        EXPECT_EQ(check.message, c.message);
+        EXPECT_EQ(check.ok() ? check.number : 0, c.number);
     }
 }
 

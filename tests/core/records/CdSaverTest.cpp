@@ -3,163 +3,108 @@
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
 
-#include <QDir>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <deque>
 
 namespace {
 
-const QString kSaved = QStringLiteral("CD erfolgreich gespeichert!");
+using namespace Qt::StringLiterals;
 
 class CdSaverTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
+    CdSaver::Outcome saveNew(CdDraft draft) const
     {
-        ASSERT_TRUE(m_dir.isValid());
-        m_archive = std::make_unique<ArchiveBuilder>(m_dir.path(), QStringLiteral("Test"));
-        m_covers = std::make_unique<CoverStore>(
-            m_dir.path(), [this] { return m_draws.at(m_next++ % m_draws.size()); });
+        return CdSaver(m_archive.store(), m_covers).saveNewCd(draft);
     }
-
-    CdSaver saver() const { return CdSaver(m_archive->store(), *m_covers); }
-    std::vector<CdRow> rows() const { return m_archive->store().selectAll().value; }
+    CdSaver::Outcome saveChanged(int32_t number, CdDraft draft) const
+    {
+        return CdSaver(m_archive.store(), m_covers).saveChangedCd(number, draft);
+    }
+    std::vector<CdRow> rows() const { return m_archive.store().selectAll().value; }
     QStringList coverFiles() const
     {
-        return QDir(m_dir.filePath(QStringLiteral("Covers"))).entryList(QDir::Files, QDir::Name);
+        return QDir(m_dir.filePath(u"Covers"_s)).entryList(QDir::Files, QDir::Name);
     }
-    static QImage cover()
+    static CdDraft withCover(CdDraft draft)
     {
-        QImage image(300, 150, QImage::Format_RGB32);
-        image.fill(Qt::green);
-        return image;
+        draft.cover = QImage(300, 150, QImage::Format_RGB32);
+        draft.cover.fill(Qt::green);
+        return draft;
     }
 
     QTemporaryDir m_dir;
-    std::unique_ptr<ArchiveBuilder> m_archive;
-    std::vector<double> m_draws = { 0.1, 0.2, 0.3 };
+    ArchiveBuilder m_archive { m_dir.path(), u"Test"_s };
+    std::vector<double> m_draws = { 0.1, 0.2 };
     size_t m_next = 0;
-    std::unique_ptr<CoverStore> m_covers;
+    CoverStore m_covers { m_dir.path(), [this] { return m_draws.at(m_next++ % m_draws.size()); } };
 };
 
-TEST_F(CdSaverTest, NewCdIsStoredWithItsOwnEncodingAndNoCover)
+TEST_F(CdSaverTest, NewCdIsStoredWithTheNewCdEncodingAndItsCover)
 {
-    const CdDraft draft { QStringLiteral("007"), QStringLiteral("Urlaub 2003"), {}, 0 };
-    const CdSaver::Outcome outcome = saver().saveNewCd(draft);
+    const CdSaver::Outcome outcome = saveNew({ u"007"_s, u"Urlaub 2003"_s, {}, 0 });
     EXPECT_TRUE(outcome.saved);
-    EXPECT_EQ(outcome.message, kSaved);
-    ASSERT_EQ(rows().size(), 1u);
-    EXPECT_EQ(rows().front(),
-        (CdRow {
-            7, QStringLiteral("Urlaub 2003"), 0, QStringLiteral("Sta1|End1"), false, QStringLiteral("0") }));
-}
-
-TEST_F(CdSaverTest, NewCdWithCoverStoresTheBitmapAndItsNumber)
-{
-    CdDraft draft { QStringLiteral("3"), QStringLiteral("Mit Bild"),
-        { QStringLiteral("a"), QStringLiteral("b") }, -42 };
-    draft.cover = cover();
-    ASSERT_TRUE(saver().saveNewCd(draft).saved);
-    const CdRow row = rows().front();
-    EXPECT_EQ(row.cover, QStringLiteral("50000"));
-    EXPECT_EQ(row.imageId, -42);
-    EXPECT_EQ(row.comments, QStringLiteral("Sta1|a|b|End1"));
-    EXPECT_EQ(coverFiles(), QStringList { QStringLiteral("50000.bmp") });
+    EXPECT_EQ(outcome.message, u"CD erfolgreich gespeichert!"_s);
+    ASSERT_TRUE(saveNew(withCover({ u"3"_s, u"Mit Bild"_s, { u"a"_s, u"b"_s }, -42 })).saved);
+    EXPECT_EQ(rows(),
+        (std::vector<CdRow> { { 3, u"Mit Bild"_s, -42, u"Sta1|a|b|End1"_s, false, u"50000"_s },
+            { 7, u"Urlaub 2003"_s, 0, u"Sta1|End1"_s, false, u"0"_s } }));
+    EXPECT_EQ(coverFiles(), QStringList { u"50000.bmp"_s });
 }
 
 TEST_F(CdSaverTest, RefusedSavesChangeNothing)
 {
-    m_archive->cd(5, QStringLiteral("Vorhanden"));
-    struct Case
+    m_archive.cd(5, u"Vorhanden"_s).cd(6, u"Sechs"_s);
+    const std::vector<CdRow> before = rows();
+    const struct
     {
-        const char *name;
-        QString number;
-        QString title;
+        std::optional<int32_t> changing;
+        QString number, title;
         const char *messageStart;
-    };
-    const Case cases[] = {
-        { "taken", QStringLiteral("5"), QStringLiteral("x"), "Fehler! Die gewünschte CD Nummer" },
-        { "zero", QStringLiteral("0"), QStringLiteral("x"), "Fehler! Die gewünschte CD Nummer" },
-        { "overLimit", QStringLiteral("32001"), QStringLiteral("x"), "Fehler: Es können maximal 32000" },
-        { "titleTooLong", QStringLiteral("6"), QString(51, QLatin1Char('t')), "Der Titel ist zu lang" },
-        { "notANumber", QStringLiteral("sechs"), QStringLiteral("x"), "Die CD Nummer darf nur" },
-    };
-    for (const Case &c : cases) {
-        CdDraft draft { c.number, c.title, { QStringLiteral("k") }, 9 };
-        draft.cover = cover();
-        const CdSaver::Outcome outcome = saver().saveNewCd(draft);
-        EXPECT_FALSE(outcome.saved) << c.name;
+    } cases[] = { { {}, u"5"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
+        { {}, u"0"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
+        { {}, u"32001"_s, u"x"_s, "Fehler: Es können maximal 32000" },
+        { {}, u"7"_s, QString(51, u't'), "Der Titel ist zu lang" },
+        { {}, u"sechs"_s, u"x"_s, "Die CD Nummer darf nur" },
+        { 5, u"6"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
+        { 8, u"8"_s, u"x"_s, "Die CD (Nummer: 8) wurde im Archiv nicht gefunden." } };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.messageStart);
+        const CdDraft draft = withCover({ c.number, c.title, { u"k"_s }, 9 });
+        const CdSaver::Outcome outcome = c.changing ? saveChanged(*c.changing, draft) : saveNew(draft);
+        EXPECT_FALSE(outcome.saved);
         EXPECT_TRUE(outcome.message.startsWith(QString::fromUtf8(c.messageStart)))
             << outcome.message.toStdString();
-        EXPECT_EQ(rows().size(), 1u) << c.name;
-        EXPECT_EQ(rows().front().name, QStringLiteral("Vorhanden")) << c.name;
-        EXPECT_TRUE(coverFiles().isEmpty()) << c.name;
+        EXPECT_EQ(rows(), before);
+        EXPECT_TRUE(coverFiles().isEmpty());
     }
+    ASSERT_TRUE(QFile::remove(m_archive.path()));
+    const CdSaver::Outcome noArchive = saveNew({ u"1"_s, u"x"_s, {}, 0 });
+    EXPECT_FALSE(noArchive.saved);
+    EXPECT_TRUE(noArchive.message.contains(u"wurde nicht gefunden"_s)) << noArchive.message.toStdString();
 }
 
-TEST_F(CdSaverTest, ChangedCdKeepsItsNumberAndLosesTheLentMark)
+// The editor writes its own encoding, clears the lent mark, may move the CD to a free number,
+// and stores each picture anew, keeping the old file.
+TEST_F(CdSaverTest, ChangedCdIsRewrittenByTheEditorsRules)
 {
-    m_archive->row(
-        CdRow { 5, QStringLiteral("Alt"), 77, QStringLiteral("Sta1|End1"), true, QStringLiteral("0") });
-    m_archive->cd(6, QStringLiteral("Nachbar"));
-    const CdDraft draft { QStringLiteral("5"), QStringLiteral("Neu"), {}, 77 };
-    const CdSaver::Outcome outcome = saver().saveChangedCd(5, draft);
-    EXPECT_TRUE(outcome.saved) << outcome.message.toStdString();
-    EXPECT_EQ(rows().front(),
-        (CdRow { 5, QStringLiteral("Neu"), 77, QStringLiteral("Sta1||End1"), false, QStringLiteral("0") }));
-}
+    m_archive.row({ 5, u"Alt"_s, 77, u"Sta1|End1"_s, true, u"0"_s }).cd(6, u"Nachbar"_s);
+    ASSERT_TRUE(saveChanged(5, { u"5"_s, u"Neu"_s, {}, 77 }).saved);
+    EXPECT_EQ(rows().front(), (CdRow { 5, u"Neu"_s, 77, u"Sta1||End1"_s, false, u"0"_s }));
 
-TEST_F(CdSaverTest, ChangedCdMayMoveToAFreeNumberButNotToATakenOne)
-{
-    m_archive->cd(5, QStringLiteral("Fünf")).cd(6, QStringLiteral("Sechs"));
-    const CdSaver::Outcome taken
-        = saver().saveChangedCd(5, CdDraft { QStringLiteral("6"), QStringLiteral("x"), {}, 0 });
-    EXPECT_FALSE(taken.saved);
-    EXPECT_EQ(rows().front().name, QStringLiteral("Fünf"));
-
-    ASSERT_TRUE(
-        saver().saveChangedCd(5, CdDraft { QStringLiteral("0010"), QStringLiteral("Zehn"), {}, 0 }).saved);
-    EXPECT_EQ(rows().back(),
-        (CdRow { 10, QStringLiteral("Zehn"), 0, QStringLiteral("Sta1||End1"), false, QStringLiteral("0") }));
+    ASSERT_TRUE(saveChanged(5, withCover({ u"0010"_s, u"Zehn"_s, {}, 0 })).saved);
+    ASSERT_TRUE(saveChanged(10, withCover({ u"10"_s, u"Zehn"_s, {}, 0 })).saved);
     EXPECT_EQ(rows().size(), 2u);
-}
-
-TEST_F(CdSaverTest, EachSaveWithACoverWritesANewFileAndKeepsTheOld)
-{
-    m_archive->cd(1, QStringLiteral("Eins"));
-    CdDraft draft { QStringLiteral("1"), QStringLiteral("Eins"), {}, 0 };
-    draft.cover = cover();
-    ASSERT_TRUE(saver().saveChangedCd(1, draft).saved);
-    ASSERT_TRUE(saver().saveChangedCd(1, draft).saved);
-    EXPECT_EQ(coverFiles(), (QStringList { QStringLiteral("100000.bmp"), QStringLiteral("50000.bmp") }));
-    EXPECT_EQ(rows().front().cover, QStringLiteral("100000"));
+    EXPECT_EQ(rows().back(), (CdRow { 10, u"Zehn"_s, 0, u"Sta1||End1"_s, false, u"100000"_s }));
+    EXPECT_EQ(coverFiles(), (QStringList { u"100000.bmp"_s, u"50000.bmp"_s }));
 }
 
 TEST_F(CdSaverTest, KeptCoverNumberIsWrittenWhenThereIsNoPicture)
 {
-    m_archive->cd(1, QStringLiteral("Eins"), QStringLiteral("Sta1|End1"), 0, QStringLiteral("4711"));
-    CdDraft draft { QStringLiteral("1"), QStringLiteral("Eins"), {}, 0 };
-    draft.keptCover = QStringLiteral("4711");
-    ASSERT_TRUE(saver().saveChangedCd(1, draft).saved);
-    EXPECT_EQ(rows().front().cover, QStringLiteral("4711"));
-}
-
-TEST_F(CdSaverTest, RowOrArchiveGoneIsReportedInGerman)
-{
-    const CdSaver::Outcome gone
-        = saver().saveChangedCd(8, CdDraft { QStringLiteral("8"), QStringLiteral("x"), {}, 0 });
-    EXPECT_FALSE(gone.saved);
-    EXPECT_EQ(gone.message, QStringLiteral("Die CD (Nummer: 8) wurde im Archiv nicht gefunden."));
-
-    ASSERT_TRUE(QFile::remove(m_archive->path()));
-    const CdSaver::Outcome noArchive
-        = saver().saveNewCd(CdDraft { QStringLiteral("1"), QStringLiteral("x"), {}, 0 });
-    EXPECT_FALSE(noArchive.saved);
-    EXPECT_TRUE(noArchive.message.contains(QStringLiteral("wurde nicht gefunden")))
-        << noArchive.message.toStdString();
+    m_archive.cd(1, u"Eins"_s, u"Sta1|End1"_s, 0, u"4711"_s);
+    CdDraft draft { u"1"_s, u"Eins"_s, {}, 0 };
+    draft.keptCover = u"4711"_s;
+    ASSERT_TRUE(saveChanged(1, draft).saved);
+    EXPECT_EQ(rows().front().cover, u"4711"_s);
 }
 
 } // namespace

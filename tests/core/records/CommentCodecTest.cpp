@@ -6,71 +6,46 @@
 
 namespace {
 
-struct EncodeCase
-{
-    const char *name;
-    QStringList comments;
-    const char *newCd;
-    const char *changeCd;
-};
+using namespace Qt::StringLiterals;
+using namespace commentcodec;
 
+// The new-CD dialog writes every line; the editor swallows an empty line and the bar ending a line.
 TEST(CommentCodecTest, EachDialogEncodesByItsOwnRule)
 {
-    const EncodeCase cases[] = {
-        { "none", {}, "Sta1|End1", "Sta1||End1" },
-        { "two", { QStringLiteral("a"), QStringLiteral("b") }, "Sta1|a|b|End1", "Sta1|a|b|End1" },
-        { "example",
-            { QStringLiteral("Word"), QStringLiteral("Excel 2000"), QStringLiteral("Treiber für Drucker") },
-            "Sta1|Word|Excel 2000|Treiber für Drucker|End1",
-            "Sta1|Word|Excel 2000|Treiber für Drucker|End1" },
-        { "emptyFirstIsSwallowedOnChange", { QString(), QStringLiteral("x") }, "Sta1||x|End1",
-            "Sta1|x|End1" },
-        { "emptyInTheMiddleIsSwallowedOnChange", { QStringLiteral("a"), QString(), QStringLiteral("b") },
-            "Sta1|a||b|End1", "Sta1|a|b|End1" },
-        { "barAtTheEndTakesTheNextWithoutBar", { QStringLiteral("a|"), QStringLiteral("b") },
-            "Sta1|a||b|End1", "Sta1|a|b|End1" },
-        { "onlyEmpty", { QString() }, "Sta1||End1", "Sta1||End1" },
-    };
-    for (const EncodeCase &c : cases) {
-        EXPECT_EQ(commentcodec::encodeNewCd(c.comments), QString::fromUtf8(c.newCd)) << c.name;
-        EXPECT_EQ(commentcodec::encodeChangeCd(c.comments), QString::fromUtf8(c.changeCd)) << c.name;
+    const struct
+    {
+        QStringList comments;
+        const char *newCd, *changeCd;
+    } cases[] = { { {}, "Sta1|End1", "Sta1||End1" }, { { u"a"_s, u"b"_s }, "Sta1|a|b|End1", "Sta1|a|b|End1" },
+        { { u"Treiber für Drucker"_s }, "Sta1|Treiber für Drucker|End1", "Sta1|Treiber für Drucker|End1" },
+        { { QString(), u"x"_s }, "Sta1||x|End1", "Sta1|x|End1" },
+        { { u"a"_s, QString(), u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
+        { { u"a|"_s, u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
+        { { QString() }, "Sta1||End1", "Sta1||End1" } };
+    for (const auto &c : cases) {
+        EXPECT_EQ(encodeNewCd(c.comments), QString::fromUtf8(c.newCd));
+        EXPECT_EQ(encodeChangeCd(c.comments), QString::fromUtf8(c.changeCd));
     }
 }
 
 TEST(CommentCodecTest, DecodingDropsTheFirstAndLastPiece)
 {
-    struct Case
-    {
-        const char *text;
-        QStringList comments;
-    };
-    const Case cases[] = {
-        { "Sta1|a|b|End1", { QStringLiteral("a"), QStringLiteral("b") } },
-        { "Sta1|End1", {} },
-        { "Sta1||End1", { QString() } },
-        { "Sta1|a|b|End1", { QStringLiteral("a"), QStringLiteral("b") } },
-        { "X|mitten|Y", { QStringLiteral("mitten") } },
-        { "Sta1|ohne Ende", {} },
-        { "Sta1", {} },
-        { "", {} },
-        { "|||", { QString(), QString() } },
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(commentcodec::decode(QString::fromUtf8(c.text)), c.comments) << c.text;
+    const std::pair<const char *, QStringList> cases[] = { { "Sta1|a|b|End1", { u"a"_s, u"b"_s } },
+        { "Sta1|End1", {} }, { "Sta1||End1", { QString() } }, { "X|mitten|Y", { u"mitten"_s } },
+        { "Sta1|ohne Ende", {} }, { "Sta1", {} }, { "", {} }, { "|||", { QString(), QString() } } };
+    for (const auto &[text, comments] : cases)
+        EXPECT_EQ(decode(QString::fromUtf8(text)), comments) << text;
 }
 
-TEST(CommentCodecTest, BarInsideACommentSplitsItAtTheNextReading)
+TEST(CommentCodecTest, RoundTripsThroughTheEditor)
 {
-    for (const QString &text : { commentcodec::encodeNewCd({ QStringLiteral("a|b") }),
-             commentcodec::encodeChangeCd({ QStringLiteral("a|b") }) })
-        EXPECT_EQ(commentcodec::decode(text), (QStringList { QStringLiteral("a"), QStringLiteral("b") }));
-}
-
-TEST(CommentCodecTest, SavingAnEmptyListOnceInTheEditorShowsOneEmptyLineThatStays)
-{
-    const QString once = commentcodec::encodeChangeCd(commentcodec::decode(commentcodec::encodeNewCd({})));
-    EXPECT_EQ(commentcodec::decode(once), QStringList { QString() });
-    EXPECT_EQ(commentcodec::encodeChangeCd(commentcodec::decode(once)), once);
+    // A bar inside a comment splits it at the next reading.
+    for (const QString &text : { encodeNewCd({ u"a|b"_s }), encodeChangeCd({ u"a|b"_s }) })
+        EXPECT_EQ(decode(text), (QStringList { u"a"_s, u"b"_s }));
+    // An empty list saved once in the editor comes back as one empty line, and stays so.
+    const QString once = encodeChangeCd(decode(encodeNewCd({})));
+    EXPECT_EQ(decode(once), QStringList { QString() });
+    EXPECT_EQ(encodeChangeCd(decode(once)), once);
 }
 
 } // namespace

@@ -9,30 +9,18 @@
 
 namespace {
 
-using coverimage::fitCoverSize;
+using namespace Qt::StringLiterals;
 
+// One side reaches the box; the other is rounded half to even.
 TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
 {
-    struct Case
-    {
-        const char *name;
-        int w, h;
-        QSize expected;
-    };
-    const Case cases[] = {
-        { "wideShrinks", 600, 300, { 300, 150 } },
-        { "smallGrows", 100, 50, { 300, 150 } },
-        { "squareStays", 300, 300, { 300, 300 } },
-        { "tall", 300, 600, { 150, 300 } },
-        { "tinyGrows", 1, 1, { 300, 300 } },
-        { "uneven", 400, 299, { 300, 224 } },
-        { "tieGoesToEvenDown", 600, 301, { 300, 150 } }, // 150.5
-        { "tieGoesToEvenUp", 600, 303, { 300, 152 } }, // 151.5
-        { "tallTie", 301, 600, { 150, 300 } }, // 150.5
-        { "emptyPicture", 0, 10, {} },
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(fitCoverSize(c.w, c.h, 300, 300), c.expected) << c.name;
+    const std::pair<QSize, QSize> cases[] = { { { 600, 300 }, { 300, 150 } }, { { 100, 50 }, { 300, 150 } },
+        { { 300, 300 }, { 300, 300 } }, { { 300, 600 }, { 150, 300 } }, { { 1, 1 }, { 300, 300 } },
+        { { 400, 299 }, { 300, 224 } }, { { 600, 301 }, { 300, 150 } }, { { 600, 303 }, { 300, 152 } },
+        { { 301, 600 }, { 150, 300 } }, { { 0, 10 }, {} } };
+    for (const auto &[picture, fitted] : cases)
+        EXPECT_EQ(coverimage::fitCoverSize(picture.width(), picture.height(), 300, 300), fitted)
+            << picture.width() << "x" << picture.height();
 }
 
 TEST(CoverImageTest, FittedPictureKeepsItsHalvesAndLosesTransparency)
@@ -51,34 +39,32 @@ TEST(CoverImageTest, FittedPictureKeepsItsHalvesAndLosesTransparency)
 TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
 {
     QTemporaryDir dir;
+    const auto write = [&dir](const QString &name, const QByteArray &bytes) {
+        QFile file(dir.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    };
     QImage picture(40, 20, QImage::Format_RGB32);
     picture.fill(qRgb(0, 128, 255));
+    QStringList files;
     for (const char *format : { "BMP", "JPG", "PNG" }) {
-        const QString path = dir.filePath(QStringLiteral("bild.") + QString::fromLatin1(format).toLower());
-        ASSERT_TRUE(picture.save(path, format)) << format;
-        const coverimage::Loaded loaded = coverimage::loadPicture(path);
-        EXPECT_TRUE(loaded.error.isEmpty()) << format;
-        EXPECT_EQ(loaded.picture.size(), QSize(40, 20)) << format;
+        files << dir.filePath(u"bild."_s + QString::fromLatin1(format).toLower());
+        ASSERT_TRUE(picture.save(files.back(), format)) << format;
     }
     // A one-pixel GIF, written by hand since the toolkit writes none.
-    const QByteArray gif
-        = QByteArray::fromHex("47494638396101000100800000ff000000000021f90400000000002c00000000"
-                              "010001000002024401003b");
-    const QString gifPath = dir.filePath(QStringLiteral("punkt.gif"));
-    QFile gifFile(gifPath);
-    ASSERT_TRUE(gifFile.open(QIODevice::WriteOnly));
-    gifFile.write(gif);
-    gifFile.close();
-    EXPECT_EQ(coverimage::loadPicture(gifPath).picture.size(), QSize(1, 1));
-
-    const QString textPath = dir.filePath(QStringLiteral("brief.jpg"));
-    QFile text(textPath);
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-    text.write("Kein Bild, nur Text.");
-    text.close();
-    for (const QString &path : { textPath, dir.filePath(QStringLiteral("fehlt.bmp")) }) {
-        const coverimage::Loaded loaded = coverimage::loadPicture(path);
-        EXPECT_EQ(loaded.error, QStringLiteral("Ungültiges Bild!")) << path.toStdString();
+    files << write(u"punkt.gif"_s,
+        QByteArray::fromHex(
+            "47494638396101000100800000ff000000000021f90400000000002c00000000010001000002024401003b"));
+    for (const QString &file : files) {
+        const coverimage::Loaded loaded = coverimage::loadPicture(file);
+        EXPECT_TRUE(loaded.error.isEmpty()) << file.toStdString();
+        EXPECT_EQ(loaded.picture.size(), file.endsWith(u".gif"_s) ? QSize(1, 1) : QSize(40, 20));
+    }
+    for (const QString &file :
+        { write(u"brief.jpg"_s, "Kein Bild, nur Text."), dir.filePath(u"fehlt.bmp"_s) }) {
+        const coverimage::Loaded loaded = coverimage::loadPicture(file);
+        EXPECT_EQ(loaded.error, u"Ungültiges Bild!"_s) << file.toStdString();
         EXPECT_TRUE(loaded.picture.isNull());
     }
 }
