@@ -25,15 +25,20 @@ public:
     const QString &letter() const { return m_drive.letter; }
     int32_t id() const { return m_id; }
 
-    // Chooses this drive in the dialog, clicks "Abbild erstellen" and waits until the capture
-    // and every message about it have ended.
-    bool capture(abbild *dialog) const
+    // Chooses this drive in the dialog and clicks "Abbild erstellen".
+    bool start(abbild *dialog) const
     {
         if (!dialog || !control<DriveListBox>(dialog, "Drive1")->selectDrive(m_drive.letter))
             return false;
-        QSignalSpy ended(dialog, &abbild::captureEnded);
         control<QPushButton>(dialog, "aufnahhme")->click();
-        return !ended.isEmpty() || ended.wait(20000);
+        return true;
+    }
+
+    // Starts a capture and waits until it and every message about it have ended.
+    bool capture(abbild *dialog) const
+    {
+        QSignalSpy ended(dialog, &abbild::captureEnded);
+        return start(dialog) && (!ended.isEmpty() || ended.wait(20000));
     }
 
 private:

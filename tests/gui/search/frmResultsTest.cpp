@@ -114,18 +114,6 @@ TEST_F(frmResultsTest, HeaderClicksSortByTextAndTurnTheOrder)
     EXPECT_EQ(window->selectedFile(), QStringLiteral("f:\\Spiele\\Word7.exe"));
 }
 
-TEST_F(frmResultsTest, ResizingMovesListAndButtons)
-{
-    frmResults *window = searchAll(QStringLiteral("haus"));
-    ASSERT_NE(window, nullptr);
-    for (const QSize size : { QSize(800, 500), QSize(520, 300) }) {
-        window->resize(size);
-        EXPECT_EQ(list(window)->size(), QSize(size.width() - 27, size.height() - 100));
-        for (const char *button : { "Command1", "Command2", "Command3" })
-            EXPECT_EQ(control<QPushButton>(window, button)->y(), size.height() - 60) << button;
-    }
-}
-
 // The file holds the hits in the order of the search, whatever the list's order; a name
 // without extension gets ".txt"; a cancel writes nothing; a file that cannot be written is
 // reported.
