@@ -14,47 +14,30 @@
 #include <vector>
 
 // The pruned walk writes as it goes and keeps only the lines that may still be taken back.
-// These tests hold it against the plain rule on random trees: collect every line, and after
+// This test holds it against the plain rule on random trees: collect every line, and after
 // a subfolder without a passing file drop the last collected line, whatever it is.
 namespace {
 
 constexpr int64_t kTime = 981173106; // 03.02.2001 04:05:06
 
-QString fixture(const char *relative)
-{
-    return fixturePath(QLatin1String(relative));
-}
-
 // Random folders holding text and picture files, ZIPs, RARs, a ZIP without entries and a
 // ".rar" that is no RAR (no entry rows at all), a few levels deep.
 void growTree(TreeBuilder &tree, std::mt19937 &random, const QString &folder, int depth)
 {
+    const std::pair<const char *, const char *> kinds[] = { { ".txt", nullptr }, { ".jpg", nullptr },
+        { ".zip", "zip/two_files_and_folder.zip" }, { ".rar", "rar/rar4_basic_windows.rar" },
+        { ".zip", "zip/no_entries.zip" }, { ".rar", "zip/not_a_zip.zip" } };
     const int entries = static_cast<int>(random() % 5);
     for (int i = 0; i < entries; ++i) {
-        const QString name
-            = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) + QStringLiteral("e%1").arg(i);
-        switch (random() % (depth < 4 ? 8 : 6)) {
-        case 0:
-            tree.file(name + QStringLiteral(".txt"), 1, kTime);
-            break;
-        case 1:
-            tree.file(name + QStringLiteral(".jpg"), 1, kTime);
-            break;
-        case 2:
-            tree.copy(fixture("zip/two_files_and_folder.zip"), name + QStringLiteral(".zip"), kTime);
-            break;
-        case 3:
-            tree.copy(fixture("rar/rar4_basic_windows.rar"), name + QStringLiteral(".rar"), kTime);
-            break;
-        case 4:
-            tree.copy(fixture("zip/no_entries.zip"), name + QStringLiteral(".zip"), kTime);
-            break;
-        case 5:
-            tree.copy(fixture("zip/not_a_zip.zip"), name + QStringLiteral(".rar"), kTime);
-            break;
-        default:
+        const QString name = (folder.isEmpty() ? QString() : folder + u'/') + QStringLiteral("e%1").arg(i);
+        const size_t kind = random() % (depth < 4 ? 8 : 6);
+        if (kind >= std::size(kinds)) {
             tree.folder(name);
             growTree(tree, random, name, depth + 1);
+        } else if (const auto &[suffix, source] = kinds[kind]; source) {
+            tree.copy(fixturePath(QLatin1String(source)), name + QLatin1String(suffix), kTime);
+        } else {
+            tree.file(name + QLatin1String(suffix), 1, kTime);
         }
     }
 }
@@ -70,20 +53,19 @@ struct PlainRule
     {
         bool passed = false;
         for (const QString &name : tree.listingOrder(folder)) {
-            const QString relative = folder.isEmpty() ? name : folder + QLatin1Char('/') + name;
+            const QString relative = folder.isEmpty() ? name : folder + u'/' + name;
             const QByteArray path = imagePath + "\\" + name.toLatin1();
             const std::string fsPath = QFile::encodeName(tree.path(relative)).toStdString();
+            const bool zip = name.endsWith(QLatin1String(".zip"));
             if (QFileInfo(tree.path(relative)).isDir()) {
                 lines.push_back(">" + path);
                 const bool below = walk(relative, path);
                 if (prune && !below)
                     lines.pop_back();
                 passed = passed || below;
-            } else if (name.endsWith(QLatin1String(".zip")) || name.endsWith(QLatin1String(".rar"))) {
+            } else if (zip || name.endsWith(QLatin1String(".rar"))) {
                 lines.push_back(">" + path);
-                const ArchiveListing listing
-                    = name.endsWith(QLatin1String(".zip")) ? listZip(fsPath) : listRar(fsPath);
-                for (const ArchiveEntry &row : listing.rows)
+                for (const ArchiveEntry &row : (zip ? listZip(fsPath) : listRar(fsPath)).rows)
                     lines.push_back(
                         path + "\\" + QByteArray::fromStdString(row.name + "|" + row.size + "|" + row.date));
             } else if (!textOnly || name.endsWith(QLatin1String(".txt"))) {
@@ -116,11 +98,11 @@ TEST(VolumeWalk, MatchesTheCollectAndDropRuleOnRandomTrees)
         growTree(tree, random, {}, 0);
         for (const bool textOnly : { false, true }) {
             for (const bool prune : { false, true }) {
-                SCOPED_TRACE("seed " + std::to_string(seed) + (textOnly ? " *.txt" : " *.*")
-                    + (prune ? " pruned" : ""));
-                const CaptureResult result = ImageCapture(data.path())
-                                                 .capture(QStringLiteral("d:"), volume.path(), 1,
-                                                     QString::fromLatin1(textOnly ? "*.txt" : "*.*"), prune);
+                const char *filter = textOnly ? "*.txt" : "*.*";
+                SCOPED_TRACE("seed " + std::to_string(seed) + " " + filter + (prune ? " pruned" : ""));
+                const CaptureResult result
+                    = ImageCapture(data.path())
+                          .capture(QStringLiteral("d:"), volume.path(), 1, QLatin1String(filter), prune);
                 ASSERT_TRUE(result.ok()) << result.error.toStdString();
                 QFile image(data.filePath(QStringLiteral("lws/1.dat")));
                 ASSERT_TRUE(image.open(QIODevice::ReadOnly));

@@ -4,166 +4,129 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace filedialogrules;
 
 namespace {
 
-QString nuls(QString text)
+QString converted(const char *filter)
 {
-    return text.replace(u'|', QChar(u'\0'));
+    return convertFilter(QString::fromUtf8(filter));
 }
 
-// Whether a file dialog here would offer `name` under `nameFilter`: the patterns in the
-// parentheses, each read as a wildcard.
-bool offers(const QString &nameFilter, const QString &name)
+// The names of "a;b;c" that a file dialog here would offer under `nameFilter`: those that
+// match one of the patterns in its parentheses, each read as a wildcard.
+QStringList offered(const QString &nameFilter, const char *names)
 {
     const qsizetype open = nameFilter.lastIndexOf(u'(');
-    const QString inner = nameFilter.mid(open + 1, nameFilter.size() - open - 2);
-    for (const QString &pattern : inner.split(u' ', Qt::SkipEmptyParts)) {
-        const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(pattern));
-        if (re.match(name).hasMatch())
-            return true;
-    }
-    return false;
+    const QStringList patterns
+        = nameFilter.mid(open + 1, nameFilter.size() - open - 2).split(u' ', Qt::SkipEmptyParts);
+    QStringList out = QString::fromUtf8(names).split(u';');
+    out.removeIf([&](const QString &name) {
+        return std::none_of(patterns.begin(), patterns.end(), [&](const QString &pattern) {
+            return QRegularExpression(QRegularExpression::wildcardToRegularExpression(pattern))
+                .match(name)
+                .hasMatch();
+        });
+    });
+    return out;
 }
 
 } // namespace
 
 TEST(FileDialogRules, ConvertsTheFilterToItsNulForm)
 {
-    const std::pair<QString, QString> cases[] = {
-        { QStringLiteral("Backup|*.bup"), nuls(QStringLiteral("Backup|*.bup|||")) },
-        { QStringLiteral("Backup|*.bup|"), nuls(QStringLiteral("Backup|*.bup|||")) },
-        { QString(), nuls(QStringLiteral("|||")) },
-    };
-    for (const auto &[filter, converted] : cases)
-        EXPECT_EQ(convertFilter(filter), converted) << filter.toStdString();
+    const std::pair<const char *, const char *> cases[]
+        = { { "Backup|*.bup", "Backup|*.bup|||" }, { "Backup|*.bup|", "Backup|*.bup|||" }, { "", "|||" } };
+    for (const auto &[filter, nuls] : cases)
+        EXPECT_EQ(converted(filter), QString::fromUtf8(nuls).replace(u'|', QChar(u'\0'))) << filter;
 }
 
-TEST(FileDialogRules, NameFiltersOfTheCoverChoice)
+TEST(FileDialogRules, NameFiltersStopAtTheFirstEmptyPieceAndMatchEitherCase)
 {
-    const QStringList filters
-        = nameFilters(convertFilter(QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif")));
-    ASSERT_EQ(filters.size(), 1);
-    EXPECT_TRUE(filters[0].startsWith(QStringLiteral("Bilddateien (")));
-    const std::pair<const char *, bool> names[] = {
-        { "haus.jpg", true },
-        { "HAUS.JPG", true },
-        { "Garten.Gif", true },
-        { "scan.bmp", true },
-        { "scan.tif", true },
-        { "scan.tiff", false },
-        { "notiz.txt", false },
-        { "jpg", false },
+    const struct
+    {
+        const char *filter;
+        qsizetype count;
+        const char *names; // tried on the first name filter
+        const char *offered;
+    } cases[] = {
+        { "", 0, "", "" },
+        { "Bilddateien|*.jpg;*.gif;*.bmp;*.tif", 1,
+            "haus.jpg;HAUS.JPG;Garten.Gif;scan.bmp;scan.tif;scan.tiff;notiz.txt;jpg",
+            "haus.jpg;HAUS.JPG;Garten.Gif;scan.bmp;scan.tif" },
+        { "Alle Dateien (*.*)|*.*", 1, "LIESMICH;a.b", "LIESMICH;a.b" }, // "*.*" offers names without a dot
+        { "Textdateien (*.txt)|*.txt|Alle|*.*", 2, "a.txt;a.doc", "a.txt" },
+        { "Backup|*.bup|Alle", 1, "a.bup;a.txt", "a.bup" }, // a name without a pattern
+        { "|*.bup|Alle|*.*", 0, "", "" }, // an empty name ends the list at once
+        { "Backup||Alle|*.*", 0, "", "" }, // so does an empty pattern
     };
-    for (const auto &[name, offered] : names)
-        EXPECT_EQ(offers(filters[0], QString::fromUtf8(name)), offered) << name;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.filter);
+        const QStringList filters = nameFilters(converted(c.filter));
+        ASSERT_EQ(filters.size(), c.count);
+        if (*c.names) {
+            EXPECT_EQ(offered(filters[0], c.names).join(u';'), QLatin1String(c.offered));
+        }
+    }
 }
 
-TEST(FileDialogRules, NameFiltersStopAtTheFirstEmptyPiece)
+TEST(FileDialogRules, FilterPiecesAndSaveExtensions)
 {
-    const std::pair<QString, int> cases[] = {
-        { QString(), 0 }, { QStringLiteral("Backup|*.bup"), 1 },
-        { QStringLiteral("Textdateien (*.txt)|*.txt|Alle|*.*"), 2 },
-        { QStringLiteral("Backup|*.bup|Alle"), 1 }, // a name without a pattern
-        { QStringLiteral("|*.bup|Alle|*.*"), 0 }, // an empty name ends the list at once
-        { QStringLiteral("Backup||Alle|*.*"), 0 }, // so does an empty pattern
-    };
-    for (const auto &[filter, count] : cases)
-        EXPECT_EQ(nameFilters(convertFilter(filter)).size(), count) << filter.toStdString();
-}
-
-TEST(FileDialogRules, StarDotStarOffersNamesWithoutADot)
-{
-    const QStringList filters = nameFilters(convertFilter(QStringLiteral("Alle Dateien (*.*)|*.*")));
-    ASSERT_EQ(filters.size(), 1);
-    EXPECT_TRUE(offers(filters[0], QStringLiteral("LIESMICH")));
-    EXPECT_TRUE(offers(filters[0], QStringLiteral("a.b")));
-}
-
-TEST(FileDialogRules, FilterPieces)
-{
-    const QString converted = convertFilter(QStringLiteral("Backup|*.bup|Text| *.txt "));
-    const std::pair<int, QString> cases[] = {
-        { 0, QString() },
-        { 1, QStringLiteral("Backup") },
-        { 2, QStringLiteral("*.bup") },
-        { 4, QStringLiteral(" *.txt ") },
-        { 5, QString() },
-        { 40, QString() },
-    };
-    for (const auto &[number, piece] : cases)
-        EXPECT_EQ(filterPiece(converted, number, QChar(u'\0')), piece) << number;
+    const QString text = converted("Backup|*.bup|Text| *.txt |Alles|*|Bilder|*.jpg;*.gif");
+    const std::pair<int, const char *> pieces[]
+        = { { 0, "" }, { 1, "Backup" }, { 2, "*.bup" }, { 4, " *.txt " }, { 9, "" }, { 40, "" } };
+    for (const auto &[number, piece] : pieces)
+        EXPECT_EQ(filterPiece(text, number, QChar(u'\0')), QLatin1String(piece)) << number;
     EXPECT_EQ(filterPiece(QStringLiteral("|a|b"), 2, u'|'), QStringLiteral("b"));
     EXPECT_EQ(filterPiece(QStringLiteral("a|b"), 2, u'|'), QStringLiteral("b"));
-}
 
-TEST(FileDialogRules, SaveExtensionOfTheChosenPair)
-{
-    const QString converted
-        = convertFilter(QStringLiteral("Backup|*.bup|Text| *.txt |Alles|*|Bilder|*.jpg;*.gif"));
-    const std::pair<int, QString> cases[] = {
-        { 0, QString() },
-        { 1, QStringLiteral(".bup") },
-        { 2, QStringLiteral(".txt") },
-        { 3, QString() },
-        { 4, QStringLiteral(".gif") },
-        { 5, QString() },
-    };
-    for (const auto &[index, ext] : cases)
-        EXPECT_EQ(saveExtension(converted, index), ext) << index;
-    EXPECT_EQ(saveExtension(convertFilter(QString()), 1), QString());
+    const std::pair<int, const char *> extensions[]
+        = { { 0, "" }, { 1, ".bup" }, { 2, ".txt" }, { 3, "" }, { 4, ".gif" }, { 5, "" } };
+    for (const auto &[index, ext] : extensions)
+        EXPECT_EQ(saveExtension(text, index), QLatin1String(ext)) << index;
+    EXPECT_EQ(saveExtension(converted(""), 1), QString());
 }
 
 TEST(FileDialogRules, SaveNamesGetTheExtension)
 {
-    const QString backup = convertFilter(QStringLiteral("Backup|*.bup"));
-    struct Case
+    const struct
     {
         const char *why;
-        QString chosen;
-        QString filter;
+        const char *chosen;
+        const char *filter;
         int index;
-        QString defaultExt;
-        QString fileName;
-        QString result;
+        const char *defaultExt;
+        const char *fileName;
+        const char *result;
+    } cases[] = {
+        { "three-letter extension kept", "/h/x.bup", "Backup|*.bup", 1, "", "/h/x.bup", "/h/x.bup" },
+        { "other three letters kept too", "/h/x.txt", "Backup|*.bup", 1, "", "/h/x.txt", "/h/x.txt" },
+        { "no extension", "/h/sicherung", "Backup|*.bup", 1, "", "/h/sicherung.bup", "/h/sicherung" },
+        { "four letters get more", "x.abcd", "Backup|*.bup", 1, "", "x.abcd.bup", "x.abcd" },
+        { "short name", "ab", "Backup|*.bup", 1, "", "ab.bup", "ab" },
+        { "empty filter adds nothing", "x.html", "", 1, "", "x.html", "x.html" },
+        { "empty filter, short name", "ab", "", 1, "", "ab", "ab" },
+        { "cancel on a fresh dialog", "", "Backup|*.bup", 0, "", "", "" },
+        { "cancel after a success", "", "Backup|*.bup", 1, "", ".bup", "" },
+        { "default extension with a dot", "/h/liste", "", 0, "txt", "/h/liste.txt", "/h/liste.txt" },
+        { "default extension already there", "/h/liste.txt", "", 0, ".txt", "/h/liste.txt", "/h/liste.txt" },
+        { "default extension behind the filter's", "/h/x.abcd", "Backup|*.bup", 1, "bup", "/h/x.abcd.bup",
+            "/h/x.abcd" },
     };
-    const Case cases[] = {
-        { "three-letter extension kept", QStringLiteral("/h/x.bup"), backup, 1, {},
-            QStringLiteral("/h/x.bup"), QStringLiteral("/h/x.bup") },
-        { "other three letters kept too", QStringLiteral("/h/x.txt"), backup, 1, {},
-            QStringLiteral("/h/x.txt"), QStringLiteral("/h/x.txt") },
-        { "no extension", QStringLiteral("/h/sicherung"), backup, 1, {}, QStringLiteral("/h/sicherung.bup"),
-            QStringLiteral("/h/sicherung") },
-        { "four letters get more", QStringLiteral("x.abcd"), backup, 1, {}, QStringLiteral("x.abcd.bup"),
-            QStringLiteral("x.abcd") },
-        { "html gets more", QStringLiteral("x.html"), backup, 1, {}, QStringLiteral("x.html.bup"),
-            QStringLiteral("x.html") },
-        { "short name", QStringLiteral("ab"), backup, 1, {}, QStringLiteral("ab.bup"), QStringLiteral("ab") },
-        { "empty filter adds nothing", QStringLiteral("x.html"), convertFilter({}), 1, {},
-            QStringLiteral("x.html"), QStringLiteral("x.html") },
-        { "empty filter, short name", QStringLiteral("ab"), convertFilter({}), 1, {}, QStringLiteral("ab"),
-            QStringLiteral("ab") },
-        { "cancel on a fresh dialog", QString(), backup, 0, {}, QString(), QString() },
-        { "cancel after a success", QString(), backup, 1, {}, QStringLiteral(".bup"), QString() },
-        { "default extension with a dot", QStringLiteral("/h/liste"), convertFilter({}), 0,
-            QStringLiteral("txt"), QStringLiteral("/h/liste.txt"), QStringLiteral("/h/liste.txt") },
-        { "default extension already there", QStringLiteral("/h/liste.txt"), convertFilter({}), 0,
-            QStringLiteral(".txt"), QStringLiteral("/h/liste.txt"), QStringLiteral("/h/liste.txt") },
-        { "default extension behind the filter's", QStringLiteral("/h/x.abcd"), backup, 1,
-            QStringLiteral("bup"), QStringLiteral("/h/x.abcd.bup"), QStringLiteral("/h/x.abcd") },
-    };
-    for (const Case &c : cases) {
-        const SaveNames names = saveNames(c.chosen, c.filter, c.index, c.defaultExt);
-        EXPECT_EQ(names.fileName, c.fileName) << c.why;
-        EXPECT_EQ(names.result, c.result) << c.why;
+    for (const auto &c : cases) {
+        const SaveNames names = saveNames(
+            QString::fromUtf8(c.chosen), converted(c.filter), c.index, QString::fromUtf8(c.defaultExt));
+        EXPECT_EQ(names.fileName, QLatin1String(c.fileName)) << c.why;
+        EXPECT_EQ(names.result, QLatin1String(c.result)) << c.why;
     }
 }
 
 TEST(FileDialogRules, FileTitleIsTheLastPart)
 {
-    EXPECT_EQ(fileTitle(QStringLiteral("/home/a/liste.txt")), QStringLiteral("liste.txt"));
-    EXPECT_EQ(fileTitle(QStringLiteral("c:\\a\\b.bup")), QStringLiteral("b.bup"));
-    EXPECT_EQ(fileTitle(QStringLiteral("frei")), QStringLiteral("frei"));
-    EXPECT_EQ(fileTitle(QString()), QString());
+    const std::pair<const char *, const char *> cases[] = { { "/home/a/liste.txt", "liste.txt" },
+        { "c:\\a\\b.bup", "b.bup" }, { "frei", "frei" }, { "", "" } };
+    for (const auto &[path, title] : cases)
+        EXPECT_EQ(fileTitle(QString::fromUtf8(path)), QLatin1String(title)) << path;
 }

@@ -1,69 +1,45 @@
 #include "screen/RegionFromBitmap.h"
 
 #include <QImage>
-#include <QRegion>
 
 #include <gtest/gtest.h>
 
 namespace {
 
 const QRgb red = qRgb(255, 0, 0);
-const QRgb blue = qRgb(0, 0, 255);
 
-QImage picture(int width, int height, QRgb fill)
+// A picture drawn by rows: "r" the key colour, any other character blue.
+QImage picture(const std::vector<std::string> &rows)
 {
-    QImage image(width, height, QImage::Format_RGB888);
-    image.fill(fill);
+    QImage image(static_cast<int>(rows[0].size()), static_cast<int>(rows.size()), QImage::Format_RGB888);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, rows[y][x] == 'r' ? red : qRgb(0, 0, 255));
     return image;
-}
-
-QRegion unite(const std::vector<QRect> &runs)
-{
-    QRegion region;
-    for (const QRect &run : runs)
-        region += run;
-    return region;
 }
 
 } // namespace
 
-TEST(RegionFromBitmap, PictureWithoutKeyColourGivesOneRunPerRowCoveringTheWindow)
+TEST(RegionFromBitmap, OneRunPerRowAndStretchOfVisiblePixels)
 {
-    const auto runs = regionFromBitmap(picture(7, 5, blue), red);
-    ASSERT_EQ(runs.size(), 5u);
-    for (int y = 0; y < 5; ++y)
-        EXPECT_EQ(runs[y], QRect(0, y, 7, 1));
-    EXPECT_EQ(unite(runs), QRegion(0, 0, 7, 5));
-}
-
-TEST(RegionFromBitmap, PictureAllInKeyColourGivesAnEmptyRegion)
-{
-    EXPECT_TRUE(regionFromBitmap(picture(9, 4, red), red).empty());
-}
-
-TEST(RegionFromBitmap, RunsSplitAtKeyPixelsAndEndAtTheRightEdge)
-{
-    // Row 0: key, 2 visible, key, 3 visible up to the edge. Row 1: visible then key to the
-    // edge. Row 2: all key.
-    QImage image = picture(7, 3, red);
-    for (int x : { 1, 2, 4, 5, 6 })
-        image.setPixel(x, 0, blue);
-    for (int x : { 0, 1, 2 })
-        image.setPixel(x, 1, blue);
-    const auto runs = regionFromBitmap(image, red);
-    const std::vector<QRect> expected = { QRect(1, 0, 2, 1), QRect(4, 0, 3, 1), QRect(0, 1, 3, 1) };
-    EXPECT_EQ(runs, expected);
-}
-
-TEST(RegionFromBitmap, WidthsOnAndOffAMultipleOfFourReadAlike)
-{
-    for (int width : { 8, 9, 300 }) {
-        QImage image = picture(width, 2, red);
-        image.setPixel(width - 1, 1, blue);
-        const auto runs = regionFromBitmap(image, red);
-        ASSERT_EQ(runs.size(), 1u) << width;
-        EXPECT_EQ(runs[0], QRect(width - 1, 1, 1, 1)) << width;
-    }
+    const struct
+    {
+        const char *why;
+        std::vector<std::string> rows;
+        std::vector<QRect> runs;
+    } cases[] = {
+        { "no key colour covers the window", { "bbbbbbb", "bbbbbbb", "bbbbbbb" },
+            { QRect(0, 0, 7, 1), QRect(0, 1, 7, 1), QRect(0, 2, 7, 1) } },
+        { "all key colour gives nothing", { "rrrrrrrrr", "rrrrrrrrr" }, {} },
+        { "runs split at key pixels and end at the right edge", { "rbbrbbb", "bbbrrrr", "rrrrrrr" },
+            { QRect(1, 0, 2, 1), QRect(4, 0, 3, 1), QRect(0, 1, 3, 1) } },
+        // Widths on and off a multiple of four read alike.
+        { "width 8", { "rrrrrrrr", "rrrrrrrb" }, { QRect(7, 1, 1, 1) } },
+        { "width 9", { "rrrrrrrrr", "rrrrrrrrb" }, { QRect(8, 1, 1, 1) } },
+        { "width 300", { std::string(300, 'r'), std::string(299, 'r') + "b" }, { QRect(299, 1, 1, 1) } },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(regionFromBitmap(picture(c.rows), red), c.runs) << c.why;
 }
 
 TEST(RegionFromBitmap, NearRedIsNotTheKeyAndAlphaIsIgnored)
@@ -71,8 +47,6 @@ TEST(RegionFromBitmap, NearRedIsNotTheKeyAndAlphaIsIgnored)
     QImage image(3, 1, QImage::Format_ARGB32);
     image.setPixel(0, 0, qRgba(255, 0, 0, 0)); // key colour, transparent: still key
     image.setPixel(1, 0, qRgb(254, 0, 0)); // one step off: visible
-    image.setPixel(2, 0, qRgb(255, 0, 0));
-    const auto runs = regionFromBitmap(image, red);
-    ASSERT_EQ(runs.size(), 1u);
-    EXPECT_EQ(runs[0], QRect(1, 0, 1, 1));
+    image.setPixel(2, 0, red);
+    EXPECT_EQ(regionFromBitmap(image, red), std::vector<QRect> { QRect(1, 0, 1, 1) });
 }
