@@ -1,116 +1,100 @@
-#include "ArchiveBuilder.h"
-#include "QStringPrinting.h"
-#include "SearchDataFolder.h"
-
-#include "search/CommentQuery.h"
 #include "search/CommentSearch.h"
 
-#include <gtest/gtest.h>
+#include "ArchiveBuilder.h"
+#include "QStringPrinting.h"
+#include "search/CommentQuery.h"
+
+#include <QTemporaryDir>
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
+// The query as the catalogue words it, with the word as typed, and the same query with the
+// pattern bound in place of the quoted one, so that an apostrophe is searched for.
 TEST(CommentQuery, IsAssembledPieceByPiece)
 {
-    struct Case
+    const struct
     {
-        const char *name;
         QString word;
         std::optional<int> currentCd;
         bool explicitMatch;
-        QString text;
-        QString boundText;
-        QString bound;
+        QString text, pattern;
+    } cases[] = {
+        { u"foo"_s, 7, false,
+            u"SELECT cd_nummer FROM cds WHERE cd_nummer=7 AND cd_inhalt LIKE '*foo*' ORDER BY cd_nummer"_s,
+            u"*foo*"_s },
+        { u"foo"_s, std::nullopt, true,
+            u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*|foo|*' ORDER BY cd_nummer"_s, u"*|foo|*"_s },
+        { u"a b"_s, 12, true,
+            u"SELECT cd_nummer FROM cds WHERE cd_nummer=12 AND cd_inhalt LIKE '*|a b|*' ORDER BY cd_nummer"_s,
+            u"*|a b|*"_s },
+        { u"Rock'n'Roll"_s, std::nullopt, false,
+            u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*Rock'n'Roll*' ORDER BY cd_nummer"_s,
+            u"*Rock'n'Roll*"_s }
     };
-    const Case cases[] = {
-        {"oneCd", QStringLiteral("foo"), 7, false,
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_nummer=7 AND cd_inhalt LIKE '*foo*' ORDER BY cd_nummer"),
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_nummer=7 AND cd_inhalt LIKE ? ORDER BY cd_nummer"),
-         QStringLiteral("*foo*")},
-        {"allCdsExplicit", QStringLiteral("foo"), std::nullopt, true,
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*|foo|*' ORDER BY cd_nummer"),
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE ? ORDER BY cd_nummer"),
-         QStringLiteral("*|foo|*")},
-        {"oneCdExplicit", QStringLiteral("a b"), 12, true,
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_nummer=12 AND cd_inhalt LIKE '*|a b|*' ORDER BY cd_nummer"),
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_nummer=12 AND cd_inhalt LIKE ? ORDER BY cd_nummer"),
-         QStringLiteral("*|a b|*")},
-        {"wordAsTypedApostropheIncluded", QStringLiteral("Rock'n'Roll"), std::nullopt, false,
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*Rock'n'Roll*' ORDER BY cd_nummer"),
-         QStringLiteral("SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE ? ORDER BY cd_nummer"),
-         QStringLiteral("*Rock'n'Roll*")},
-    };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         const CommentQuery query = commentQuery(c.word, c.currentCd, c.explicitMatch);
-        EXPECT_EQ(query.text, c.text) << c.name;
-        EXPECT_EQ(query.boundText, c.boundText) << c.name;
-        EXPECT_EQ(query.binds, QVariantList{c.bound}) << c.name;
+        EXPECT_EQ(query.text, c.text);
+        EXPECT_EQ(query.boundText, QString(c.text).replace(u'\'' + c.pattern + u'\'', u"?"_s));
+        EXPECT_EQ(query.binds, QVariantList { c.pattern });
     }
 }
 
 class CommentSearchTest : public ::testing::Test
 {
 protected:
-    CommentSearchTest()
-        : m_archive(m_data.path(), QStringLiteral("Test"))
+    void SetUp() override
     {
         // Comments as the editor stores them: start mark, items between "|", end mark.
-        m_archive.cd(3, QStringLiteral("Drei"), QStringLiteral("Sta1|Word 97|Excel|End1"))
-            .cd(1, QStringLiteral("Eins"), QStringLiteral("Sta1|Urlaub|Rock'n'Roll Fotos|End1"))
-            .cd(7, QStringLiteral("Sieben"), QStringLiteral("Sta1|WORD|Treiber|End1"))
-            .cd(5, QStringLiteral("Fünf"), QStringLiteral("Sta1|Steuer 2003|End1"));
+        m_archive.cd(3, u"Drei"_s, u"Sta1|Word 97|Excel|End1"_s)
+            .cd(1, u"Eins"_s, u"Sta1|Urlaub|Rock'n'Roll Fotos|End1"_s)
+            .cd(7, u"Sieben"_s, u"Sta1|WORD|Treiber|End1"_s)
+            .cd(5, u"Fünf"_s, u"Sta1|Steuer 2003|End1"_s);
     }
 
-    SearchDataFolder m_data;
-    ArchiveBuilder m_archive;
-    const ArchiveStore &m_store = m_archive.store();
+    QTemporaryDir m_dir;
+    ArchiveBuilder m_archive { m_dir.path(), u"Test"_s };
 };
 
 TEST_F(CommentSearchTest, FindsCdNumbersInNumberOrder)
 {
-    struct Case
+    const struct
     {
-        const char *name;
         QString word;
         std::optional<int> currentCd;
         bool explicitMatch;
         std::vector<QString> found;
-    };
-    const Case cases[] = {
-        {"anyCaseAnywhere", QStringLiteral("word"), std::nullopt, false, {QStringLiteral("3"), QStringLiteral("7")}},
-        {"explicitIsAWholeItem", QStringLiteral("word"), std::nullopt, true, {QStringLiteral("7")}},
-        {"explicitItemWithBlank", QStringLiteral("word 97"), std::nullopt, true, {QStringLiteral("3")}},
-        {"onlyTheCurrentCd", QStringLiteral("word"), 3, false, {QStringLiteral("3")}},
-        {"currentCdWithoutTheWord", QStringLiteral("word"), 1, false, {}},
-        {"apostropheIsSearchedFor", QStringLiteral("rock'n'roll"), std::nullopt, false, {QStringLiteral("1")}},
-        {"wildcardsAct", QStringLiteral("steuer ####"), std::nullopt, false, {QStringLiteral("5")}},
-        {"acrossItems", QStringLiteral("urlaub|rock"), std::nullopt, false, {QStringLiteral("1")}},
-        {"insideTheMarks", QStringLiteral("a1|"), std::nullopt, false,
-         {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"), QStringLiteral("7")}},
-    };
-    for (const Case &c : cases) {
-        const CommentSearchResult result = searchComments(m_store, c.word, c.currentCd, c.explicitMatch);
-        EXPECT_EQ(result.foundCdNumbers, c.found) << c.name;
-        EXPECT_EQ(result.outcome, c.found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found)
-            << c.name;
-        EXPECT_EQ(result.message, c.found.empty() ? QStringLiteral("Keine übereinstimmende CD gefunden!") : QString())
-            << c.name;
+    } cases[] = { { u"word"_s, std::nullopt, false, { u"3"_s, u"7"_s } },
+        { u"word"_s, std::nullopt, true, { u"7"_s } }, // a whole item
+        { u"word 97"_s, std::nullopt, true, { u"3"_s } }, { u"word"_s, 3, false, { u"3"_s } },
+        { u"word"_s, 1, false, {} }, { u"rock'n'roll"_s, std::nullopt, false, { u"1"_s } },
+        { u"steuer ####"_s, std::nullopt, false, { u"5"_s } },
+        { u"urlaub|rock"_s, std::nullopt, false, { u"1"_s } },
+        { u"a1|"_s, std::nullopt, false, { u"1"_s, u"3"_s, u"5"_s, u"7"_s } } };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.word.toStdString());
+        const CommentSearchResult result
+            = searchComments(m_archive.store(), c.word, c.currentCd, c.explicitMatch);
+        EXPECT_EQ(result.foundCdNumbers, c.found);
+        EXPECT_EQ(
+            result.outcome, c.found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found);
+        EXPECT_EQ(result.message, c.found.empty() ? u"Keine übereinstimmende CD gefunden!"_s : QString());
     }
 }
 
 TEST_F(CommentSearchTest, RefusedAndFailedSearchesSayWhy)
 {
-    const CommentSearchResult empty = searchComments(m_store, QString(), std::nullopt, false);
+    const CommentSearchResult empty = searchComments(m_archive.store(), QString(), std::nullopt, false);
     EXPECT_EQ(empty.outcome, CommentSearchOutcome::EmptyWord);
-    EXPECT_EQ(empty.message, QStringLiteral("Bitte geben Sie einen Suchbegriff ein!"));
-
-    const CommentSearchResult badPattern = searchComments(m_store, QStringLiteral("[abc"), std::nullopt, false);
-    EXPECT_EQ(badPattern.outcome, CommentSearchOutcome::Failed);
-    EXPECT_FALSE(badPattern.message.isEmpty());
-
-    const ArchiveStore missing(datapaths::archiveFile(m_data.path(), QStringLiteral("Fehlt")));
-    const CommentSearchResult noArchive = searchComments(missing, QStringLiteral("word"), std::nullopt, false);
-    EXPECT_EQ(noArchive.outcome, CommentSearchOutcome::Failed);
-    EXPECT_FALSE(noArchive.message.isEmpty());
+    EXPECT_EQ(empty.message, u"Bitte geben Sie einen Suchbegriff ein!"_s);
+    const ArchiveStore missing(datapaths::archiveFile(m_dir.path(), u"Fehlt"_s));
+    for (const CommentSearchResult &failed :
+        { searchComments(m_archive.store(), u"[abc"_s, std::nullopt, false),
+            searchComments(missing, u"word"_s, std::nullopt, false) }) {
+        EXPECT_EQ(failed.outcome, CommentSearchOutcome::Failed);
+        EXPECT_FALSE(failed.message.isEmpty());
+    }
 }
 
 } // namespace

@@ -1,313 +1,236 @@
-#include "ArchiveBuilder.h"
-#include "SearchDataFolder.h"
+#include "search/FileSearch.h"
 
+#include "ArchiveBuilder.h"
 #include "common/Cp1252.h"
 #include "common/LikePattern.h"
-#include "search/FileSearch.h"
 #include "search/SearchProgress.h"
 
-#include <QFile>
-
-#include <gtest/gtest.h>
+#include <QTemporaryDir>
 
 #include <atomic>
-#include <mutex>
 #include <set>
 
 namespace {
 
+using namespace Qt::StringLiterals;
+using Texts = std::vector<std::string>;
+using Outcome = FileSearchOutcome;
+
+// A data folder whose image folder takes images as a capture writes them: code page 1252
+// lines with CR LF, and the empty end line.
+class ImageFolder
+{
+public:
+    ImageFolder() { QDir().mkpath(datapaths::imageFolder(path())); }
+    QString path() const { return m_dir.path(); }
+    QString imagePath(int32_t id) const { return datapaths::imageFile(path(), id); }
+    void write(int32_t id, const Texts &lines) const
+    {
+        std::string bytes;
+        for (const std::string &line : lines)
+            bytes += line + "\r\n";
+        writeRaw(id, bytes + "\r\n");
+    }
+    void writeRaw(int32_t id, const std::string &bytes) const
+    {
+        QFile file(imagePath(id));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+Texts texts(const FileSearchResult &result)
+{
+    return { result.hits.begin(), result.hits.end() };
+}
+
 // One image with every kind of line; \xC4 is "Ä" in code page 1252.
-const std::vector<std::string> kImage = {
-    ">d:",                                                   // 0
-    "d:\\liesmich.txt|1834|12.03.2003 09:41:07",             // 1
-    ">d:\\Bilder",                                           // 2
-    "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44",       // 3
-    ">d:\\Bilder\\alt.zip",                                  // 4
-    "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001",  // 5
+const Texts kImage = {
+    ">d:", // 0
+    "d:\\liesmich.txt|1834|12.03.2003 09:41:07", // 1
+    ">d:\\Bilder", // 2
+    "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44", // 3
+    ">d:\\Bilder\\alt.zip", // 4
+    "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001", // 5
     "d:\\Bilder\\alt.zip\\2001/garten.jpg|98012|04.11.2001", // 6
-    "d:\\Bilder\\alt.zip\\||",                               // 7
-    "d:\\Bilder\\garten.jpg|501772|28.07.2002 18:02:50",     // 8
-    ">d:\\Setup",                                            // 9
-    ">d:\\Setup\\daten.rar",                                 // 10
-    "d:\\Setup\\daten.rar\\lib/core.dll|804864|19.01.2003",  // 11
-    "d:\\Setup\\daten.rar\\liesmich.txt|2210|19.01.2003",    // 12
-    "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31",        // 13
-    "d:\\Bilder\\\xC4rger 2003.txt|17|01.02.2003",           // 14
-};
-constexpr int kEndLine = 15; // the empty line that ends every image
-const std::set<int> kEveryLine = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, kEndLine};
-const std::set<int> kBarLines = {1, 3, 5, 6, 7, 8, 11, 12, 13, 14};
-
-const SearchCd kBackup{12, QStringLiteral("Backup 2003"), 4711};
-
-std::vector<std::string> texts(const HitList &hits)
-{
-    return {hits.begin(), hits.end()};
-}
-
-std::string entryFor(int line)
-{
-    return "12-Backup 2003<" + (line == kEndLine ? std::string() : kImage[static_cast<size_t>(line)]);
-}
-
-std::vector<std::string> entriesFor(const std::set<int> &lines)
-{
-    std::vector<std::string> entries;
-    for (int line : lines)
-        entries.push_back(entryFor(line));
-    return entries;
-}
-
-struct MatchCase
-{
-    const char *name;
-    const char *word; // code page 1252
-    bool explicitMatch;
-    std::set<int> lines;
+    "d:\\Bilder\\alt.zip\\||", // 7
+    "d:\\Bilder\\garten.jpg|501772|28.07.2002 18:02:50", // 8
+    ">d:\\Setup", // 9
+    ">d:\\Setup\\daten.rar", // 10
+    "d:\\Setup\\daten.rar\\lib/core.dll|804864|19.01.2003", // 11
+    "d:\\Setup\\daten.rar\\liesmich.txt|2210|19.01.2003", // 12
+    "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31", // 13
+    "d:\\Bilder\\\xC4rger 2003.txt|17|01.02.2003", // 14
+    "" // 15, the end line
 };
 
-class FileSearchMatching : public ::testing::Test
+// One CD searched alone matches the path up to the first bar, or with the explicit search the
+// path as a whole; all CDs match the whole line, size, date and folder lines included.
+TEST(FileSearch, MatchingRulesOfBothModes)
 {
-protected:
-    FileSearchMatching() { m_data.writeImage(kBackup.imageId, kImage); }
-
-    SearchDataFolder m_data;
-};
-
-class OneCdMatching : public FileSearchMatching, public ::testing::WithParamInterface<MatchCase>
-{
-};
-
-TEST_P(OneCdMatching, SearchesThePathUpToTheFirstBar)
-{
-    const MatchCase &c = GetParam();
-    const FileSearchResult result =
-        FileSearch(m_data.path()).searchOneCd(kBackup, cp1252::toQString(c.word), c.explicitMatch);
-    EXPECT_EQ(texts(result.hits), entriesFor(c.lines)) << c.word;
-    EXPECT_EQ(result.outcome, c.lines.empty() ? FileSearchOutcome::NoHit : FileSearchOutcome::Hits);
-}
-
-const MatchCase kOneCdCases[] = {
-    {"wordInFileName", "haus", false, {3, 5}},
-    {"caseOfTheWordIgnored", "HAUS", false, {3, 5}},
-    {"umlautFolded", "\xE4rger", false, {14}},
-    {"folderNameFindsFilesBelowNotTheFolderLine", "bilder", false, {3, 5, 6, 7, 8, 14}},
-    {"dateAndSizeNotSearched", "2003", false, {14}},
-    {"sizeNotSearched", "65536", false, {}},
-    {"barIsPartOfThePath", "|", false, kBarLines},
-    {"starMatchesEmptyLeftPart", "*", false, kEveryLine},
-    {"questionMarkIsAWildcard", "h?us", false, {3, 5}},
-    {"digitWildcard", "200#/", false, {5, 6}},
-    {"characterList", "[gh]a", false, {3, 5, 6, 8}},
-    {"noHit", "xylophon", false, {}},
-    {"explicitPlainNameFindsNothing", "liesmich.txt", true, {}},
-    {"explicitWholePathWithBar", "d:\\liesmich.txt|", true, {1}},
-    {"explicitAnyFolder", "*\\liesmich.txt|", true, {1, 12}},
-    {"explicitAnyCase", "*\\LIESMICH.TXT|", true, {1, 12}},
-    {"explicitFolderPrefix", "d:\\bilder\\*", true, {3, 5, 6, 7, 8, 14}},
-    {"explicitStar", "*", true, kEveryLine},
-};
-
-INSTANTIATE_TEST_SUITE_P(Cases, OneCdMatching, ::testing::ValuesIn(kOneCdCases),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-class AllCdsMatching : public FileSearchMatching, public ::testing::WithParamInterface<MatchCase>
-{
-};
-
-TEST_P(AllCdsMatching, SearchesTheWholeLine)
-{
-    const MatchCase &c = GetParam();
-    const FileSearchResult result = FileSearch(m_data.path()).searchAllCds({kBackup}, cp1252::toQString(c.word));
-    EXPECT_EQ(texts(result.hits), entriesFor(c.lines)) << c.word;
-}
-
-const MatchCase kAllCdsCases[] = {
-    {"wordInFileName", "haus", false, {3, 5}},
-    {"umlautFoldedBothWays", "\xC4RGER", false, {14}},
-    {"datesAreSearched", "2003", false, {1, 11, 12, 13, 14}},
-    {"sizesAreSearched", "65536", false, {13}},
-    {"folderLinesAreFound", "bilder", false, {2, 3, 4, 5, 6, 7, 8, 14}},
-    {"starFindsTheEndLineToo", "*", false, kEveryLine},
-    {"bar", "|", false, kBarLines},
-    {"wildcardAcrossFields", "exe|#", false, {13}},
-};
-
-INSTANTIATE_TEST_SUITE_P(Cases, AllCdsMatching, ::testing::ValuesIn(kAllCdsCases),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-TEST(FileSearch, HitEntryIsNumberTitleAndTheLineAsItStands)
-{
-    SearchDataFolder data;
-    data.writeImage(-1408263712, {">d:", "d:\\Setup\\START.exe|65536|19.01.2003 00:12:31"});
-    const SearchCd cd{7, cp1252::toQString("Spiele-CD <\xC4lt>"), -1408263712};
-    const std::string expected = "7-Spiele-CD <\xC4lt><d:\\Setup\\START.exe|65536|19.01.2003 00:12:31";
-    const FileSearchResult results[] = {FileSearch(data.path()).searchOneCd(cd, QStringLiteral("start"), false),
-                                        FileSearch(data.path()).searchAllCds({cd}, QStringLiteral("start"))};
-    for (const FileSearchResult &result : results) {
-        ASSERT_EQ(result.outcome, FileSearchOutcome::Hits);
-        EXPECT_EQ(texts(result.hits), std::vector<std::string>{expected});
+    enum Mode { Path, Explicit, Whole };
+    const std::set<int> every = { 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15 };
+    const std::set<int> bars = { 1, 3, 5, 6, 7, 8, 11, 12, 13, 14 };
+    const struct
+    {
+        const char *name;
+        Mode mode;
+        const char *word; // code page 1252
+        std::set<int> lines;
+    } cases[] = { { "wordInFileName", Path, "haus", { 3, 5 } }, { "caseIgnored", Path, "HAUS", { 3, 5 } },
+        { "umlautFolded", Path, "\xE4rger", { 14 } },
+        { "folderFindsFilesBelowNotItsLine", Path, "bilder", { 3, 5, 6, 7, 8, 14 } },
+        { "dateNotSearched", Path, "2003", { 14 } }, { "sizeNotSearched", Path, "65536", {} },
+        { "barIsPartOfThePath", Path, "|", bars }, { "starMatchesAll", Path, "*", every },
+        { "questionMark", Path, "h?us", { 3, 5 } }, { "digitWildcard", Path, "200#/", { 5, 6 } },
+        { "characterList", Path, "[gh]a", { 3, 5, 6, 8 } }, { "noHit", Path, "xylophon", {} },
+        { "explicitPlainName", Explicit, "liesmich.txt", {} },
+        { "explicitWholePath", Explicit, "d:\\liesmich.txt|", { 1 } },
+        { "explicitAnyFolder", Explicit, "*\\LIESMICH.TXT|", { 1, 12 } },
+        { "explicitFolderPrefix", Explicit, "d:\\bilder\\*", { 3, 5, 6, 7, 8, 14 } },
+        { "explicitStar", Explicit, "*", every }, { "wholeWordInFileName", Whole, "haus", { 3, 5 } },
+        { "wholeUmlautFolded", Whole, "\xC4RGER", { 14 } },
+        { "wholeDates", Whole, "2003", { 1, 11, 12, 13, 14 } }, { "wholeSizes", Whole, "65536", { 13 } },
+        { "wholeFolderLines", Whole, "bilder", { 2, 3, 4, 5, 6, 7, 8, 14 } },
+        { "wholeStarFindsTheEndLine", Whole, "*", every }, { "wholeBar", Whole, "|", bars },
+        { "wholeAcrossFields", Whole, "exe|#", { 13 } } };
+    ImageFolder data;
+    data.write(4711, Texts(kImage.begin(), kImage.end() - 1));
+    const SearchCd cd { 12, u"Backup 2003"_s, 4711 };
+    const FileSearch search(data.path());
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString word = cp1252::toQString(c.word);
+        const FileSearchResult result = c.mode == Whole ? search.searchAllCds({ cd }, word)
+                                                        : search.searchOneCd(cd, word, c.mode == Explicit);
+        Texts expected;
+        for (int line : c.lines)
+            expected.push_back("12-Backup 2003<" + kImage[static_cast<size_t>(line)]);
+        EXPECT_EQ(texts(result), expected);
+        EXPECT_EQ(result.outcome, c.lines.empty() ? Outcome::NoHit : Outcome::Hits);
     }
 }
 
-TEST(FileSearch, HitsFollowTheOrderOfTheCdsThenOfTheLinesWithoutDeduplication)
+// A lone LF stays inside a line; CR ends one.
+TEST(FileSearch, LinesAreCutAsTheCatalogueReadsThem)
 {
-    SearchDataFolder data;
-    data.writeImage(70, {">d:", "d:\\b\\haus.jpg|1|01.01.2003", "d:\\a\\haus.jpg|1|01.01.2003"});
-    data.writeImage(20, {">d:", "d:\\b\\haus.jpg|1|01.01.2003"});
-    const std::vector<SearchCd> cds = {{7, QStringLiteral("Sieben"), 70},
-                                       {2, QStringLiteral("Zwei"), 20},
-                                       {9, QStringLiteral("Neun"), 70}};
-    const FileSearchResult result = FileSearch(data.path()).searchAllCds(cds, QStringLiteral("haus"));
-    const std::vector<std::string> expected = {
-        "7-Sieben<d:\\b\\haus.jpg|1|01.01.2003", "7-Sieben<d:\\a\\haus.jpg|1|01.01.2003",
-        "2-Zwei<d:\\b\\haus.jpg|1|01.01.2003", "9-Neun<d:\\b\\haus.jpg|1|01.01.2003",
-        "9-Neun<d:\\a\\haus.jpg|1|01.01.2003"};
-    EXPECT_EQ(texts(result.hits), expected);
+    const struct
+    {
+        const char *bytes, *word;
+        Texts lines;
+    } cases[] = { { "a haus\r\nb haus", "haus", { "a haus", "b haus" } },
+        { "x\nhaus\r\n", "haus", { "x\nhaus" } }, { "x\rhaus\r\n", "haus", { "haus" } }, { "", "*", {} },
+        { "\r\n", "*", { "" } }, { "haus\r\n\r\n", "*", { "haus", "" } },
+        { "haus|1|2\r\n", "haus", { "haus|1|2" } }, { "d:\\x\r\nd:\\haus", "haus", { "d:\\haus" } } };
+    ImageFolder data;
+    for (const auto &c : cases) {
+        data.writeRaw(5, c.bytes);
+        Texts expected;
+        for (const std::string &line : c.lines)
+            expected.push_back("1-T<" + line);
+        EXPECT_EQ(
+            texts(FileSearch(data.path()).searchAllCds({ { 1, u"T"_s, 5 } }, QString::fromLatin1(c.word))),
+            expected)
+            << c.bytes;
+    }
+}
+
+// Hit entries are number, "-", title, "<" and the line as it stands; CDs in the given order,
+// lines in image order, nothing merged; CDs without image and missing images passed over.
+TEST(FileSearch, HitsFollowTheCdsThenTheLines)
+{
+    ImageFolder data;
+    data.write(-1408263712, { ">d:", "d:\\b\\START.exe|1|01.01.2003", "d:\\a\\start.exe|1|01.01.2003" });
+    data.write(20, { ">d:", "d:\\b\\start.exe|1|01.01.2003" });
+    data.write(0, { ">d:", "d:\\start.exe|0|01.01.2003" }); // belongs to no CD
+    const SearchCd seven { 7, cp1252::toQString("Spiele-CD <\xC4lt>"), -1408263712 };
+    const std::vector<SearchCd> cds = { seven, { 2, u"Zwei"_s, 20 }, { 3, u"Ohne"_s, 0 },
+        { 5, u"Fehlt"_s, 55 }, { 9, u"Neun"_s, -1408263712 } };
+    const FileSearchResult result = FileSearch(data.path()).searchAllCds(cds, u"start"_s);
+    EXPECT_EQ(texts(result),
+        (Texts { "7-Spiele-CD <\xC4lt><d:\\b\\START.exe|1|01.01.2003",
+            "7-Spiele-CD <\xC4lt><d:\\a\\start.exe|1|01.01.2003", "2-Zwei<d:\\b\\start.exe|1|01.01.2003",
+            "9-Neun<d:\\b\\START.exe|1|01.01.2003", "9-Neun<d:\\a\\start.exe|1|01.01.2003" }));
+    EXPECT_EQ(texts(FileSearch(data.path()).searchOneCd(seven, u"a\\start"_s, false)),
+        Texts { "7-Spiele-CD <\xC4lt><d:\\a\\start.exe|1|01.01.2003" });
 }
 
 TEST(FileSearch, ParallelWorkersKeepTheOrderOfASingleOne)
 {
-    SearchDataFolder data;
+    ImageFolder data;
     std::vector<SearchCd> cds;
     for (int n = 1; n <= 40; ++n) {
-        std::vector<std::string> lines = {">d:"};
+        Texts lines = { ">d:" };
         for (int k = 0; k < n * 37; ++k)
-            lines.push_back("d:\\cd" + std::to_string(n) + "\\" + (k % 5 == 0 ? "Haus" : "Baum") +
-                            std::to_string(k) + ".txt|" + std::to_string(k) + "|01.01.2003");
-        data.writeImage(1000 + n, lines);
-        cds.push_back({41 - n, QStringLiteral("CD %1").arg(n), 1000 + n});
+            lines.push_back("d:\\cd" + std::to_string(n) + "\\" + (k % 5 == 0 ? "Haus" : "Baum")
+                + std::to_string(k) + ".txt|" + std::to_string(k) + "|01.01.2003");
+        data.write(1000 + n, lines);
+        cds.push_back({ 41 - n, u"CD %1"_s.arg(n), 1000 + n });
     }
-    const FileSearchResult single = FileSearch(data.path(), 1).searchAllCds(cds, QStringLiteral("haus"));
-    ASSERT_EQ(single.outcome, FileSearchOutcome::Hits);
-    for (int workers : {2, 3, 8})
-        EXPECT_EQ(texts(FileSearch(data.path(), workers).searchAllCds(cds, QStringLiteral("haus")).hits),
-                  texts(single.hits))
-            << workers << " workers";
+    const FileSearchResult single = FileSearch(data.path(), 1).searchAllCds(cds, u"haus"_s);
+    ASSERT_EQ(single.outcome, Outcome::Hits);
+    for (int workers : { 2, 3, 8 })
+        EXPECT_EQ(texts(FileSearch(data.path(), workers).searchAllCds(cds, u"haus"_s)), texts(single))
+            << workers;
 }
-
-struct LineBreakCase
-{
-    const char *name;
-    const char *bytes;
-    const char *word;
-    std::vector<std::string> lines;
-};
-
-class ImageLineBreaks : public ::testing::TestWithParam<LineBreakCase>
-{
-};
-
-TEST_P(ImageLineBreaks, LinesAreCutAsTheCatalogueReadsThem)
-{
-    const LineBreakCase &c = GetParam();
-    SearchDataFolder data;
-    data.writeRawImage(5, c.bytes);
-    const FileSearchResult result =
-        FileSearch(data.path()).searchAllCds({{1, QStringLiteral("T"), 5}}, QString::fromLatin1(c.word));
-    std::vector<std::string> expected;
-    for (const std::string &line : c.lines)
-        expected.push_back("1-T<" + line);
-    EXPECT_EQ(texts(result.hits), expected);
-}
-
-const LineBreakCase kLineBreakCases[] = {
-    {"noFinalLineBreak", "a haus\r\nb haus", "haus", {"a haus", "b haus"}},
-    {"loneLineFeedStaysInTheLine", "x\nhaus\r\n", "haus", {"x\nhaus"}},
-    {"loneCarriageReturnEndsALine", "x\rhaus\r\n", "haus", {"haus"}},
-    {"emptyFileHasNoLine", "", "*", {}},
-    {"oneLineBreakIsOneEmptyLine", "\r\n", "*", {""}},
-    {"finalLineBreakAddsNoLine", "haus\r\n\r\n", "*", {"haus", ""}},
-    {"wordAtTheVeryStart", "haus|1|2\r\n", "haus", {"haus|1|2"}},
-    {"wordAtTheVeryEnd", "d:\\x\r\nd:\\haus", "haus", {"d:\\haus"}},
-};
-
-INSTANTIATE_TEST_SUITE_P(Cases, ImageLineBreaks, ::testing::ValuesIn(kLineBreakCases),
-                         [](const auto &info) { return std::string(info.param.name); });
 
 TEST(FileSearch, RefusedSearchesSayWhy)
 {
-    SearchDataFolder data;
-    data.writeImage(1, {">d:", "d:\\haus.txt|1|01.01.2003"});
-    const FileSearch search(data.path());
-    const SearchCd withImage{1, QStringLiteral("Eins"), 1};
-    const SearchCd missingImage{2, QStringLiteral("Zwei"), 2};
-    const SearchCd noImage{3, QStringLiteral("Drei"), 0};
-    struct Case
-    {
-        const char *name;
-        FileSearchResult result;
-        FileSearchOutcome outcome;
-        QString message;
-    };
-    const Case cases[] = {
-        {"emptyWordOneCd", search.searchOneCd(withImage, QString(), false), FileSearchOutcome::EmptyWord,
-         QStringLiteral("Bitte geben Sie einen Suchbegriff ein!")},
-        {"emptyWordAllCds", search.searchAllCds({withImage}, QString()), FileSearchOutcome::EmptyWord,
-         QStringLiteral("Bitte geben Sie einen Suchbegriff ein!")},
-        {"missingImageOneCd", search.searchOneCd(missingImage, QStringLiteral("haus"), false),
-         FileSearchOutcome::NoImage, QStringLiteral("Kein Datenträgerabbild vorhanden!")},
-        {"noCdWithImage", search.searchAllCds({noImage}, QStringLiteral("haus")), FileSearchOutcome::NoCdWithImage,
-         QStringLiteral("Keine CD mit der gesuchten Datei vorhanden!")},
-        {"noCdAtAll", search.searchAllCds({}, QStringLiteral("haus")), FileSearchOutcome::NoCdWithImage,
-         QStringLiteral("Keine CD mit der gesuchten Datei vorhanden!")},
-        {"noHitKeepsTheWordAsTyped", search.searchAllCds({withImage}, QStringLiteral("Garten")),
-         FileSearchOutcome::NoHit, QStringLiteral("Keine CD mit dem Inhalt Garten gefunden!")},
-        {"allImagesMissingIsNoHit", search.searchAllCds({missingImage}, QStringLiteral("haus")),
-         FileSearchOutcome::NoHit, QStringLiteral("Keine CD mit dem Inhalt haus gefunden!")},
-        {"unclosedBracketOneCd", search.searchOneCd(withImage, QStringLiteral("[ha"), false),
-         FileSearchOutcome::BadPattern, likeErrorMessage(LikePattern::Error::UnclosedBracket)},
-        {"unclosedBracketAllCds", search.searchAllCds({withImage}, QStringLiteral("ha[")),
-         FileSearchOutcome::BadPattern, likeErrorMessage(LikePattern::Error::UnclosedBracket)},
-        {"reversedRange", search.searchAllCds({withImage}, QStringLiteral("[z-a]")), FileSearchOutcome::BadPattern,
-         likeErrorMessage(LikePattern::Error::BadRange)},
-    };
-    for (const Case &c : cases) {
-        EXPECT_EQ(c.result.outcome, c.outcome) << c.name;
-        EXPECT_EQ(c.result.message, c.message) << c.name;
-        EXPECT_TRUE(c.result.hits.empty()) << c.name;
-    }
-}
-
-TEST(FileSearch, MissingImagesArePassedOverAndCdsWithoutImageSkipped)
-{
-    SearchDataFolder data;
-    data.writeImage(1, {">d:", "d:\\haus.txt|1|01.01.2003"});
-    const std::vector<SearchCd> cds = {
-        {5, QStringLiteral("Fehlt"), 55}, {3, QStringLiteral("Ohne"), 0}, {1, QStringLiteral("Eins"), 1}};
-    // An image file named 0.dat belongs to no CD: a CD without image must not read it.
-    data.writeImage(0, {">d:", "d:\\haus.txt|1|01.01.2003"});
-    const FileSearchResult result = FileSearch(data.path()).searchAllCds(cds, QStringLiteral("haus"));
-    EXPECT_EQ(texts(result.hits), std::vector<std::string>{"1-Eins<d:\\haus.txt|1|01.01.2003"});
-}
-
-TEST(FileSearch, AnImageThatCannotBeReadStopsTheSearchWithAMessage)
-{
-    SearchDataFolder data;
-    data.writeImage(1, {">d:", "d:\\haus.txt|1|01.01.2003"});
+    ImageFolder data;
+    data.write(1, { ">d:", "d:\\haus.txt|1|01.01.2003" });
     // A link to itself exists but can never be opened, whoever runs the test.
     ASSERT_TRUE(QFile::link(data.imagePath(2), data.imagePath(2)));
-    const std::vector<SearchCd> cds = {{1, QStringLiteral("Eins"), 1}, {2, QStringLiteral("Zwei"), 2}};
-    const FileSearchResult results[] = {FileSearch(data.path()).searchAllCds(cds, QStringLiteral("haus")),
-                                        FileSearch(data.path()).searchOneCd(cds[1], QStringLiteral("haus"), false)};
-    for (const FileSearchResult &result : results) {
-        EXPECT_EQ(result.outcome, FileSearchOutcome::UnreadableImage);
-        EXPECT_TRUE(result.message.contains(QStringLiteral("2.dat"))) << result.message.toStdString();
-        EXPECT_TRUE(result.hits.empty());
+    const FileSearch search(data.path());
+    const SearchCd withImage { 1, u"Eins"_s, 1 }, unreadable { 2, u"Zwei"_s, 2 }, missing { 3, u"Drei"_s, 3 };
+    const QString emptyWord = u"Bitte geben Sie einen Suchbegriff ein!"_s;
+    const QString noCd = u"Keine CD mit der gesuchten Datei vorhanden!"_s;
+    const QString unclosed = likeErrorMessage(LikePattern::Error::UnclosedBracket);
+    const struct
+    {
+        FileSearchResult result;
+        Outcome outcome;
+        QString message; // empty: names the unreadable image
+    } cases[] = { { search.searchOneCd(withImage, QString(), false), Outcome::EmptyWord, emptyWord },
+        { search.searchAllCds({ withImage }, QString()), Outcome::EmptyWord, emptyWord },
+        { search.searchOneCd(missing, u"haus"_s, false), Outcome::NoImage,
+            u"Kein Datenträgerabbild vorhanden!"_s },
+        { search.searchAllCds({ { 4, u"Ohne"_s, 0 } }, u"haus"_s), Outcome::NoCdWithImage, noCd },
+        { search.searchAllCds({}, u"haus"_s), Outcome::NoCdWithImage, noCd },
+        { search.searchAllCds({ withImage }, u"Garten"_s), Outcome::NoHit,
+            u"Keine CD mit dem Inhalt Garten gefunden!"_s },
+        { search.searchAllCds({ missing }, u"haus"_s), Outcome::NoHit,
+            u"Keine CD mit dem Inhalt haus gefunden!"_s },
+        { search.searchOneCd(withImage, u"[ha"_s, false), Outcome::BadPattern, unclosed },
+        { search.searchAllCds({ withImage }, u"ha["_s), Outcome::BadPattern, unclosed },
+        { search.searchAllCds({ withImage }, u"[z-a]"_s), Outcome::BadPattern,
+            likeErrorMessage(LikePattern::Error::BadRange) },
+        { search.searchAllCds({ withImage, unreadable }, u"haus"_s), Outcome::UnreadableImage, {} },
+        { search.searchOneCd(unreadable, u"haus"_s, false), Outcome::UnreadableImage, {} } };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.result.message.toStdString());
+        EXPECT_EQ(c.result.outcome, c.outcome);
+        if (c.message.isEmpty()) {
+            EXPECT_TRUE(c.result.message.contains(u"2.dat"_s));
+        } else {
+            EXPECT_EQ(c.result.message, c.message);
+        }
+        EXPECT_TRUE(c.result.hits.empty());
     }
 }
 
-// Records what the search reports and cancels after a given number of images.
-class RecordingProgress : public SearchProgress
+// Counts the images reported and asks to stop after a given number.
+class CountingProgress : public SearchProgress
 {
 public:
-    explicit RecordingProgress(int cancelAfter = -1)
+    explicit CountingProgress(int cancelAfter = -1)
         : m_cancelAfter(cancelAfter)
     {
     }
     void imageStarted(int done, int total, int32_t cdNumber) override
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
         m_started.insert(cdNumber);
         m_total = total;
         m_maxDone = std::max(m_maxDone, done);
@@ -318,71 +241,58 @@ public:
     std::set<int32_t> m_started;
     int m_total = 0;
     int m_maxDone = -1;
-    std::atomic<int> m_calls{0};
+    std::atomic<int> m_calls { 0 };
 
 private:
     int m_cancelAfter;
-    std::mutex m_mutex;
 };
 
 TEST(FileSearch, ReportsEveryImageAndCanBeCancelled)
 {
-    SearchDataFolder data;
+    ImageFolder data;
     std::vector<SearchCd> cds;
     for (int n = 1; n <= 10; ++n) {
-        data.writeImage(n, {">d:", "d:\\haus" + std::to_string(n) + ".txt|1|01.01.2003"});
-        cds.push_back({n, QStringLiteral("CD"), n});
+        data.write(n, { ">d:", "d:\\haus" + std::to_string(n) + ".txt|1|01.01.2003" });
+        cds.push_back({ n, u"CD"_s, n });
     }
-    for (int workers : {1, 2}) {
-        RecordingProgress watcher;
-        const FileSearchResult all = FileSearch(data.path(), workers).searchAllCds(cds, QStringLiteral("haus"), &watcher);
-        EXPECT_EQ(all.hits.size(), 10u);
+    for (int workers : { 1, 2 }) {
+        CountingProgress watcher;
+        EXPECT_EQ(FileSearch(data.path(), workers).searchAllCds(cds, u"haus"_s, &watcher).hits.size(), 10u);
         EXPECT_EQ(watcher.m_started.size(), 10u);
         EXPECT_EQ(watcher.m_total, 10);
         EXPECT_GE(watcher.m_maxDone, 10 - workers);
 
-        RecordingProgress canceller(3);
-        const FileSearchResult stopped =
-            FileSearch(data.path(), workers).searchAllCds(cds, QStringLiteral("haus"), &canceller);
-        EXPECT_EQ(stopped.outcome, FileSearchOutcome::Cancelled);
+        CountingProgress canceller(3);
+        const FileSearchResult stopped
+            = FileSearch(data.path(), workers).searchAllCds(cds, u"haus"_s, &canceller);
+        EXPECT_EQ(stopped.outcome, Outcome::Cancelled);
         EXPECT_TRUE(stopped.hits.empty());
         EXPECT_LE(canceller.m_calls.load(), 3 + workers);
     }
-    RecordingProgress before(0);
-    EXPECT_EQ(FileSearch(data.path()).searchOneCd(cds[0], QStringLiteral("haus"), false, &before).outcome,
-              FileSearchOutcome::Cancelled);
+    CountingProgress before(0);
+    EXPECT_EQ(
+        FileSearch(data.path()).searchOneCd(cds[0], u"haus"_s, false, &before).outcome, Outcome::Cancelled);
 }
-
-} // namespace
-
-namespace {
 
 TEST(FileSearch, SearchesTheCdsOfAnArchiveThatHaveAnImage)
 {
-    SearchDataFolder data;
-    ArchiveBuilder archive(data.path(), QStringLiteral("Test"));
-    archive.cd(9, QStringLiteral("Neun"), QStringLiteral("Sta1|End1"), 90)
-        .cd(2, QStringLiteral("Zwei"), QStringLiteral("Sta1|End1"), 20)
-        .cd(5, QStringLiteral("Ohne Abbild"), QStringLiteral("Sta1|End1"), 0)
-        .cd(4, QStringLiteral("Abbild fehlt"), QStringLiteral("Sta1|End1"), 40);
-    data.writeImage(90, {">d:", "d:\\Haus.txt|1|01.01.2003"});
-    data.writeImage(20, {">d:", "d:\\haus.txt|2|01.01.2003"});
-    data.writeImage(0, {">d:", "d:\\haus.txt|3|01.01.2003"});
+    ImageFolder data;
+    ArchiveBuilder archive(data.path(), u"Test"_s);
+    archive.cd(9, u"Neun"_s, u"Sta1|End1"_s, 90).cd(2, u"Zwei"_s, u"Sta1|End1"_s, 20).cd(5, u"Ohne Abbild"_s);
+    data.write(90, { ">d:", "d:\\Haus.txt|1|01.01.2003" });
+    data.write(20, { ">d:", "d:\\haus.txt|2|01.01.2003" });
     const FileSearch search(data.path());
-    const FileSearchResult found = search.searchArchive(archive.store(), QStringLiteral("haus"));
-    EXPECT_EQ(texts(found.hits), (std::vector<std::string>{"2-Zwei<d:\\haus.txt|2|01.01.2003",
-                                                     "9-Neun<d:\\Haus.txt|1|01.01.2003"}));
+    EXPECT_EQ(texts(search.searchArchive(archive.store(), u"haus"_s)),
+        (Texts { "2-Zwei<d:\\haus.txt|2|01.01.2003", "9-Neun<d:\\Haus.txt|1|01.01.2003" }));
 
-    ArchiveBuilder noImages(data.path(), QStringLiteral("Leer"));
-    noImages.cd(1, QStringLiteral("Eins"));
-    EXPECT_EQ(search.searchArchive(noImages.store(), QStringLiteral("haus")).outcome,
-              FileSearchOutcome::NoCdWithImage);
-
-    const ArchiveStore missing(data.path() + QStringLiteral("/archive/Fehlt.mdb"));
-    const FileSearchResult failed = search.searchArchive(missing, QStringLiteral("haus"));
-    EXPECT_EQ(failed.outcome, FileSearchOutcome::ArchiveFailed);
+    ArchiveBuilder noImages(data.path(), u"Leer"_s);
+    noImages.cd(1, u"Eins"_s);
+    EXPECT_EQ(search.searchArchive(noImages.store(), u"haus"_s).outcome, Outcome::NoCdWithImage);
+    const ArchiveStore missing(datapaths::archiveFile(data.path(), u"Fehlt"_s));
+    const FileSearchResult failed = search.searchArchive(missing, u"haus"_s);
+    EXPECT_EQ(failed.outcome, Outcome::ArchiveFailed);
     EXPECT_FALSE(failed.message.isEmpty());
-    EXPECT_EQ(search.searchArchive(missing, QString()).outcome, FileSearchOutcome::EmptyWord);
+    EXPECT_EQ(search.searchArchive(missing, QString()).outcome, Outcome::EmptyWord);
 }
 
 } // namespace

@@ -14,7 +14,8 @@ TEST(HitList, KeepsEntriesInOrderAcrossBlocksAndMerges)
     HitList second;
     std::vector<std::string> expected;
     for (int i = 0; i < 30000; ++i) {
-        const std::string line = "d:\\ordner\\datei" + std::to_string(i) + std::string(static_cast<size_t>(i % 97), 'a');
+        const std::string line
+            = "d:\\ordner\\datei" + std::to_string(i) + std::string(static_cast<size_t>(i % 97), 'a');
         first.append("1-Eins<", line);
         expected.push_back("1-Eins<" + line);
     }

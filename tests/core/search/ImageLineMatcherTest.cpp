@@ -1,5 +1,5 @@
-#include "common/Cp1252.h"
 #include "search/ImageLineMatcher.h"
+#include "common/Cp1252.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,8 @@ TEST(ImageLineMatcher, ThePathPartEndsWithTheFirstBar)
 TEST(ImageLineMatcher, BufferScanAgreesWithLineByLineOnRandomTexts)
 {
     const std::string alphabet = "hausHAUS\xE4\xC4|\\:.12\r\r\n\n";
-    const char *const patterns[] = {"*haus*", "*h?us*", "*\xE4*", "*a|*", "*", "*s\r\nh*", "*#*", "h*", "*[au]s*"};
+    const char *const patterns[]
+        = { "*haus*", "*h?us*", "*\xE4*", "*a|*", "*", "*s\r\nh*", "*#*", "h*", "*[au]s*" };
     std::mt19937 random(5);
     for (int round = 0; round < 3000; ++round) {
         std::string text(random() % 60, ' ');

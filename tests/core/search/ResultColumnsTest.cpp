@@ -1,85 +1,69 @@
-#include "QStringPrinting.h"
-
 #include "search/ResultColumns.h"
+
+#include "QStringPrinting.h"
 
 #include <gtest/gtest.h>
 
-namespace {
-
-struct CutCase
+void PrintTo(const ResultColumns &c, std::ostream *out)
 {
-    const char *name;
-    QString entry;
-    ResultColumns columns;
-    QString fileLine;
-};
-
-class ResultColumnsCut : public ::testing::TestWithParam<CutCase>
-{
-};
-
-TEST_P(ResultColumnsCut, CutsTheEntryIntoTheListColumnsAndTheFileLine)
-{
-    const CutCase &c = GetParam();
-    const auto columns = ResultColumns::cut(c.entry);
-    ASSERT_TRUE(std::holds_alternative<ResultColumns>(columns));
-    const ResultColumns &cut = std::get<ResultColumns>(columns);
-    EXPECT_EQ(cut.cd, c.columns.cd);
-    EXPECT_EQ(cut.file, c.columns.file);
-    EXPECT_EQ(cut.size, c.columns.size);
-    EXPECT_EQ(cut.date, c.columns.date);
-    EXPECT_EQ(cut.folder, c.columns.folder);
-    const auto line = ResultColumns::fileLine(c.entry);
-    ASSERT_TRUE(std::holds_alternative<QString>(line));
-    EXPECT_EQ(std::get<QString>(line), c.fileLine);
+    *out << QStringList { c.cd, c.file, c.size, c.date }.join(u" | ").toStdString()
+         << (c.folder ? " (folder)" : "");
 }
 
-const CutCase kCutCases[] = {
-    {"fileLine", QStringLiteral("12-Backup 2003<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"),
-     {QStringLiteral("12-Backup 2003"), QStringLiteral("d:\\Setup\\start.exe"), QStringLiteral("65536"),
-      QStringLiteral("19.01.2003 00:12:31"), false},
-     QStringLiteral("12-Backup 2003 d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31")},
-    {"folderLine", QStringLiteral("12-Backup 2003<>d:\\Setup"),
-     {QStringLiteral("12-Backup 2003"), QStringLiteral(">d:\\Setup"), QString(), QString(), true},
-     QStringLiteral("12-Backup 2003 >d:\\Setup")},
-    {"rootLine", QStringLiteral("3-X<>d:"), {QStringLiteral("3-X"), QStringLiteral(">d:"), QString(), QString(), true},
-     QStringLiteral("3-X >d:")},
-    {"zipEndRowWithEmptyFields", QStringLiteral("3-X<d:\\a.zip\\||"),
-     {QStringLiteral("3-X"), QStringLiteral("d:\\a.zip\\"), QString(), QString(), false},
-     QStringLiteral("3-X d:\\a.zip\\ *  Byte * Date:")},
-    {"ltInTitleMovesTheCut", QStringLiteral("5-A<B<d:\\x.txt|10|01.01.2003"),
-     {QStringLiteral("5-A"), QStringLiteral("B<d:\\x.txt"), QStringLiteral("10"), QStringLiteral("01.01.2003"), false},
-     QStringLiteral("5-A B<d:\\x.txt * 10 Byte * Date:01.01.2003")},
-    {"ltGtInTitleLooksLikeAFolder", QStringLiteral("5-A<>B<d:\\x.txt|10|01.01.2003"),
-     {QStringLiteral("5-A"), QStringLiteral(">B<d:\\x.txt|10|01.01.2003"), QString(), QString(), true},
-     QStringLiteral("5-A >B<d:\\x.txt|10|01.01.2003")},
-    {"barInTitleMovesTheSize", QStringLiteral("5-A|B<d:\\x.txt|10|01.01.2003"),
-     {QStringLiteral("5-A|B"), QStringLiteral("d:\\x.txt"), QStringLiteral("B<d:\\x.txt|10"),
-      QStringLiteral("01.01.2003"), false},
-     QStringLiteral("5-A * B d:\\x.txt|10 Byte * Date:01.01.2003")},
-    {"barInFolderNameOfTitleKeepsTheFolder", QStringLiteral("5-A|B<>d:\\x"),
-     {QStringLiteral("5-A|B"), QStringLiteral(">d:\\x"), QString(), QString(), true},
-     QStringLiteral("5-A|B >d:\\x")},
-    {"dashInTitle", QStringLiteral("8-Spiele-CD<d:\\a|1|2"),
-     {QStringLiteral("8-Spiele-CD"), QStringLiteral("d:\\a"), QStringLiteral("1"), QStringLiteral("2"), false},
-     QStringLiteral("8-Spiele-CD d:\\a * 1 Byte * Date:2")},
-};
+namespace {
 
-INSTANTIATE_TEST_SUITE_P(Cases, ResultColumnsCut, ::testing::ValuesIn(kCutCases),
-                         [](const auto &info) { return std::string(info.param.name); });
+using namespace Qt::StringLiterals;
+
+// The entry is cut at its first "<" and at its bars, so a "<" or "|" in the title moves the cut.
+TEST(ResultColumns, CutIntoTheListColumnsAndTheFileLine)
+{
+    const struct
+    {
+        QString entry;
+        ResultColumns columns;
+        QString fileLine;
+    } cases[] = {
+        { u"12-Backup 2003<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s,
+            { u"12-Backup 2003"_s, u"d:\\Setup\\start.exe"_s, u"65536"_s, u"19.01.2003 00:12:31"_s, false },
+            u"12-Backup 2003 d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s },
+        { u"12-Backup 2003<>d:\\Setup"_s, { u"12-Backup 2003"_s, u">d:\\Setup"_s, {}, {}, true },
+            u"12-Backup 2003 >d:\\Setup"_s },
+        { u"3-X<>d:"_s, { u"3-X"_s, u">d:"_s, {}, {}, true }, u"3-X >d:"_s },
+        { u"3-X<d:\\a.zip\\||"_s, { u"3-X"_s, u"d:\\a.zip\\"_s, {}, {}, false },
+            u"3-X d:\\a.zip\\ *  Byte * Date:"_s },
+        { u"5-A<B<d:\\x.txt|10|01.01.2003"_s, { u"5-A"_s, u"B<d:\\x.txt"_s, u"10"_s, u"01.01.2003"_s, false },
+            u"5-A B<d:\\x.txt * 10 Byte * Date:01.01.2003"_s },
+        { u"5-A<>B<d:\\x.txt|10|01.01.2003"_s, { u"5-A"_s, u">B<d:\\x.txt|10|01.01.2003"_s, {}, {}, true },
+            u"5-A >B<d:\\x.txt|10|01.01.2003"_s },
+        { u"5-A|B<d:\\x.txt|10|01.01.2003"_s,
+            { u"5-A|B"_s, u"d:\\x.txt"_s, u"B<d:\\x.txt|10"_s, u"01.01.2003"_s, false },
+            u"5-A * B d:\\x.txt|10 Byte * Date:01.01.2003"_s },
+        { u"5-A|B<>d:\\x"_s, { u"5-A|B"_s, u">d:\\x"_s, {}, {}, true }, u"5-A|B >d:\\x"_s },
+        { u"8-Spiele-CD<d:\\a|1|2"_s, { u"8-Spiele-CD"_s, u"d:\\a"_s, u"1"_s, u"2"_s, false },
+            u"8-Spiele-CD d:\\a * 1 Byte * Date:2"_s }
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.entry.toStdString());
+        const auto columns = ResultColumns::cut(c.entry);
+        ASSERT_TRUE(std::holds_alternative<ResultColumns>(columns));
+        EXPECT_EQ(std::get<ResultColumns>(columns), c.columns);
+        const auto line = ResultColumns::fileLine(c.entry);
+        ASSERT_TRUE(std::holds_alternative<QString>(line));
+        EXPECT_EQ(std::get<QString>(line), c.fileLine);
+    }
+}
 
 TEST(ResultColumns, EntriesThatCannotBeCutFailLikeABadArgument)
 {
-    const RuntimeFailure expected{5, QStringLiteral("Ungültiger Prozeduraufruf oder ungültiges Argument")};
-    for (const QString &entry : {QStringLiteral("12-Backup<"),       // the empty end line
-                                 QStringLiteral("5-A|B<"),           // the end line under a title with "|"
-                                 QStringLiteral("5-T<d:\\kaputt|1"), // a line with one "|"
-                                 QStringLiteral("kein Eintrag")}) {
+    const RuntimeFailure expected { 5, u"Ungültiger Prozeduraufruf oder ungültiges Argument"_s };
+    // The end line, the end line under a title with "|", a line with one "|", no entry at all.
+    for (const QString &entry : { u"12-Backup<"_s, u"5-A|B<"_s, u"5-T<d:\\kaputt|1"_s, u"kein Eintrag"_s }) {
         const auto cut = ResultColumns::cut(entry);
-        ASSERT_TRUE(std::holds_alternative<RuntimeFailure>(cut)) << entry.toStdString();
-        EXPECT_EQ(std::get<RuntimeFailure>(cut), expected);
         const auto line = ResultColumns::fileLine(entry);
-        ASSERT_TRUE(std::holds_alternative<RuntimeFailure>(line)) << entry.toStdString();
+        ASSERT_TRUE(
+            std::holds_alternative<RuntimeFailure>(cut) && std::holds_alternative<RuntimeFailure>(line))
+            << entry.toStdString();
+        EXPECT_EQ(std::get<RuntimeFailure>(cut), expected);
         EXPECT_EQ(std::get<RuntimeFailure>(line), expected);
     }
 }

@@ -1,95 +1,66 @@
-#include "QStringPrinting.h"
-
 #include "search/ResultNavigator.h"
+
+#include "QStringPrinting.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-std::vector<QString> numbers(std::initializer_list<int> values)
+using namespace Qt::StringLiterals;
+
+// The navigator's window as one text: position label, "<" and ">" enabled, CD on display.
+QString view(const ResultNavigator &navigator)
 {
-    std::vector<QString> texts;
-    for (int value : values)
-        texts.push_back(QString::number(value));
-    return texts;
+    return u"%1 <%2 >%3 #%4"_s.arg(navigator.positionText())
+        .arg(navigator.previousEnabled())
+        .arg(navigator.nextEnabled())
+        .arg(navigator.currentNumber());
 }
 
-// The state of the navigator's window: position label, "<" enabled, ">" enabled, CD shown.
-struct View
+TEST(ResultNavigator, StepsForwardAndBack)
 {
-    QString position;
-    bool previous;
-    bool next;
-    QString number;
-
-    bool operator==(const View &) const = default;
-};
-
-View viewOf(const ResultNavigator &navigator)
-{
-    return {navigator.positionText(), navigator.previousEnabled(), navigator.nextEnabled(),
-            navigator.currentNumber()};
-}
-
-void PrintTo(const View &view, std::ostream *out)
-{
-    *out << view.position.toStdString() << " <" << view.previous << " >" << view.next << " #"
-         << view.number.toStdString();
-}
-
-TEST(ResultNavigator, TwoCdsStepForwardAndBack)
-{
-    ResultNavigator navigator(numbers({4, 9}));
-    EXPECT_EQ(navigator.countText(), QStringLiteral("2"));
+    ResultNavigator navigator({ u"4"_s, u"9"_s, u"12"_s });
+    EXPECT_EQ(navigator.countText(), u"3"_s);
     EXPECT_FALSE(navigator.givesWayToMessage());
-    // "<" is left enabled when the window opens.
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("1 / 2"), true, true, QStringLiteral("4")}));
+    EXPECT_EQ(view(navigator), u"1 / 3 <1 >1 #4"_s); // "<" is left enabled when the window opens
     EXPECT_FALSE(navigator.next());
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("2 / 2"), true, false, QStringLiteral("9")}));
+    EXPECT_EQ(view(navigator), u"2 / 3 <1 >1 #9"_s);
+    EXPECT_FALSE(navigator.next());
+    EXPECT_EQ(view(navigator), u"3 / 3 <1 >0 #12"_s);
     EXPECT_FALSE(navigator.previous());
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("1 / 2"), false, true, QStringLiteral("4")}));
+    EXPECT_EQ(view(navigator), u"2 / 3 <1 >1 #9"_s);
+    EXPECT_FALSE(navigator.previous());
+    EXPECT_EQ(view(navigator), u"1 / 3 <0 >1 #4"_s);
 }
 
-TEST(ResultNavigator, ThreeCdsKeepBothButtonsInTheMiddle)
-{
-    ResultNavigator navigator(numbers({1, 2, 3}));
-    navigator.next();
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("2 / 3"), true, true, QStringLiteral("2")}));
-    navigator.next();
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("3 / 3"), true, false, QStringLiteral("3")}));
-    navigator.previous();
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("2 / 3"), true, true, QStringLiteral("2")}));
-}
-
+// The index moves before it is checked: labels and buttons keep what they showed, and ">"
+// then leads back to the first CD.
 TEST(ResultNavigator, BackAtTheFirstCdRightAfterOpeningFails)
 {
-    ResultNavigator navigator(numbers({4, 9, 12}));
+    ResultNavigator navigator({ u"4"_s, u"9"_s });
     const auto failure = navigator.previous();
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->number, 9);
-    EXPECT_EQ(failure->text, QStringLiteral("Index außerhalb des gültigen Bereichs"));
-    // Labels and buttons keep what they showed; the index has moved, so ">" leads to the first CD.
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("1 / 3"), true, true, QString()}));
+    EXPECT_EQ(failure->text, u"Index außerhalb des gültigen Bereichs"_s);
+    EXPECT_EQ(view(navigator), u"1 / 2 <1 >1 #"_s);
     EXPECT_FALSE(navigator.next());
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("1 / 3"), true, true, QStringLiteral("4")}));
+    EXPECT_EQ(view(navigator), u"1 / 2 <1 >1 #4"_s);
 }
 
 TEST(ResultNavigator, OneCdDisablesBothButtonsAndGivesWayToTheMessage)
 {
-    const ResultNavigator navigator(numbers({17}));
+    const ResultNavigator navigator({ u"17"_s });
     EXPECT_TRUE(navigator.givesWayToMessage());
-    EXPECT_EQ(navigator.countText(), QStringLiteral("1"));
-    EXPECT_EQ(viewOf(navigator), (View{QStringLiteral("1 / 1"), false, false, QStringLiteral("17")}));
+    EXPECT_EQ(view(navigator), u"1 / 1 <0 >0 #17"_s);
 }
 
 TEST(ResultNavigator, FindsTheListEntryByTheNumberBeforeTheFirstBlank)
 {
-    const QStringList entries = {QStringLiteral("1 Urlaub"), QStringLiteral("12 Backup 2003"),
-                                 QStringLiteral("2   Briefe"), QStringLiteral("12 Doppelt")};
-    EXPECT_EQ(ResultNavigator::listEntryOf(entries, QStringLiteral("12")), 1);
-    EXPECT_EQ(ResultNavigator::listEntryOf(entries, QStringLiteral("2")), 2);
-    EXPECT_EQ(ResultNavigator::listEntryOf(entries, QStringLiteral("Urlaub")), -1);
-    EXPECT_EQ(ResultNavigator::listEntryOf(entries, QStringLiteral("3")), -1);
+    const QStringList entries = { u"1 Urlaub"_s, u"12 Backup 2003"_s, u"2   Briefe"_s, u"12 Doppelt"_s };
+    const std::pair<QString, int> cases[]
+        = { { u"12"_s, 1 }, { u"2"_s, 2 }, { u"Urlaub"_s, -1 }, { u"3"_s, -1 } };
+    for (const auto &[number, entry] : cases)
+        EXPECT_EQ(ResultNavigator::listEntryOf(entries, number), entry) << number.toStdString();
 }
 
 } // namespace
