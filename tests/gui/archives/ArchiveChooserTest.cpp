@@ -7,303 +7,222 @@
 
 #include "archives/ArchiveCatalog.h"
 
-#include <QAction>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
 #include <QRadioButton>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList entries(QWidget *window)
+QListWidget *list(QWidget *chooser)
 {
-    QStringList names;
-    const auto *list = window->findChild<QListWidget *>(QStringLiteral("List1"));
-    for (int i = 0; i < list->count(); ++i)
-        names << list->item(i)->text();
-    return names;
+    return chooser->findChild<QListWidget *>(u"List1"_s);
+}
+QLineEdit *textBox(QWidget *window)
+{
+    return window->findChild<QLineEdit *>(u"Text1"_s);
 }
 
-template <class T = QWidget> T *control(QWidget *window, const char *name)
+QStringList entries(QWidget *chooser)
 {
-    T *found = window->findChild<T *>(QString::fromLatin1(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
+    QStringList names;
+    for (int i = 0; i < list(chooser)->count(); ++i)
+        names << list(chooser)->item(i)->text();
+    return names;
 }
 
 bool archiveFile(DesktopRun &run, const QString &name)
 {
-    return QFileInfo::exists(run.home() + QStringLiteral("/archive/") + name + QStringLiteral(".mdb"));
+    return QFileInfo::exists(datapaths::archiveFile(run.home(), name));
+}
+
+openarchiv *chooser(DesktopRun &run, const QStringList &archives = { u"A"_s, u"B"_s })
+{
+    for (const QString &name : archives)
+        run.archive(name);
+    return run.program().show<openarchiv>();
 }
 
 } // namespace
 
-TEST(openarchiv, SeveralArchivesSelectTheFirstAndWaitForTheUser)
+TEST(openarchiv, ListsTheArchivesSelectsTheFirstAndWaits)
 {
     DesktopRun run;
-    run.archive(QStringLiteral("Musik"));
-    run.archive(QStringLiteral("Backup"));
-    openarchiv *chooser = run.program().show<openarchiv>();
+    openarchiv *shown = chooser(run, { u"Musik"_s, u"Backup"_s });
     run.settle(20);
-    ASSERT_NE(run.form<openarchiv>(), nullptr);
-    EXPECT_EQ(chooser->windowTitle(), QStringLiteral("Öffnen eines Archives"));
-    EXPECT_EQ(entries(chooser), (QStringList { QStringLiteral("Backup"), QStringLiteral("Musik") }));
-    EXPECT_EQ(control<QLineEdit>(chooser, "Text1")->text(), QStringLiteral("Backup"));
-    EXPECT_EQ(run.form<Hauptfenster>(), nullptr);
-}
+    EXPECT_EQ(run.form<openarchiv>(), shown);
+    EXPECT_EQ(entries(shown), (QStringList { u"Backup"_s, u"Musik"_s }));
+    EXPECT_EQ(textBox(shown)->text(), u"Backup"_s);
 
-TEST(openarchiv, OneArchiveWhileChangingIsNotOpenedByItself)
-{
-    DesktopRun run;
-    run.archive(QStringLiteral("Einzig"));
-    run.session().changingArchive = true;
-    openarchiv *chooser = run.program().show<openarchiv>();
-    run.settle(20);
-    EXPECT_EQ(run.form<openarchiv>(), chooser);
-    EXPECT_TRUE(control<QLineEdit>(chooser, "Text1")->text().isEmpty());
-    EXPECT_EQ(run.form<Hauptfenster>(), nullptr);
+    DesktopRun changing;
+    changing.session().changingArchive = true;
+    shown = chooser(changing, { u"Einzig"_s });
+    changing.settle(20);
+    EXPECT_EQ(changing.form<openarchiv>(), shown) << "one archive is not opened by itself while changing";
+    EXPECT_TRUE(textBox(shown)->text().isEmpty());
 }
 
 TEST(openarchiv, OpenChecksTheTypedNameExactly)
 {
-    struct Case
+    const struct
     {
-        const char *name;
         const char *typed;
-        int selectRow;
         QStringList messages;
-        bool opens;
+    } cases[] = {
+        { "", { u"Bitte wählen Sie ein Archiv aus der Liste aus!"_s } },
+        { "a", { archiveNotFoundMessage() } },
+        { "B", {} },
     };
-    const Case cases[] = {
-        { "nothing chosen", "", -1, { QStringLiteral("Bitte wählen Sie ein Archiv aus der Liste aus!") },
-            false },
-        { "another case is not found", "musik", -1, { archiveNotFoundMessage() }, false },
-        { "unknown name", "Filme", -1, { archiveNotFoundMessage() }, false },
-        { "exact name opens", "Musik", -1, {}, true },
-    };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.typed);
         DesktopRun run;
-        run.archive(QStringLiteral("Musik"));
-        run.archive(QStringLiteral("Backup"));
-        openarchiv *chooser = run.program().show<openarchiv>();
-        control<QListWidget>(chooser, "List1")->setCurrentRow(c.selectRow);
-        control<QLineEdit>(chooser, "Text1")->setText(QString::fromUtf8(c.typed));
-        run.prompts().clear();
-        control<QPushButton>(chooser, "Command1")->click();
+        openarchiv *shown = chooser(run);
+        list(shown)->setCurrentRow(-1);
+        textBox(shown)->setText(QString::fromLatin1(c.typed));
+        shown->Command1_Click();
         run.settle();
-        EXPECT_EQ(run.prompts().messages(), c.messages) << c.name;
-        EXPECT_EQ(run.form<Hauptfenster>() != nullptr, c.opens) << c.name;
-        EXPECT_EQ(run.form<openarchiv>() == nullptr, c.opens) << c.name;
-        if (c.opens) {
-            EXPECT_EQ(run.session().archiveName, QString::fromUtf8(c.typed)) << c.name;
-        }
+        const bool opens = c.messages.isEmpty();
+        EXPECT_EQ(run.prompts().messages(), c.messages);
+        EXPECT_EQ(run.form<Hauptfenster>() != nullptr, opens);
+        EXPECT_EQ(run.form<openarchiv>() == nullptr, opens);
+        EXPECT_EQ(run.session().archiveName, opens ? u"B"_s : QString());
     }
-}
-
-TEST(openarchiv, TypedNameWithExtensionPassesButItsArchiveCannotOpen)
-{
-    DesktopRun run;
-    run.archive(QStringLiteral("Musik"));
-    run.archive(QStringLiteral("Backup"));
-    openarchiv *chooser = run.program().show<openarchiv>();
-    control<QLineEdit>(chooser, "Text1")->setText(QStringLiteral("Musik.mdb"));
-    run.prompts().clear();
-    chooser->Command1_Click();
-    run.settle();
-    EXPECT_TRUE(run.session().archivePath.endsWith(QStringLiteral("/archive/Musik.mdb.mdb")));
-    // The main window reports the archive it cannot read and stays, empty.
-    ASSERT_EQ(run.prompts().shown().size(), 1u);
-    EXPECT_EQ(run.prompts().shown()[0].icon, Prompts::Icon::Critical);
-    ASSERT_NE(run.form<Hauptfenster>(), nullptr);
-    EXPECT_EQ(run.form<Hauptfenster>()->findChild<QListWidget *>(QStringLiteral("List2"))->count(), 0);
 }
 
 TEST(openarchiv, NoArchiveAsksForAFirstOneAtOnce)
 {
     DesktopRun run;
-    run.session().startedAskingArchive = QStringLiteral("1");
-    run.prompts().answerInput(QStringLiteral("Erstes"));
+    run.session().startedAskingArchive = u"1"_s;
+    run.prompts().answerInput(u"Erstes"_s);
     run.program().show<openarchiv>();
     ASSERT_EQ(run.prompts().shown().size(), 1u);
-    EXPECT_EQ(run.prompts().shown()[0].title, QStringLiteral("Neues Archiv erstellen"));
-    EXPECT_EQ(run.prompts().shown()[0].text,
-        QStringLiteral("Bitte geben Sie einen Namen für das neue Archiv ein:"));
-    EXPECT_TRUE(archiveFile(run, QStringLiteral("Erstes")));
+    EXPECT_EQ(run.prompts().shown()[0].text, u"Bitte geben Sie einen Namen für das neue Archiv ein:"_s);
+    EXPECT_TRUE(archiveFile(run, u"Erstes"_s));
     ASSERT_NE(run.form<Hauptfenster>(), nullptr);
-    EXPECT_TRUE(run.session().archiveChosen);
-    // At a start the chooser goes a moment later, after its load.
     run.settle(20);
-    EXPECT_EQ(run.form<openarchiv>(), nullptr);
-    EXPECT_EQ(run.program().loadedCount(), 1);
+    EXPECT_EQ(run.program().loadedCount(), 1) << "at a start the chooser goes after its load";
+
+    DesktopRun cancelled;
+    cancelled.prompts().answerInput(std::nullopt);
+    openarchiv *empty = cancelled.program().show<openarchiv>();
+    cancelled.settle(20);
+    EXPECT_EQ(cancelled.form<openarchiv>(), empty) << "a cancelled name leaves the empty chooser";
+    EXPECT_TRUE(entries(empty).isEmpty());
 }
 
-TEST(openarchiv, CancelledFirstNameLeavesTheEmptyWindow)
+TEST(openarchiv, DeleteAsksAndKeepsTheNameTakenUntilReopened)
 {
     DesktopRun run;
-    run.prompts().answerInput(std::nullopt);
-    openarchiv *chooser = run.program().show<openarchiv>();
-    run.settle(20);
-    EXPECT_EQ(run.form<openarchiv>(), chooser);
-    EXPECT_TRUE(entries(chooser).isEmpty());
-}
-
-TEST(openarchiv, DeleteByPopupKeepsTheNameTakenUntilReopened)
-{
-    DesktopRun run;
-    run.archive(QStringLiteral("Alt"));
-    run.archive(QStringLiteral("Neu"));
-    openarchiv *chooser = run.program().show<openarchiv>();
-    auto *list = control<QListWidget>(chooser, "List1");
-    list->setCurrentRow(0);
-    auto *menu = control<QMenu>(chooser, "m1");
-    EXPECT_EQ(menu->actions().size(), 2);
-
+    openarchiv *shown = chooser(run);
+    list(shown)->setCurrentRow(0);
     run.prompts().answerMessage(Prompts::Answer::No);
-    chooser->mdelete_Click();
-    EXPECT_TRUE(archiveFile(run, QStringLiteral("Alt"))) << "No keeps it";
+    shown->mdelete_Click();
+    EXPECT_TRUE(archiveFile(run, u"A"_s)) << "No keeps it";
 
     run.prompts().clear();
     run.prompts().answerMessage(Prompts::Answer::Yes);
-    chooser->mdelete_Click();
+    shown->mdelete_Click();
     EXPECT_EQ(run.prompts().messages(),
-        QStringList { QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?") });
-    EXPECT_FALSE(archiveFile(run, QStringLiteral("Alt")));
-    EXPECT_EQ(entries(chooser), QStringList { QStringLiteral("Neu") });
-    EXPECT_TRUE(control<QLineEdit>(chooser, "Text1")->text().isEmpty());
+        QStringList { u"Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"_s });
+    EXPECT_FALSE(archiveFile(run, u"A"_s));
+    EXPECT_EQ(entries(shown), QStringList { u"B"_s });
+    EXPECT_TRUE(textBox(shown)->text().isEmpty());
 
-    // The deleted name is still taken for a new archive; the second answer, empty, ends it.
+    // The second answer, empty, ends the asking.
     run.prompts().clear();
-    run.prompts().answerInput(QStringLiteral("Alt"));
+    run.prompts().answerInput(u"A"_s);
     run.prompts().answerInput(QString());
-    chooser->Command2_Click();
-    EXPECT_EQ(run.prompts().messages(),
-        QStringList { ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alt")) });
-    EXPECT_FALSE(archiveFile(run, QStringLiteral("Alt")));
-}
-
-TEST(openarchiv, DeletingAnArchiveWhoseFileIsGoneStillRemovesTheEntry)
-{
-    DesktopRun run;
-    run.archive(QStringLiteral("A"));
-    run.archive(QStringLiteral("B"));
-    openarchiv *chooser = run.program().show<openarchiv>();
-    control<QListWidget>(chooser, "List1")->setCurrentRow(1);
-    QFile::remove(run.home() + QStringLiteral("/archive/B.mdb"));
-    run.prompts().answerMessage(Prompts::Answer::Yes);
-    chooser->mdelete_Click();
-    ASSERT_EQ(run.prompts().shown().size(), 2u);
-    EXPECT_EQ(run.prompts().shown()[1].icon, Prompts::Icon::Critical);
-    EXPECT_TRUE(run.prompts().shown()[1].text.startsWith(QStringLiteral("Fehler: Die Datenbankdatei")));
-    EXPECT_EQ(entries(chooser), QStringList { QStringLiteral("A") });
+    shown->Command2_Click();
+    EXPECT_EQ(run.prompts().messages(), QStringList { ArchiveCatalog::duplicateNameMessage(u"A"_s) });
+    EXPECT_FALSE(archiveFile(run, u"A"_s));
 }
 
 TEST(openarchiv, DefaultArchiveNeedsASelection)
 {
     DesktopRun run;
-    run.archive(QStringLiteral("A"));
-    run.archive(QStringLiteral("B"));
-    openarchiv *chooser = run.program().show<openarchiv>();
-    control<QListWidget>(chooser, "List1")->setCurrentRow(-1);
-    chooser->Command5_Click();
-    ASSERT_EQ(run.prompts().shown().size(), 1u);
-    EXPECT_EQ(run.prompts().shown()[0].text, QStringLiteral("Fehler: Kein Archiv ausgewählt!"));
-    EXPECT_EQ(run.prompts().shown()[0].icon, Prompts::Icon::Critical);
+    openarchiv *shown = chooser(run);
+    list(shown)->setCurrentRow(-1);
+    shown->Command5_Click();
+    EXPECT_EQ(run.prompts().messages(), QStringList { u"Fehler: Kein Archiv ausgewählt!"_s });
     EXPECT_FALSE(run.settings().contains(SettingKey::Standard));
 
-    control<QListWidget>(chooser, "List1")->setCurrentRow(1);
-    chooser->Command5_Click();
-    EXPECT_EQ(run.settings().value(SettingKey::Standard), QStringLiteral("B"));
-    EXPECT_TRUE(run.prompts().messages().last().startsWith(
-        QStringLiteral("Archiv B wurde als Standard festgelegt.")));
+    list(shown)->setCurrentRow(1);
+    shown->Command5_Click();
+    EXPECT_EQ(run.settings().value(SettingKey::Standard), u"B"_s);
+    EXPECT_TRUE(run.prompts().messages().last().startsWith(u"Archiv B wurde als Standard festgelegt."_s));
 }
 
-TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChanging)
+TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChangingAndEndUnloadsAll)
 {
     for (const bool changing : { false, true }) {
+        SCOPED_TRACE(changing ? "changing" : "at a start");
         DesktopRun run;
-        run.archive(QStringLiteral("A"));
-        run.archive(QStringLiteral("B"));
-        run.openArchive(QStringLiteral("A"));
+        run.openArchive(u"A"_s);
         run.session().changingArchive = changing;
         bool ended = false;
         QObject::connect(&run.program(), &Program::allUnloaded, [&ended] { ended = true; });
-        openarchiv *chooser = run.program().show<openarchiv>();
-        control<QLineEdit>(chooser, "Text1")->setText(QStringLiteral("B"));
-        chooser->Command3_Click();
+        openarchiv *shown = chooser(run);
+        textBox(shown)->setText(u"B"_s);
+        shown->Command3_Click();
         run.settle();
-        EXPECT_EQ(ended, !changing) << changing;
-        EXPECT_EQ(run.form<Hauptfenster>() != nullptr, changing) << changing;
-        EXPECT_EQ(run.session().archiveName, QStringLiteral("A")) << "the archive is not changed";
+        EXPECT_EQ(ended, !changing);
+        EXPECT_EQ(run.form<Hauptfenster>() != nullptr, changing);
+        EXPECT_EQ(run.session().archiveName, u"A"_s) << "the archive is not changed";
+        if (changing) {
+            run.program().show<openarchiv>()->Command4_Click();
+            run.settle();
+            EXPECT_EQ(run.program().loadedCount(), 0) << "the end button unloads every window";
+        }
     }
-}
-
-TEST(openarchiv, EndButtonUnloadsEveryWindow)
-{
-    DesktopRun run;
-    run.archive(QStringLiteral("A"));
-    run.openArchive(QStringLiteral("A"));
-    run.program().show<Hauptfenster>();
-    run.session().changingArchive = true;
-    openarchiv *chooser = run.program().show<openarchiv>();
-    chooser->Command4_Click();
-    run.settle();
-    EXPECT_EQ(run.program().loadedCount(), 0);
 }
 
 TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
 {
-    struct Case
+    const struct
     {
-        const char *name;
         const char *typed;
         bool option1;
         const char *file;
-        const char *standard; // nullptr: not stored
+        const char *standard; // "-": not stored
         const char *autoarchiv;
+    } cases[] = {
+        { "Alle Meine CDs", true, "Alle Meine CDs", "Alle Meine CDs", "0" },
+        { "", true, "default", "", "0" },
+        { "Musik", false, "Musik", "-", "1" },
     };
-    const Case cases[] = {
-        { "preset name, open automatically", "Alle Meine CDs", true, "Alle Meine CDs", "Alle Meine CDs",
-            "0" },
-        { "empty name becomes default", "", true, "default", "", "0" },
-        { "let the user choose", "Musik", false, "Musik", nullptr, "1" },
-    };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.typed);
         DesktopRun run;
         Form4 *form = run.program().show<Form4>();
-        EXPECT_EQ(control<QLineEdit>(form, "Text1")->text(), QStringLiteral("Alle Meine CDs"));
-        control<QLineEdit>(form, "Text1")->setText(QString::fromLatin1(c.typed));
-        control<QRadioButton>(form, c.option1 ? "Option1" : "Option2")->setChecked(true);
+        EXPECT_EQ(textBox(form)->text(), u"Alle Meine CDs"_s);
+        textBox(form)->setText(QString::fromLatin1(c.typed));
+        form->findChild<QRadioButton *>(c.option1 ? u"Option1"_s : u"Option2"_s)->setChecked(true);
         form->Command1_Click();
         run.settle();
-        EXPECT_TRUE(archiveFile(run, QString::fromLatin1(c.file))) << c.name;
-        EXPECT_EQ(run.settings().contains(SettingKey::Standard), c.standard != nullptr) << c.name;
-        if (c.standard) {
-            EXPECT_EQ(run.settings().value(SettingKey::Standard), QString::fromLatin1(c.standard)) << c.name;
-        }
-        EXPECT_EQ(run.settings().value(SettingKey::autoarchiv), QString::fromLatin1(c.autoarchiv)) << c.name;
-        EXPECT_EQ(run.form<Form4>(), nullptr) << c.name;
-        ASSERT_NE(run.form<Hauptfenster>(), nullptr) << c.name;
-        EXPECT_EQ(run.session().archiveName, QString::fromLatin1(c.file)) << c.name;
+        const Settings &settings = run.settings();
+        EXPECT_TRUE(archiveFile(run, QString::fromLatin1(c.file)));
+        EXPECT_EQ(settings.contains(SettingKey::Standard) ? settings.value(SettingKey::Standard) : u"-"_s,
+            QString::fromLatin1(c.standard));
+        EXPECT_EQ(settings.value(SettingKey::autoarchiv), QString::fromLatin1(c.autoarchiv));
+        EXPECT_EQ(run.form<Form4>(), nullptr);
+        EXPECT_NE(run.form<Hauptfenster>(), nullptr);
+        EXPECT_EQ(run.session().archiveName, QString::fromLatin1(c.file));
     }
 }
 
 TEST(Form4, TakenNameAsksAgainAndTheTextBoxBecomesTheDefault)
 {
     DesktopRun run;
-    run.archive(QStringLiteral("Alle Meine CDs"));
-    Form4 *form = run.program().show<Form4>();
+    run.archive(u"Alle Meine CDs"_s);
     run.prompts().answerInput(QString()); // empty: "default"
-    form->Command1_Click();
+    run.program().show<Form4>()->Command1_Click();
     run.settle();
     ASSERT_EQ(run.prompts().shown().size(), 2u);
-    EXPECT_EQ(run.prompts().shown()[0].text,
-        ArchiveCatalog::duplicateNameMessage(QStringLiteral("Alle Meine CDs")));
-    EXPECT_EQ(run.prompts().shown()[1].text,
-        QStringLiteral("Bitte geben Sie einen Namen für das neue Archives ein:"));
-    EXPECT_TRUE(archiveFile(run, QStringLiteral("default")));
-    EXPECT_EQ(run.session().archiveName, QStringLiteral("default"));
+    EXPECT_EQ(run.prompts().shown()[0].text, ArchiveCatalog::duplicateNameMessage(u"Alle Meine CDs"_s));
+    EXPECT_EQ(run.prompts().shown()[1].text, u"Bitte geben Sie einen Namen für das neue Archives ein:"_s);
+    EXPECT_EQ(run.session().archiveName, u"default"_s);
     // The text box, not the name used, names the default archive.
-    EXPECT_EQ(run.settings().value(SettingKey::Standard), QStringLiteral("Alle Meine CDs"));
+    EXPECT_EQ(run.settings().value(SettingKey::Standard), u"Alle Meine CDs"_s);
 }

@@ -1,160 +1,80 @@
 #include "MainWindowRun.h"
 #include "QStringPrinting.h"
 
-#include "images/ImageBrowser.h"
-
-#include <QDir>
 #include <QImage>
 #include <QPixmap>
-#include <QSortFilterProxyModel>
-#include <QTreeView>
 
-namespace {
-
-void writeCover(const QString &path, const QColor &colour)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QImage picture(40, 30, QImage::Format_RGB32);
-    picture.fill(colour);
-    ASSERT_TRUE(picture.save(path, "BMP"));
-}
-
-QRgb coverColour(const MainWindowRun &m)
-{
-    const QPixmap shown = m.control<QLabel>("Picture2")->pixmap();
-    return shown.isNull() ? 0 : shown.toImage().pixel(1, 1);
-}
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 TEST(CdDetailView, ShowsTheHeadCommentsAndCounts)
 {
     MainWindowRun m;
+    m.archive->cd(30, u"Verloren"_s, u"Sta1|End1"_s, 4242);
+    m.archive->cd(0, u"Null"_s);
     m.show();
     m.select(7);
-    EXPECT_EQ(m.text("Text2"), QStringLiteral("Abc"));
-    EXPECT_EQ(m.text("Label8"), QStringLiteral("7"));
-    EXPECT_EQ(m.text("lblsn"), QStringLiteral("1001"));
-    EXPECT_EQ(m.entries("List1"), (QStringList { QStringLiteral("eins"), QStringLiteral("zwei") }));
+    EXPECT_EQ(m.text("Text2"), u"Abc"_s);
+    EXPECT_EQ(m.text("Label8"), u"7"_s);
+    EXPECT_EQ(m.text("lblsn"), u"1001"_s);
+    EXPECT_EQ(m.entries("List1"), (QStringList { u"eins"_s, u"zwei"_s }));
     // Nine file lines, the ZIP's closing row among them; five folder lines less the root.
-    EXPECT_EQ(m.text("lblDateien"), QStringLiteral("9"));
-    EXPECT_EQ(m.text("lblOrdner"), QStringLiteral("4"));
-    EXPECT_TRUE(m.text("lblGroesse").isEmpty());
+    EXPECT_EQ(m.text("lblDateien"), u"9"_s);
+    EXPECT_EQ(m.text("lblOrdner"), u"4"_s);
+
+    // A missing image file acts as no image and leaves the counts of the CD before.
+    m.select(30);
+    EXPECT_EQ(m.text("Text2"), u"Verloren"_s);
+    EXPECT_EQ(m.text("lblsn"), u"0"_s);
+    EXPECT_EQ(m.text("lblDateien"), u"9"_s);
+    m.showTab(2);
+    EXPECT_EQ(m.run.prompts().messages(), QStringList { u"Kein CD Abbild vorhanden!"_s });
+    EXPECT_EQ(m.paneShown(), u"fr_1"_s);
 
     m.select(3);
-    EXPECT_EQ(m.text("Text2"), QStringLiteral("birne"));
-    EXPECT_EQ(m.text("lblsn"), QStringLiteral("0"));
-    EXPECT_EQ(m.text("lblDateien"), QStringLiteral("Nicht Verfügbar!"));
-    EXPECT_EQ(m.text("lblOrdner"), QStringLiteral("Nicht Verfügbar!"));
-}
+    EXPECT_EQ(m.text("lblDateien"), u"Nicht Verfügbar!"_s);
+    EXPECT_EQ(m.text("lblOrdner"), u"Nicht Verfügbar!"_s);
 
-TEST(CdDetailView, CommentFramesAloneShowNoComment)
-{
-    MainWindowRun m;
-    m.archive->cd(20, QStringLiteral("leer"), QStringLiteral("Sta1|End1"));
-    m.archive->cd(21, QStringLiteral("ohne"), QStringLiteral("nichts"));
-    m.archive->cd(22, QStringLiteral("bearbeitet"), QStringLiteral("Sta1||End1"));
-    m.show();
-    for (const int number : { 20, 21 }) {
-        m.select(number);
-        EXPECT_TRUE(m.entries("List1").isEmpty()) << number;
-    }
-    m.select(22);
-    EXPECT_EQ(m.entries("List1"), QStringList { QString() });
-}
-
-TEST(CdDetailView, MissingImageFileActsAsNoImageAndKeepsTheCounts)
-{
-    MainWindowRun m;
-    m.archive->cd(30, QStringLiteral("Verloren"), QStringLiteral("Sta1|End1"), 4242);
-    m.show();
-    m.select(7);
-    m.select(30);
-    EXPECT_EQ(m.text("Text2"), QStringLiteral("Verloren"));
-    EXPECT_EQ(m.text("lblsn"), QStringLiteral("0"));
-    EXPECT_EQ(m.text("lblDateien"), QStringLiteral("9")) << "the counts of the CD before";
-    m.run.prompts().clear();
-    m.showTab(2);
-    EXPECT_EQ(m.run.prompts().messages(), QStringList { QStringLiteral("Kein CD Abbild vorhanden!") });
-    EXPECT_EQ(m.paneShown(), QStringLiteral("fr_1"));
-}
-
-TEST(CdDetailView, EntryWithNumberZeroChangesNothing)
-{
-    MainWindowRun m;
-    m.archive->cd(0, QStringLiteral("Null"));
-    m.show();
     m.select(7);
     m.select(0);
-    EXPECT_EQ(m.text("Text2"), QStringLiteral("Abc"));
-    EXPECT_TRUE(m.entries("List1").isEmpty()) << "the comments are emptied first";
+    EXPECT_EQ(m.text("Text2"), u"Abc"_s) << "number 0 changes nothing but the emptied comments";
+    EXPECT_TRUE(m.entries("List1").isEmpty());
 }
 
 TEST(CdDetailView, CoverOrPlaceholderOrThePictureBefore)
 {
     MainWindowRun m;
-    const QString covers = m.run.home() + QStringLiteral("/Covers/");
-    m.archive->cd(40, QStringLiteral("mit Cover"), QStringLiteral("Sta1|End1"), 0, QStringLiteral("5"));
-    m.archive->cd(41, QStringLiteral("Cover fehlt"), QStringLiteral("Sta1|End1"), 0, QStringLiteral("6"));
-    writeCover(covers + QStringLiteral("5.bmp"), Qt::blue);
+    m.archive->cd(40, u"mit Cover"_s, u"Sta1|End1"_s, 0, u"5"_s);
+    m.archive->cd(41, u"Cover fehlt"_s, u"Sta1|End1"_s, 0, u"6"_s);
+    m.archive->cd(50, u"kaputt"_s, u"Sta1|End1"_s, 0, u"abc"_s);
+    const auto writeCover = [&m](const QString &name, const QColor &colour) {
+        QDir().mkpath(m.run.home() + u"/Covers"_s);
+        QImage picture(40, 30, QImage::Format_RGB32);
+        picture.fill(colour);
+        ASSERT_TRUE(picture.save(m.run.home() + u"/Covers/"_s + name, "BMP"));
+    };
+    const auto cover = [&m] {
+        const QPixmap shown = m.control<QLabel>("Picture2")->pixmap();
+        return shown.isNull() ? 0u : shown.toImage().pixel(1, 1);
+    };
+    writeCover(u"5.bmp"_s, Qt::blue);
     m.show();
 
     m.select(40);
-    EXPECT_EQ(coverColour(m), qRgb(0, 0, 255));
+    EXPECT_EQ(cover(), qRgb(0, 0, 255));
     m.select(41);
-    EXPECT_EQ(coverColour(m), qRgb(0, 0, 255)) << "no file and no placeholder: the picture before stays";
+    EXPECT_EQ(cover(), qRgb(0, 0, 255)) << "no file and no placeholder: the picture before stays";
     m.select(3);
-    EXPECT_EQ(coverColour(m), 0u) << "no cover and no placeholder: empty";
+    EXPECT_EQ(cover(), 0u) << "no cover and no placeholder: empty";
 
-    writeCover(covers + QStringLiteral("nopic.bmp"), Qt::green);
+    writeCover(u"nopic.bmp"_s, Qt::green);
     m.select(41);
-    EXPECT_EQ(coverColour(m), qRgb(0, 255, 0));
+    EXPECT_EQ(cover(), qRgb(0, 255, 0));
     m.select(40);
     m.select(12);
-    EXPECT_EQ(coverColour(m), qRgb(0, 255, 0)) << "no cover: the placeholder";
-}
+    EXPECT_EQ(cover(), qRgb(0, 255, 0)) << "no cover: the placeholder";
 
-TEST(CdDetailView, CoverThatIsNoNumberIsReported)
-{
-    MainWindowRun m;
-    m.archive->cd(50, QStringLiteral("kaputt"), QStringLiteral("Sta1|x|End1"), 0, QStringLiteral("abc"));
-    m.show();
     m.select(50);
-    ASSERT_EQ(m.run.prompts().shown().size(), 1u);
+    ASSERT_EQ(m.run.prompts().shown().size(), 1u) << "a cover that is no number";
     EXPECT_EQ(m.run.prompts().shown()[0].icon, Prompts::Icon::Critical);
-    EXPECT_EQ(m.text("Text2"), QStringLiteral("kaputt"));
-}
-
-TEST(CdDetailView, ImageTabLoadsTheTreeWithAnEmptyList)
-{
-    MainWindowRun m;
-    Hauptfenster *main = m.show();
-    m.select(7);
-    m.showTab(2);
-    EXPECT_EQ(m.paneShown(), QStringLiteral("fr_2"));
-    auto *tree = m.control<QTreeView>("TV");
-    ASSERT_EQ(tree->model()->rowCount(), 1);
-    const QModelIndex root = tree->model()->index(0, 0);
-    EXPECT_EQ(root.data().toString(), QStringLiteral("Abc (d:)"));
-    EXPECT_TRUE(tree->isExpanded(root));
-    EXPECT_EQ(tree->model()->rowCount(root), 2);
-    EXPECT_EQ(main->browser()->listModel()->rowCount(), 0);
-    EXPECT_EQ(m.run.session().currentFolder, QStringLiteral("Abc (d:):"));
-
-    // Another CD with an image reloads at once; one without empties both and stays on the tab.
-    m.select(3);
-    EXPECT_EQ(m.paneShown(), QStringLiteral("fr_2"));
-    EXPECT_EQ(tree->model()->rowCount(), 0);
-    m.select(7);
-    EXPECT_EQ(tree->model()->rowCount(), 1);
-}
-
-TEST(CdDetailView, ImageTabWithoutSelectionShowsAnEmptyTree)
-{
-    MainWindowRun m;
-    m.run.settings().setValue(SettingKey::TabStrip, QStringLiteral("2"));
-    m.show();
-    EXPECT_EQ(m.paneShown(), QStringLiteral("fr_2"));
-    EXPECT_EQ(m.control<QTreeView>("TV")->model()->rowCount(), 0);
-    EXPECT_TRUE(m.run.prompts().shown().empty());
+    EXPECT_EQ(m.text("Text2"), u"kaputt"_s);
 }

@@ -1,287 +1,203 @@
-#include "DesktopRun.h"
-#include "ExampleImage.h"
+#include "MainWindowRun.h"
 #include "QStringPrinting.h"
 
 #include "images/FileListView.h"
-#include "images/FolderListModel.h"
 #include "images/ImageBrowser.h"
 #include "images/ImageTreeModel.h"
 
-#include "app/DataPaths.h"
 #include "images/DriveTable.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
-#include <QListView>
 #include <QMenu>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// The example image on drive x:, which the test makes a folder of its own.
-std::string imageOnX(std::string image = exampleImage())
-{
-    for (size_t at = image.find("d:"); at != std::string::npos; at = image.find("d:", at + 2))
-        image[at] = 'x';
-    return image;
-}
-
+// The browser on the main window's image tab, showing the image of CD 7 "Abc" on drive d:.
 class ImageBrowserTest : public ::testing::Test
 {
 protected:
-    ImageBrowserTest()
-        : m_tree(new QTreeView(&m_window))
-        , m_list(new FileListView(&m_window))
-        , m_noIcons(new QCheckBox(&m_window))
-        , m_browser(m_run.session(), m_run.settings(), m_tree, m_list, m_noIcons, &m_window)
+    void load(const std::string &image = exampleImage())
     {
-        m_window.resize(800, 500);
+        m.run.image(1001, image);
+        m.show();
+        m.select(7);
+        m.showTab(2);
+        m_browser = m.main->browser();
+        m_tree = m.control<QTreeView>("TV");
+        m_list = m.control<FileListView>("LV");
     }
 
-    QString load(const std::string &image = imageOnX())
+    // The tree node at a path of texts below the root, such as "Bilder/alt.zip"; "" is the root.
+    QModelIndex node(const QString &path) const
     {
-        m_run.image(1001, image);
-        const QString path = datapaths::imageFile(m_run.home(), 1001);
-        m_browser.load_image(path, QStringLiteral("Meine CD"));
-        return path;
-    }
-
-    QModelIndex node(const QStringList &texts) const
-    {
-        QModelIndex at;
-        for (const QString &text : texts) {
-            const QAbstractItemModel *model = m_tree->model();
-            QModelIndex found;
-            for (int row = 0; row < model->rowCount(at); ++row)
-                if (model->index(row, 0, at).data().toString() == text)
-                    found = model->index(row, 0, at);
-            EXPECT_TRUE(found.isValid()) << text.toStdString();
-            at = found;
+        const QAbstractItemModel *model = m_tree->model();
+        QModelIndex at = model->index(0, 0);
+        for (const QString &text : path.split(u'/', Qt::SkipEmptyParts)) {
+            const QModelIndexList found
+                = model->match(model->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
+            EXPECT_EQ(found.size(), 1) << text.toStdString();
+            at = found.value(0);
         }
         return at;
     }
 
-    void click(const QStringList &texts)
+    void click(const QString &path)
     {
-        const QModelIndex target = node(texts);
-        m_tree->setCurrentIndex(target);
-        emit m_tree->clicked(target);
+        m_tree->setCurrentIndex(node(path));
+        emit m_tree->clicked(node(path));
     }
 
-    QStringList column(int column) const
+    // The texts of one column of the file list, joined by "|".
+    QString column(int column) const
     {
         QStringList texts;
-        const QAbstractItemModel *model = m_browser.listModel();
-        for (int row = 0; row < model->rowCount(); ++row)
-            texts << model->index(row, column).data().toString();
-        return texts;
+        for (int row = 0; row < m_browser->listModel()->rowCount(); ++row)
+            texts << m_browser->listModel()->index(row, column).data().toString();
+        return texts.join(u'|');
     }
 
     qint64 iconKey(int row) const
     {
-        return m_browser.listModel()->index(row, 0).data(Qt::DecorationRole).value<QIcon>().cacheKey();
+        return m_browser->listModel()->index(row, 0).data(Qt::DecorationRole).value<QIcon>().cacheKey();
     }
 
     void selectRow(const QString &name)
     {
-        const int row = static_cast<int>(column(0).indexOf(name));
+        const auto row = static_cast<int>(column(0).split(u'|').indexOf(name));
         ASSERT_GE(row, 0) << name.toStdString();
-        m_list->detailsView()->setCurrentIndex(m_browser.listModel()->index(row, 0));
+        m_list->detailsView()->setCurrentIndex(m_browser->listModel()->index(row, 0));
     }
 
-    DesktopRun m_run;
-    QWidget m_window;
-    QTreeView *m_tree;
-    FileListView *m_list;
-    QCheckBox *m_noIcons;
-    ImageBrowser m_browser;
+    MainWindowRun m;
+    ImageBrowser *m_browser = nullptr;
+    QTreeView *m_tree = nullptr;
+    FileListView *m_list = nullptr;
 };
 
 } // namespace
 
-TEST_F(ImageBrowserTest, TreeShowsTheFoldersWithTheTitleAtTheRoot)
+TEST_F(ImageBrowserTest, TreeShowsTheFoldersOfTheSelectedCd)
 {
+    m.run.settings().setValue(SettingKey::TabStrip, u"2"_s);
+    m.show();
+    EXPECT_EQ(m.control<QTreeView>("TV")->model()->rowCount(), 0) << "nothing selected: an empty tree";
+    EXPECT_TRUE(m.run.prompts().shown().empty());
+
     load();
     QAbstractItemModelTester tester(
-        m_browser.treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    EXPECT_EQ(m_browser.firstNodeText(), QStringLiteral("Meine CD (x:)"));
-    const QModelIndex root = node({ QStringLiteral("Meine CD (x:)") });
-    ASSERT_EQ(m_tree->model()->rowCount(root), 2);
-    EXPECT_EQ(node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") })
-                  .data(ImageTreeModel::KeyRole)
-                  .toByteArray(),
-        QByteArray("x:\\Bilder\\alt.zip"));
-    EXPECT_TRUE(
-        node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Setup"), QStringLiteral("daten.rar") })
-            .isValid());
+        m_browser->treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_EQ(m_browser->firstNodeText(), u"Abc (d:)"_s);
+    EXPECT_TRUE(m_tree->isExpanded(node(QString())));
+    EXPECT_EQ(m_tree->model()->rowCount(node(QString())), 2);
+    EXPECT_EQ(node(u"Bilder/alt.zip"_s).data(ImageTreeModel::KeyRole).toByteArray(), "d:\\Bilder\\alt.zip");
+    EXPECT_EQ(m_browser->listModel()->rowCount(), 0);
+    EXPECT_EQ(m.run.session().currentFolder, u"Abc (d:):"_s);
+    m_browser->Command5_Click();
+    EXPECT_TRUE(m_tree->isExpanded(node(u"Setup"_s)));
+    m_browser->Command6_Click();
+    EXPECT_FALSE(m_tree->isExpanded(node(QString())));
 
-    m_browser.Command5_Click();
-    EXPECT_TRUE(m_tree->isExpanded(node({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") })));
-    m_browser.Command6_Click();
-    EXPECT_FALSE(m_tree->isExpanded(root));
+    m.select(3);
+    EXPECT_EQ(m.paneShown(), u"fr_2"_s) << "a CD without image empties the tree and stays";
+    EXPECT_EQ(m_tree->model()->rowCount(), 0);
 }
 
 TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
 {
     load();
     QAbstractItemModelTester tester(
-        m_browser.listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    m_browser.show_folder("Meine CD (x:):");
+        m_browser->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    m_browser->show_folder("Abc (d:):");
     EXPECT_TRUE(column(0).isEmpty()) << "the root's text with a colon matches no line";
 
-    click({ QStringLiteral("Meine CD (x:)") });
-    EXPECT_EQ(column(0), QStringList { QStringLiteral("liesmich.txt") });
-    EXPECT_EQ(m_run.session().currentFolder, QStringLiteral("x:"));
-
-    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") });
-    EXPECT_EQ(column(0), (QStringList { QStringLiteral("haus.jpg"), QStringLiteral("garten.jpg") }));
-    EXPECT_EQ(column(1), (QStringList { QStringLiteral("482113"), QStringLiteral("501772") }));
-    EXPECT_EQ(column(2),
-        (QStringList { QStringLiteral("28.07.2002 18:02:44"), QStringLiteral("28.07.2002 18:02:50") }));
-
-    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") });
-    EXPECT_EQ(column(0),
-        (QStringList { QStringLiteral("2001/haus.jpg"), QStringLiteral("2001/garten.jpg"), QString() }));
-    EXPECT_EQ(m_browser.listModel()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Dateien"));
-    EXPECT_EQ(m_browser.listModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Größe"));
-    EXPECT_EQ(
-        m_browser.listModel()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Zuletzt geändert"));
-}
-
-TEST_F(ImageBrowserTest, AChangedImageFileIsReadAgain)
-{
-    load();
-    click({ QStringLiteral("Meine CD (x:)") });
-    std::string changed = imageOnX();
-    changed.insert(changed.find("\r\n") + 2, "x:\\neu.txt|5|01.01.2004\r\n");
-    m_run.image(1001, changed);
-    click({ QStringLiteral("Meine CD (x:)") });
-    EXPECT_EQ(column(0), (QStringList { QStringLiteral("neu.txt"), QStringLiteral("liesmich.txt") }));
+    const struct
+    {
+        const char *node;
+        const char *files;
+        const char *folder;
+    } cases[] = {
+        { "", "liesmich.txt", "d:" },
+        { "Bilder", "haus.jpg|garten.jpg", "d:\\Bilder" },
+        { "Bilder/alt.zip", "2001/haus.jpg|2001/garten.jpg|", "d:\\Bilder\\alt.zip" },
+        { "Setup", "start.exe", "d:\\Setup" },
+        { "Setup/daten.rar", "lib/core.dll|liesmich.txt", "d:\\Setup\\daten.rar" },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.node);
+        click(QString::fromLatin1(c.node));
+        EXPECT_EQ(column(0), QString::fromLatin1(c.files));
+        EXPECT_EQ(m.run.session().currentFolder, QString::fromLatin1(c.folder));
+    }
+    click(u"Bilder"_s);
+    EXPECT_EQ(column(1), u"482113|501772"_s);
+    EXPECT_EQ(column(2), u"28.07.2002 18:02:44|28.07.2002 18:02:50"_s);
 }
 
 TEST_F(ImageBrowserTest, PicturesByTypeOrTheOneStandardPicture)
 {
-    load(">x:\r\n"
-         "x:\\lied.mp3|1|a\r\n"
-         "x:\\a.txt|2|b\r\n"
-         "x:\\b.jpg|3|c\r\n"
-         "x:\\lied2.mp3|4|d\r\n"
-         "x:\\c.txt|5|e\r\n");
-    click({ QStringLiteral("Meine CD (x:)") });
-    // lied2.mp3 has the picture of the row before it, c.txt that of a.txt.
-    EXPECT_EQ(iconKey(3), iconKey(2));
-    EXPECT_EQ(iconKey(4), iconKey(1));
-    EXPECT_NE(iconKey(1), iconKey(2));
+    load(">d:\r\nd:\\lied.mp3|1|a\r\nd:\\a.txt|2|b\r\nd:\\b.jpg|3|c\r\n");
+    m_browser->mnug5_Click();
+    ASSERT_EQ(m.run.prompts().shown().size(), 1u) << "no folder chosen yet";
+    EXPECT_EQ(m.run.prompts().shown()[0].icon, Prompts::Icon::Critical);
 
-    m_browser.popup()->findChild<QAction *>(QStringLiteral("mnug6"))->trigger();
-    EXPECT_TRUE(m_noIcons->isChecked());
-    for (int row = 1; row < 5; ++row)
-        EXPECT_EQ(iconKey(row), iconKey(0)) << row;
-
-    m_browser.popup()->findChild<QAction *>(QStringLiteral("mnug5"))->trigger();
-    EXPECT_FALSE(m_noIcons->isChecked());
-    EXPECT_NE(iconKey(1), iconKey(2));
-}
-
-TEST_F(ImageBrowserTest, IconChoiceWithoutASelectedFolderIsReported)
-{
-    load();
-    m_browser.mnug5_Click();
-    ASSERT_EQ(m_run.prompts().shown().size(), 1u);
-    EXPECT_EQ(m_run.prompts().shown()[0].icon, Prompts::Icon::Critical);
-    EXPECT_TRUE(m_run.prompts().shown()[0].text.contains(QStringLiteral("91")));
-}
-
-TEST_F(ImageBrowserTest, PopupSwitchesBetweenTheFourViews)
-{
-    const struct
-    {
-        const char *entry;
-        FileListView::View view;
-        bool details;
-    } cases[] = { { "mnug1", FileListView::LargeIcons, false }, { "mnug2", FileListView::SmallIcons, false },
-        { "mnug3", FileListView::List, false }, { "mnug4", FileListView::Details, true } };
-    EXPECT_EQ(m_list->view(), FileListView::Details);
-    for (const auto &c : cases) {
-        m_window.findChild<QAction *>(QString::fromLatin1(c.entry))->trigger();
-        EXPECT_EQ(m_list->view(), c.view) << c.entry;
-        EXPECT_EQ(m_list->currentWidget() == m_list->detailsView(), c.details) << c.entry;
-    }
-    m_browser.setView(FileListView::LargeIcons);
-    EXPECT_EQ(m_list->iconView()->viewMode(), QListView::IconMode);
-    m_browser.setView(FileListView::List);
-    EXPECT_EQ(m_list->iconView()->flow(), QListView::TopToBottom);
+    click(QString());
+    EXPECT_NE(iconKey(0), iconKey(1));
+    m_browser->popup()->findChild<QAction *>(u"mnug6"_s)->trigger();
+    EXPECT_TRUE(m.control<QCheckBox>("Check1")->isChecked());
+    EXPECT_EQ(iconKey(1), iconKey(0));
+    EXPECT_EQ(iconKey(2), iconKey(0));
+    m_browser->popup()->findChild<QAction *>(u"mnug5"_s)->trigger();
+    EXPECT_FALSE(m.control<QCheckBox>("Check1")->isChecked());
+    EXPECT_NE(iconKey(0), iconKey(1));
 }
 
 TEST_F(ImageBrowserTest, ColumnClickSortsAsTextAndTurnsTheOrderAtEachClick)
 {
-    load(">x:\r\n"
-         "x:\\b.txt|9|03.01.2003\r\n"
-         "x:\\a.txt|10|01.01.2003\r\n"
-         "x:\\C.txt|100|02.01.2003\r\n");
-    click({ QStringLiteral("Meine CD (x:)") });
-    EXPECT_EQ(column(0),
-        (QStringList { QStringLiteral("b.txt"), QStringLiteral("a.txt"), QStringLiteral("C.txt") }));
-    m_browser.ColumnClick(1);
-    EXPECT_EQ(column(1), (QStringList { QStringLiteral("10"), QStringLiteral("100"), QStringLiteral("9") }));
-    m_browser.ColumnClick(0);
-    EXPECT_EQ(column(0),
-        (QStringList { QStringLiteral("C.txt"), QStringLiteral("b.txt"), QStringLiteral("a.txt") }));
-    // Another folder keeps the order.
-    click({ QStringLiteral("Meine CD (x:)") });
-    EXPECT_EQ(column(0).first(), QStringLiteral("C.txt"));
+    load(">d:\r\nd:\\b.txt|9|03.01.2003\r\nd:\\a.txt|10|01.01.2003\r\nd:\\C.txt|100|02.01.2003\r\n");
+    click(QString());
+    EXPECT_EQ(column(0), u"b.txt|a.txt|C.txt"_s);
+    m_browser->ColumnClick(1);
+    EXPECT_EQ(column(1), u"10|100|9"_s);
+    m_browser->ColumnClick(0);
+    EXPECT_EQ(column(0), u"C.txt|b.txt|a.txt"_s);
+    click(QString());
+    EXPECT_EQ(column(0), u"C.txt|b.txt|a.txt"_s) << "another folder keeps the order";
 }
 
 TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
 {
-    const QString medium = m_run.home() + QStringLiteral("/medium");
-    QDir().mkpath(medium + QStringLiteral("/Bilder"));
-    QFile(medium + QStringLiteral("/Bilder/haus.jpg")).open(QIODevice::WriteOnly);
-    DriveTable drives(m_run.settings());
-    ASSERT_TRUE(drives.addFolder(QStringLiteral("x:"), medium).ok());
+    const QString medium = m.run.home() + u"/medium"_s;
+    QDir().mkpath(medium + u"/Bilder"_s);
+    QFile(medium + u"/Bilder/haus.jpg"_s).open(QIODevice::WriteOnly);
+    ASSERT_TRUE(DriveTable(m.run.settings()).addFolder(u"d:"_s, medium).ok());
     load();
 
-    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder") });
-    selectRow(QStringLiteral("haus.jpg"));
-    m_browser.ItemDblClick();
-    ASSERT_EQ(m_run.opened().size(), 1);
-    EXPECT_EQ(m_run.opened()[0], QUrl::fromLocalFile(medium + QStringLiteral("/Bilder/haus.jpg")));
+    click(u"Bilder"_s);
+    m_browser->ItemDblClick();
+    EXPECT_TRUE(m.run.prompts().shown().empty() && m.run.opened().isEmpty()) << "nothing selected";
+    selectRow(u"haus.jpg"_s);
+    m_browser->ItemDblClick();
+    EXPECT_EQ(m.run.opened(), QList<QUrl> { QUrl::fromLocalFile(medium + u"/Bilder/haus.jpg"_s) });
 
-    selectRow(QStringLiteral("garten.jpg"));
-    m_browser.ItemDblClick();
-    EXPECT_EQ(m_run.prompts().messages(),
-        QStringList { QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei "
-                                     "x:\\Bilder\\garten.jpg vorhanden ist!") });
+    const QString insert
+        = u"Bitte legen Sie den Datenträger ein, auf dem die Datei d:\\Bilder\\%1 vorhanden ist!"_s;
+    selectRow(u"garten.jpg"_s);
+    m_browser->ItemDblClick();
+    EXPECT_EQ(m.run.prompts().messages(), QStringList { insert.arg(u"garten.jpg"_s) });
 
     // An entry of a ZIP file: the ZIP itself is what is opened.
-    m_run.prompts().clear();
-    click({ QStringLiteral("Meine CD (x:)"), QStringLiteral("Bilder"), QStringLiteral("alt.zip") });
-    selectRow(QStringLiteral("2001/haus.jpg"));
-    m_browser.ItemDblClick();
-    EXPECT_EQ(m_run.prompts().messages(),
-        QStringList { QStringLiteral(
-            "Bitte legen Sie den Datenträger ein, auf dem die Datei x:\\Bilder\\alt.zip vorhanden ist!") });
-    QFile(medium + QStringLiteral("/Bilder/alt.zip")).open(QIODevice::WriteOnly);
-    m_browser.ItemDblClick();
-    EXPECT_EQ(m_run.opened().last(), QUrl::fromLocalFile(medium + QStringLiteral("/Bilder/alt.zip")));
-}
-
-TEST_F(ImageBrowserTest, DoubleClickWithNothingSelectedDoesNothing)
-{
-    load();
-    click({ QStringLiteral("Meine CD (x:)") });
-    m_browser.ItemDblClick();
-    EXPECT_TRUE(m_run.prompts().shown().empty());
-    EXPECT_TRUE(m_run.opened().isEmpty());
-}
-
-TEST_F(ImageBrowserTest, ColumnsShareTheListWidthAsDesigned)
-{
-    m_list->resize(501, 300);
-    m_browser.fitColumns();
-    EXPECT_EQ(m_list->columnWidth(0), 501 * 2935 / 5010);
-    EXPECT_EQ(m_list->columnWidth(1), 501 * 639 / 5010);
-    EXPECT_EQ(m_list->columnWidth(2), 501 * 1352 / 5010);
+    m.run.prompts().clear();
+    click(u"Bilder/alt.zip"_s);
+    selectRow(u"2001/haus.jpg"_s);
+    m_browser->ItemDblClick();
+    EXPECT_EQ(m.run.prompts().messages(), QStringList { insert.arg(u"alt.zip"_s) });
+    QFile(medium + u"/Bilder/alt.zip"_s).open(QIODevice::WriteOnly);
+    m_browser->ItemDblClick();
+    EXPECT_EQ(m.run.opened().last(), QUrl::fromLocalFile(medium + u"/Bilder/alt.zip"_s));
 }

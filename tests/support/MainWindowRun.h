@@ -14,9 +14,10 @@
 // image 1001, CD 3 "birne" and CD 12 "Zebra" with neither image nor cover.
 struct MainWindowRun
 {
-    MainWindowRun()
+    explicit MainWindowRun(const QString &commandLine = {})
+        : run(commandLine)
+        , archive(run.archive(QStringLiteral("Test")))
     {
-        archive = run.archive(QStringLiteral("Test"));
         archive->cd(7, QStringLiteral("Abc"), QStringLiteral("Sta1|eins|zwei|End1"), 1001);
         archive->cd(3, QStringLiteral("birne"));
         archive->cd(12, QStringLiteral("Zebra"));
