@@ -1,139 +1,88 @@
 #include "CliRunner.h"
 
 #include "ArchiveBuilder.h"
-#include "QStringPrinting.h"
 #include "app/Settings.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
-class ArchiveCommandsTest : public ::testing::Test
-{
-protected:
-    CliRunner m_cli;
-};
+using namespace Qt::StringLiterals;
 
-TEST_F(ArchiveCommandsTest, ListShowsTheArchivesByName)
+TEST(ArchiveCommands, CreateListDefaultAndDelete)
 {
-    EXPECT_EQ(m_cli.run(args({ "archive", "list" })).lines, QStringList());
-    for (const char *name : { "Musik", "alle Filme", "Zeitschriften" })
-        ASSERT_EQ(m_cli.run(args({ "archive", "create", name })).exitCode, 0) << name;
-    const CliRun listed = m_cli.run(args({ "archive", "list" }));
+    const CliRunner cli;
+    EXPECT_EQ(cli.run(args({ "archive", "list" })).lines, QStringList());
+    for (const char *name : { "Musik", "alle Filme", "Weg" })
+        ASSERT_EQ(cli.run(args({ "archive", "create", name })).exitCode, 0) << name;
+    const CliRun listed = cli.run(args({ "archive", "list" }));
     EXPECT_EQ(listed.exitCode, 0);
-    EXPECT_EQ(listed.lines, args({ "alle Filme", "Musik", "Zeitschriften" }));
-}
+    EXPECT_EQ(listed.lines, args({ "alle Filme", "Musik", "Weg" }));
+    EXPECT_TRUE(ArchiveStore(cli.dataPath(u"archive/Musik.mdb"_s)).selectAll().ok());
 
-TEST_F(ArchiveCommandsTest, CreateMakesAnEmptyArchiveFile)
-{
-    const CliRun created = m_cli.run(args({ "archive", "create", "Alle Meine CDs" }));
-    EXPECT_EQ(created.exitCode, 0) << created.error.toStdString();
-    const auto rows = ArchiveStore(m_cli.dataPath(QStringLiteral("archive/Alle Meine CDs.mdb"))).selectAll();
-    EXPECT_TRUE(rows.ok());
-    EXPECT_TRUE(rows.value.empty());
-}
-
-TEST_F(ArchiveCommandsTest, RefusedCallsSayWhyAndChangeNothing)
-{
-    ArchiveBuilder(m_cli.dataFolder(), QStringLiteral("Musik")).cd(1, QStringLiteral("Eins"));
-    struct Case
-    {
-        const char *name;
-        QStringList arguments;
-        QString message;
-    };
-    const Case cases[] = {
-        { "duplicate", args({ "archive", "create", "Musik" }),
-            QStringLiteral("Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\nBitte wählen Sie "
-                           "einen anderen "
-                           "Namen") },
-        { "slash", args({ "archive", "create", "a/b" }),
-            QStringLiteral(
-                "Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen "
-                "Namen.") },
-        { "empty", args({ "archive", "create", "" }),
-            QStringLiteral("Der Name des Archivs darf nicht leer sein.") },
-        { "deleteMissing", args({ "archive", "delete", "Filme" }),
-            QStringLiteral(
-                "Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv wird "
-                "aus der Liste entfernt!") },
-        { "defaultMissing", args({ "archive", "default", "musik" }),
-            QStringLiteral("Archiv nicht gefunden! Bitte wählen Sie ein anderes aus.") },
-    };
-    for (const Case &c : cases) {
-        const auto before = m_cli.snapshot();
-        const CliRun refused = m_cli.run(c.arguments);
-        EXPECT_EQ(refused.exitCode, 1) << c.name;
-        EXPECT_EQ(refused.error, c.message) << c.name;
-        EXPECT_TRUE(refused.lines.isEmpty()) << c.name;
-        EXPECT_EQ(m_cli.snapshot(), before) << c.name;
-    }
-}
-
-TEST_F(ArchiveCommandsTest, MissingDataFolderIsRefused)
-{
-    const QString missing = m_cli.scratch(QStringLiteral("nirgends"));
-    const CliRun refused = m_cli.runPlain({ QStringLiteral("--data"), missing, QStringLiteral("archive"),
-        QStringLiteral("create"), QStringLiteral("X") });
-    EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_EQ(refused.error,
-        QStringLiteral("Der Datenordner \"") + missing + QStringLiteral("\" existiert nicht."));
-    EXPECT_FALSE(QFileInfo::exists(missing));
-}
-
-TEST_F(ArchiveCommandsTest, WithoutDataOptionTheProgramFolderIsTheDataFolder)
-{
-    const CliRun created = m_cli.runPlain(args({ "archive", "create", "Daheim" }));
-    EXPECT_EQ(created.exitCode, 0) << created.error.toStdString();
-    EXPECT_TRUE(QFileInfo::exists(m_cli.scratch(QStringLiteral("home/archive/Daheim.mdb"))));
-    EXPECT_EQ(m_cli.runPlain(args({ "archive", "list" })).lines, args({ "Daheim" }));
-}
-
-TEST_F(ArchiveCommandsTest, DeleteRemovesTheArchiveFileOnly)
-{
-    ArchiveBuilder(m_cli.dataFolder(), QStringLiteral("Weg"))
-        .cd(1, QStringLiteral("x"), QStringLiteral("Sta1|End1"), 5, QStringLiteral("8"));
-    QDir(m_cli.dataFolder()).mkpath(QStringLiteral("lws"));
-    QDir(m_cli.dataFolder()).mkpath(QStringLiteral("Covers"));
-    for (const char *file : { "lws/5.dat", "Covers/8.bmp" }) {
-        QFile out(m_cli.dataPath(QString::fromUtf8(file)));
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    }
-    Settings(m_cli.settingsFile()).setValue(SettingKey::Standard, QStringLiteral("Weg"));
-
-    const CliRun deleted = m_cli.run(args({ "archive", "delete", "Weg" }));
-    EXPECT_EQ(deleted.exitCode, 0) << deleted.error.toStdString();
-    EXPECT_FALSE(QFileInfo::exists(m_cli.dataPath(QStringLiteral("archive/Weg.mdb"))));
-    EXPECT_TRUE(QFileInfo::exists(m_cli.dataPath(QStringLiteral("lws/5.dat"))));
-    EXPECT_TRUE(QFileInfo::exists(m_cli.dataPath(QStringLiteral("Covers/8.bmp"))));
-    // The default is left as it was; the next start asks for an archive.
-    EXPECT_EQ(Settings(m_cli.settingsFile()).value(SettingKey::Standard), QStringLiteral("Weg"));
-}
-
-TEST_F(ArchiveCommandsTest, DefaultIsStoredAndConfirmed)
-{
-    ArchiveBuilder(m_cli.dataFolder(), QStringLiteral("Musik"));
-    const CliRun made = m_cli.run(args({ "archive", "default", "Musik" }));
+    const CliRun made = cli.run(args({ "archive", "default", "Weg" }));
     EXPECT_EQ(made.exitCode, 0);
-    EXPECT_EQ(made.lines,
-        QStringList { QStringLiteral(
-            "Archiv Musik wurde als Standard festgelegt. Nun kann dieses bei jedem Start des "
-            "Silberbuchs automatisch gestartet werden. Diese Option können Sie im Hauptfenster unter "
-            "Optionen einstellen") });
-    EXPECT_EQ(Settings(m_cli.settingsFile()).value(SettingKey::Standard), QStringLiteral("Musik"));
+    EXPECT_EQ(made.lines.value(0),
+        u"Archiv Weg wurde als Standard festgelegt. Nun kann dieses bei jedem Start des "
+        u"Silberbuchs automatisch gestartet werden. Diese Option können Sie im Hauptfenster "
+        u"unter Optionen einstellen"_s);
+    EXPECT_EQ(Settings(cli.settingsFile()).value(SettingKey::Standard), u"Weg"_s);
+
+    // Deleting takes the archive file alone; the default stays, and the next start asks.
+    EXPECT_TRUE(ArchiveStore(cli.dataPath(u"archive/Weg.mdb"_s))
+                    .addRow({ 1, u"x"_s, 5, u"Sta1|End1"_s, false, u"8"_s })
+                    .ok());
+    for (const char *file : { "lws/5.dat", "Covers/8.bmp" }) {
+        QFile touched(cli.dataPath(QString::fromUtf8(file)));
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(touched).path()) && touched.open(QIODevice::WriteOnly));
+    }
+    EXPECT_EQ(cli.run(args({ "archive", "delete", "Weg" })).exitCode, 0);
+    EXPECT_EQ(cli.run(args({ "archive", "list" })).lines, args({ "alle Filme", "Musik" }));
+    EXPECT_TRUE(QFileInfo::exists(cli.dataPath(u"lws/5.dat"_s))
+        && QFileInfo::exists(cli.dataPath(u"Covers/8.bmp"_s)));
+    EXPECT_EQ(Settings(cli.settingsFile()).value(SettingKey::Standard), u"Weg"_s);
 }
 
-TEST_F(ArchiveCommandsTest, WrongWordsAreAUsageError)
+TEST(ArchiveCommands, WithoutDataOptionTheProgramFolderIsTheDataFolder)
 {
-    for (const QStringList &arguments :
-        { args({ "archive" }), args({ "archive", "create" }), args({ "archive", "list", "x" }),
-            args({ "archive", "umbenennen", "x" }), args({ "archive", "delete", "a", "b" }) }) {
-        const auto before = m_cli.snapshot();
-        const CliRun wrong = m_cli.run(arguments);
-        EXPECT_EQ(wrong.exitCode, 2) << arguments.join(QLatin1Char(' ')).toStdString();
-        EXPECT_TRUE(wrong.error.startsWith(QStringLiteral("Aufruf: silberbuch-cli archive")));
-        EXPECT_EQ(m_cli.snapshot(), before);
-    }
+    const CliRunner cli;
+    EXPECT_EQ(cli.runPlain(args({ "archive", "create", "Daheim" })).exitCode, 0);
+    EXPECT_TRUE(QFileInfo::exists(cli.scratch(u"home/archive/Daheim.mdb"_s)));
+    EXPECT_EQ(cli.runPlain(args({ "archive", "list" })).lines, args({ "Daheim" }));
+}
+
+TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
+{
+    const CliRunner cli;
+    ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s);
+    const QString usage = u"Aufruf: silberbuch-cli archive"_s;
+    const struct
+    {
+        QStringList arguments;
+        int exitCode;
+        QString message;
+    } cases[] = {
+        { args({ "archive", "create", "Musik" }), 1,
+            u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\nBitte wählen Sie einen anderen Namen"_s },
+        { args({ "archive", "create", "a/b" }), 1,
+            u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
+        { args({ "archive", "create", "" }), 1, u"Der Name des Archivs darf nicht leer sein."_s },
+        { args({ "archive", "delete", "Filme" }), 1,
+            u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv wird "
+            u"aus der "
+            u"Liste entfernt!"_s },
+        { args({ "archive", "default", "musik" }), 1,
+            u"Archiv nicht gefunden! Bitte wählen Sie ein anderes aus."_s },
+        { args({ "archive" }), 2, usage }, { args({ "archive", "create" }), 2, usage },
+        { args({ "archive", "list", "x" }), 2, usage }, { args({ "archive", "umbenennen", "x" }), 2, usage },
+        { args({ "archive", "delete", "a", "b" }), 2, usage }
+    };
+    for (const auto &c : cases)
+        cli.expectRefused(c.arguments, c.exitCode, c.message);
+
+    const QString missing = cli.scratch(u"nirgends"_s);
+    const CliRun refused = cli.runPlain({ u"--data"_s, missing, u"archive"_s, u"create"_s, u"X"_s });
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.error, u"Der Datenordner \""_s + missing + u"\" existiert nicht."_s);
+    EXPECT_FALSE(QFileInfo::exists(missing));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QStringPrinting.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -66,8 +68,24 @@ public:
         return result;
     }
 
-    // Every file below the test's folder with its bytes, settings included: equal snapshots
-    // before and after a refused call show that it changed nothing.
+    // A call that must be refused: exit code 1 with exactly `message`, or 2 with a usage text
+    // starting with `message`; nothing on stdout, and no file below the test's folder changed.
+    void expectRefused(const QStringList &arguments, int exitCode, const QString &message) const
+    {
+        SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
+        const auto before = snapshot();
+        const CliRun refused = run(arguments);
+        EXPECT_EQ(refused.exitCode, exitCode);
+        if (exitCode == 2) {
+            EXPECT_TRUE(refused.error.startsWith(message)) << refused.error.toStdString();
+        } else {
+            EXPECT_EQ(refused.error, message);
+        }
+        EXPECT_TRUE(refused.lines.isEmpty());
+        EXPECT_TRUE(snapshot() == before);
+    }
+
+    // Every file below the test's folder with its bytes, settings included.
     std::map<QString, QByteArray> snapshot() const
     {
         std::map<QString, QByteArray> files;

@@ -1,106 +1,56 @@
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "CliRunner.h"
 
 namespace {
 
-struct CliRun
-{
-    int exitCode = -1;
-    QStringList lines;
-    QString error;
-};
+using namespace Qt::StringLiterals;
 
-// The program against a settings file of the test's own.
-class DriveCommandsTest : public ::testing::Test
+// Each line: letter, name, folder, image ID. The root is drive c:; an added folder is listed
+// from then on.
+TEST(DriveCommands, ListTheRootAndAddedFolders)
 {
-protected:
-    CliRun run(const QStringList &arguments)
-    {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(
-            QStringLiteral("SILBERBUCH_CONFIG"), m_dir.filePath(QStringLiteral("silberbuch.ini")));
-        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI), QStringList { QStringLiteral("drives") } + arguments);
-        EXPECT_TRUE(process.waitForFinished(30000));
-        CliRun result;
-        result.exitCode = process.exitCode();
-        result.lines
-            = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        result.error = QString::fromUtf8(process.readAllStandardError()).trimmed();
-        return result;
-    }
-    QString folder(const QString &name)
-    {
-        QDir(m_dir.path()).mkpath(name);
-        return m_dir.filePath(name);
-    }
+    const CliRunner cli;
+    const CliRun listed = cli.run({ u"drives"_s });
+    ASSERT_EQ(listed.exitCode, 0) << listed.error.toStdString();
+    const QStringList root = listed.lines.value(0).split(u'\t');
+    ASSERT_EQ(root.size(), 4);
+    EXPECT_EQ(root.value(0) + root.value(2), u"c:/"_s);
+    EXPECT_NE(root.value(3).toInt(), 0);
 
-    QTemporaryDir m_dir;
-};
+    const QString musik = cli.scratch(u"Musik"_s);
+    QDir().mkpath(musik);
+    const CliRun added = cli.run({ u"drives"_s, u"add"_s, u"Y"_s, musik });
+    ASSERT_EQ(added.exitCode, 0) << added.error.toStdString();
+    const QStringList fields = added.lines.value(0).split(u'\t');
+    ASSERT_EQ(fields.size(), 4);
+    EXPECT_EQ(fields.mid(0, 3), (QStringList { u"y:"_s, u"Musik"_s, musik }));
+    EXPECT_NE(fields[3].toInt(), 0);
+    EXPECT_TRUE(cli.run({ u"drives"_s }).lines.contains(added.lines.value(0)));
+}
+
+TEST(DriveCommands, RefusedCallsSayWhyAndChangeNothing)
+{
+    const CliRunner cli;
+    const QString musik = cli.scratch(u"Musik"_s), filme = cli.scratch(u"Filme"_s),
+                  missing = cli.scratch(u"fehlt"_s);
+    QDir().mkpath(musik);
+    QDir().mkpath(filme);
+    ASSERT_EQ(cli.run({ u"drives"_s, u"add"_s, u"y:"_s, musik }).exitCode, 0);
+    const QString usage = u"Aufruf: silberbuch-cli drives"_s;
+    const struct
+    {
+        QStringList arguments;
+        int exitCode;
+        QString message;
+    } cases[] = { { { u"drives"_s, u"add"_s, u"7"_s, musik }, 1,
+                      u"„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:."_s },
+        { { u"drives"_s, u"add"_s, u"c"_s, musik }, 1,
+            u"Der Laufwerksbuchstabe c: ist bereits vergeben (/)."_s },
+        { { u"drives"_s, u"add"_s, u"y"_s, filme }, 1,
+            u"Der Laufwerksbuchstabe y: ist bereits vergeben (%1)."_s.arg(musik) },
+        { { u"drives"_s, u"add"_s, u"x"_s, missing }, 1, u"Der Ordner „%1“ existiert nicht."_s.arg(missing) },
+        { args({ "drives", "add", "x" }), 2, usage }, { args({ "drives", "zeigen" }), 2, usage } };
+    for (const auto &c : cases)
+        cli.expectRefused(c.arguments, c.exitCode, c.message);
+}
 
 } // namespace
-
-TEST_F(DriveCommandsTest, ListsTheRootAsDriveCWithFourFields)
-{
-    const CliRun listed = run({});
-    ASSERT_EQ(listed.exitCode, 0) << listed.error.toStdString();
-    ASSERT_FALSE(listed.lines.isEmpty());
-    const QStringList fields = listed.lines.first().split(QLatin1Char('\t'));
-    ASSERT_EQ(fields.size(), 4);
-    EXPECT_EQ(fields[0], QStringLiteral("c:"));
-    EXPECT_EQ(fields[2], QStringLiteral("/"));
-    EXPECT_NE(fields[3].toInt(), 0);
-}
-
-TEST_F(DriveCommandsTest, AddedFolderIsListedFromThenOn)
-{
-    const QString musik = folder(QStringLiteral("Musik"));
-    const CliRun added = run({ QStringLiteral("add"), QStringLiteral("Y"), musik });
-    ASSERT_EQ(added.exitCode, 0) << added.error.toStdString();
-    ASSERT_EQ(added.lines.size(), 1);
-    const QStringList fields = added.lines.first().split(QLatin1Char('\t'));
-    ASSERT_EQ(fields.size(), 4);
-    EXPECT_EQ(fields.mid(0, 3), (QStringList { QStringLiteral("y:"), QStringLiteral("Musik"), musik }));
-    EXPECT_NE(fields[3].toInt(), 0);
-    EXPECT_TRUE(run({}).lines.contains(added.lines.first()));
-}
-
-TEST_F(DriveCommandsTest, RefusedInputExitsWithOneAndAGermanMessage)
-{
-    const QString musik = folder(QStringLiteral("Musik"));
-    ASSERT_EQ(run({ QStringLiteral("add"), QStringLiteral("y:"), musik }).exitCode, 0);
-    const QString missing = m_dir.filePath(QStringLiteral("fehlt"));
-    const std::vector<std::pair<QStringList, QString>> cases = {
-        { { QStringLiteral("add"), QStringLiteral("7"), musik },
-            QStringLiteral("„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.") },
-        { { QStringLiteral("add"), QStringLiteral("c"), musik },
-            QStringLiteral("Der Laufwerksbuchstabe c: ist bereits vergeben (/).") },
-        { { QStringLiteral("add"), QStringLiteral("y"), folder(QStringLiteral("Filme")) },
-            QStringLiteral("Der Laufwerksbuchstabe y: ist bereits vergeben (%1).").arg(musik) },
-        { { QStringLiteral("add"), QStringLiteral("x"), missing },
-            QStringLiteral("Der Ordner „%1“ existiert nicht.").arg(missing) },
-    };
-    for (const auto &[arguments, message] : cases) {
-        SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
-        const CliRun refused = run(arguments);
-        EXPECT_EQ(refused.exitCode, 1);
-        EXPECT_EQ(refused.error, message);
-        EXPECT_TRUE(refused.lines.isEmpty());
-    }
-}
-
-TEST_F(DriveCommandsTest, WrongWordsAreAUsageError)
-{
-    for (const QStringList &arguments : { QStringList { QStringLiteral("add"), QStringLiteral("x") },
-             QStringList { QStringLiteral("zeigen") } }) {
-        const CliRun wrong = run(arguments);
-        EXPECT_EQ(wrong.exitCode, 2);
-        EXPECT_TRUE(wrong.error.startsWith(QStringLiteral("Aufruf: silberbuch-cli drives")))
-            << wrong.error.toStdString();
-    }
-}

@@ -1,128 +1,71 @@
 #include "CliRunner.h"
 
 #include "ArchiveBuilder.h"
-#include "QStringPrinting.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
-// An archive "Fotos" with three CDs: two with images, one without; \xE4 is "ä" in code page 1252.
+using namespace Qt::StringLiterals;
+
+// An archive "Fotos": two CDs with images, one without, one whose image is missing.
+// \xE4 is "ä" in code page 1252.
 class SearchCommandsTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        ArchiveBuilder archive(m_cli.dataFolder(), QStringLiteral("Fotos"));
-        archive.cd(12, QStringLiteral("Backup 2003"), QStringLiteral("Sta1|Word 97|Rock'n'Roll|End1"), 4711)
-            .cd(3, QStringLiteral("Gärten"), QStringLiteral("Sta1|Word|End1"), -99)
-            .cd(5, QStringLiteral("Leer"), QStringLiteral("Sta1|End1"), 0)
-            .cd(8, QStringLiteral("Abbild fehlt"), QStringLiteral("Sta1|End1"), 808);
-        writeImage(4711, ">d:\r\n"
-                         "d:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n"
-                         ">d:\\Setup\r\n"
-                         "d:\\Setup\\liesmich.txt|2210|19.01.2003\r\n"
-                         "d:\\Setup\\H\xE4user.exe|65536|19.01.2003 00:12:31\r\n"
-                         "\r\n");
-        writeImage(-99, ">e:\r\n"
-                        "e:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50\r\n"
-                        "\r\n");
+        ArchiveBuilder(m_cli.dataFolder(), u"Fotos"_s)
+            .cd(12, u"Backup 2003"_s, u"Sta1|Word 97|Rock'n'Roll|End1"_s, 4711)
+            .cd(3, u"Gärten"_s, u"Sta1|Word|End1"_s, -99)
+            .cd(5, u"Leer"_s, u"Sta1|End1"_s, 0)
+            .cd(8, u"Abbild fehlt"_s, u"Sta1|End1"_s, 808);
+        writeImage(4711,
+            ">d:\r\nd:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n>d:\\Setup\r\n"
+            "d:\\Setup\\liesmich.txt|2210|19.01.2003\r\nd:\\Setup\\H\xE4user.exe|65536|19.01.2003 "
+            "00:12:31\r\n\r\n");
+        writeImage(-99, ">e:\r\ne:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50\r\n\r\n");
     }
 
     void writeImage(int32_t id, const QByteArray &bytes) const
     {
-        QDir().mkpath(m_cli.dataPath(QStringLiteral("lws")));
-        QFile file(m_cli.dataPath(QStringLiteral("lws/%1.dat").arg(id)));
+        QDir().mkpath(m_cli.dataPath(u"lws"_s));
+        QFile file(m_cli.dataPath(u"lws/%1.dat"_s.arg(id)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
-
-    CliRun search(const QStringList &words) const
+    QStringList search(const QStringList &words) const
     {
-        return m_cli.run(QStringList{QStringLiteral("--archive"), QStringLiteral("Fotos"), QStringLiteral("search")} +
-                         words);
+        const CliRun run = m_cli.run(args({ "--archive", "Fotos", "search" }) + words);
+        EXPECT_EQ(run.exitCode, 0) << run.error.toStdString();
+        return run.lines;
     }
 
     CliRunner m_cli;
 };
 
-TEST_F(SearchCommandsTest, AllCdsPrintsTheHitEntriesInArchiveOrder)
+// All CDs: whole lines in archive order, "--exact" without effect. One CD: the path, exact
+// when asked. Comments: the CD numbers.
+TEST_F(SearchCommandsTest, PrintsTheHitEntriesOrTheFoundCdNumbers)
 {
-    const QStringList expected = {QStringLiteral("3-Gärten<e:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50"),
-                                  QStringLiteral("12-Backup 2003<d:\\liesmich.txt|1834|12.03.2003 09:41:07"),
-                                  QStringLiteral("12-Backup 2003<d:\\Setup\\liesmich.txt|2210|19.01.2003"),
-                                  QStringLiteral("12-Backup 2003<d:\\Setup\\Häuser.exe|65536|19.01.2003 00:12:31")};
-    const CliRun found = search({QStringLiteral("2003")});
-    EXPECT_EQ(found.exitCode, 0) << found.error.toStdString();
-    EXPECT_EQ(found.lines, expected);
-    // "Explizite Suche" has no effect when all CDs are searched.
-    EXPECT_EQ(search({QStringLiteral("2003"), QStringLiteral("--exact")}).lines, expected);
-    EXPECT_EQ(search({QStringLiteral("HÄUSER")}).lines, QStringList{expected[3]});
-}
-
-TEST_F(SearchCommandsTest, OneCdSearchesThePathAndHonoursExact)
-{
-    EXPECT_EQ(search({QStringLiteral("2003"), QStringLiteral("--cd"), QStringLiteral("3")}).lines,
-              QStringList{QStringLiteral("3-Gärten<e:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50")});
-    EXPECT_EQ(search({QStringLiteral("liesmich.txt"), QStringLiteral("--cd"), QStringLiteral("12"),
-                      QStringLiteral("--exact")})
-                  .exitCode,
-              1);
-    EXPECT_EQ(search({QStringLiteral("*\\LIESMICH.TXT|"), QStringLiteral("--cd"), QStringLiteral("12"),
-                      QStringLiteral("--exact")})
-                  .lines,
-              (QStringList{QStringLiteral("12-Backup 2003<d:\\liesmich.txt|1834|12.03.2003 09:41:07"),
-                           QStringLiteral("12-Backup 2003<d:\\Setup\\liesmich.txt|2210|19.01.2003")}));
-}
-
-TEST_F(SearchCommandsTest, RefusalsExitWithOneAndTheGermanMessage)
-{
-    struct Case
-    {
-        const char *name;
-        QStringList words;
-        QString message;
-    };
-    const Case cases[] = {
-        {"noHit", {QStringLiteral("Zebrafink")}, QStringLiteral("Keine CD mit dem Inhalt Zebrafink gefunden!")},
-        {"emptyWord", {QString()}, QStringLiteral("Bitte geben Sie einen Suchbegriff ein!")},
-        {"unclosedBracket", {QStringLiteral("[ab")},
-         QStringLiteral("Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen.")},
-        {"oneCdWithoutImageFile", {QStringLiteral("haus"), QStringLiteral("--cd"), QStringLiteral("8")},
-         QStringLiteral("Kein Datenträgerabbild vorhanden!")},
-        {"noCommentMatches", {QStringLiteral("Excel"), QStringLiteral("--comments")},
-         QStringLiteral("Keine übereinstimmende CD gefunden!")},
-    };
-    for (const Case &c : cases) {
-        const CliRun run = search(c.words);
-        EXPECT_EQ(run.exitCode, 1) << c.name;
-        EXPECT_EQ(run.error, c.message) << c.name;
-        EXPECT_TRUE(run.lines.isEmpty()) << c.name;
-    }
-    const CliRun unknownCd = search({QStringLiteral("haus"), QStringLiteral("--cd"), QStringLiteral("77")});
-    EXPECT_EQ(unknownCd.exitCode, 1);
-    EXPECT_FALSE(unknownCd.error.isEmpty());
-}
-
-TEST_F(SearchCommandsTest, CommentsPrintTheFoundCdNumbers)
-{
-    EXPECT_EQ(search({QStringLiteral("word"), QStringLiteral("--comments")}).lines,
-              (QStringList{QStringLiteral("3"), QStringLiteral("12")}));
-    EXPECT_EQ(search({QStringLiteral("word"), QStringLiteral("--comments"), QStringLiteral("--exact")}).lines,
-              QStringList{QStringLiteral("3")});
-    EXPECT_EQ(search({QStringLiteral("word"), QStringLiteral("--comments"), QStringLiteral("--cd"),
-                      QStringLiteral("12")})
-                  .lines,
-              QStringList{QStringLiteral("12")});
-    EXPECT_EQ(search({QStringLiteral("rock'n'roll"), QStringLiteral("--comments")}).lines,
-              QStringList{QStringLiteral("12")});
+    const QStringList hits = { u"3-Gärten<e:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50"_s,
+        u"12-Backup 2003<d:\\liesmich.txt|1834|12.03.2003 09:41:07"_s,
+        u"12-Backup 2003<d:\\Setup\\liesmich.txt|2210|19.01.2003"_s,
+        u"12-Backup 2003<d:\\Setup\\Häuser.exe|65536|19.01.2003 00:12:31"_s };
+    const std::pair<QStringList, QStringList> cases[]
+        = { { args({ "2003" }), hits }, { args({ "2003", "--exact" }), hits },
+              { args({ "HÄUSER" }), { hits[3] } }, { args({ "2003", "--cd", "3" }), { hits[0] } },
+              { args({ "*\\LIESMICH.TXT|", "--cd", "12", "--exact" }), { hits[1], hits[2] } },
+              { args({ "word", "--comments" }), args({ "3", "12" }) },
+              { args({ "word", "--comments", "--exact" }), args({ "3" }) },
+              { args({ "word", "--comments", "--cd", "12" }), args({ "12" }) },
+              { args({ "rock'n'roll", "--comments" }), args({ "12" }) } };
+    for (const auto &[words, lines] : cases)
+        EXPECT_EQ(search(words), lines) << words.join(u' ').toStdString();
 }
 
 TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
 {
-    const QString path = m_cli.scratch(QStringLiteral("ergebnis.txt"));
-    const CliRun saved = search({QStringLiteral("häuser"), QStringLiteral("--save"), path});
-    ASSERT_EQ(saved.exitCode, 0) << saved.error.toStdString();
+    const QString path = m_cli.scratch(u"ergebnis.txt"_s);
+    search({ u"häuser"_s, u"--save"_s, path });
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QList<QByteArray> lines = file.readAll().split('\n');
@@ -132,15 +75,23 @@ TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
     EXPECT_EQ(lines[2], "12-Backup 2003 d:\\Setup\\H\xE4user.exe * 65536 Byte * Date:19.01.2003 00:12:31\r");
 }
 
-TEST_F(SearchCommandsTest, WrongCallsAreUsageErrors)
+TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
 {
-    EXPECT_EQ(search({}).exitCode, 2);
-    EXPECT_EQ(search({QStringLiteral("a"), QStringLiteral("b")}).exitCode, 2);
-    EXPECT_EQ(search({QStringLiteral("a"), QStringLiteral("--comments"), QStringLiteral("--save"),
-                      m_cli.scratch(QStringLiteral("x.txt"))})
-                  .exitCode,
-              2);
-    EXPECT_EQ(search({QStringLiteral("a"), QStringLiteral("--weird")}).exitCode, 2);
+    const QString usage = u"Aufruf: silberbuch-cli search"_s;
+    const std::tuple<QStringList, int, QString> cases[] = {
+        { args({ "Zebrafink" }), 1, u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
+        { args({ "" }), 1, u"Bitte geben Sie einen Suchbegriff ein!"_s },
+        { args({ "[ab" }), 1, u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
+        { args({ "haus", "--cd", "8" }), 1, u"Kein Datenträgerabbild vorhanden!"_s },
+        { args({ "haus", "--cd", "77" }), 1, u"Die CD (Nummer: 77) wurde im Archiv nicht gefunden."_s },
+        { args({ "liesmich.txt", "--cd", "12", "--exact" }), 1,
+            u"Keine CD mit dem Inhalt liesmich.txt gefunden!"_s },
+        { args({ "Excel", "--comments" }), 1, u"Keine übereinstimmende CD gefunden!"_s }, { {}, 2, usage },
+        { args({ "a", "b" }), 2, usage }, { args({ "a", "--comments", "--save", "x.txt" }), 2, usage },
+        { args({ "a", "--weird" }), 2, usage }
+    };
+    for (const auto &[words, exitCode, message] : cases)
+        m_cli.expectRefused(args({ "--archive", "Fotos", "search" }) + words, exitCode, message);
 }
 
 } // namespace
