@@ -94,7 +94,7 @@ QString linkNameFor(const QString &folder, const Mount &mount)
     return {};
 }
 
-// NTFS shows its 64-bit serial as 16 hex digits and the reference reports its low half;
+// NTFS shows its 64-bit serial as 16 hex digits and Windows reports its low half;
 // FAT's "XXXX-XXXX" and every longer UUID give their first 32 bits.
 std::optional<uint32_t> serialFromUuid(const QString &uuid)
 {

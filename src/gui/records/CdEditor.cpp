@@ -235,7 +235,7 @@ void CdEditor::editComment(int line)
 
 void CdEditor::pasteComments()
 {
-    // Lines end in CR LF where the text was copied on the reference platform, in LF here.
+    // Text copied from a Windows program ends its lines in CR LF, text from here in LF.
     static const QRegularExpression lineEnd(QStringLiteral("\r?\n"));
     for (const QString &piece : QApplication::clipboard()->text().split(lineEnd))
         if (!piece.isEmpty())
