@@ -15,9 +15,10 @@ namespace volumeid {
 
 // The serial as Windows reports it where the file system allows, so that images keep their
 // names across both systems: the 32-bit volume id of FAT and exFAT, the low 32 bits of an
-// NTFS serial, the checksum of an ISO 9660 primary volume descriptor when the device can be read; else the first 32 bits of the file
-// system's UUID. Nothing when none of these can be found, and nothing for a mount of a
-// folder inside a file system, which must not share the whole volume's id.
+// NTFS serial, the checksum of an ISO 9660 primary volume descriptor when the device can be
+// read; else the first 32 bits of the file system's UUID. Nothing when none of these can be
+// found, and nothing for a mount of a folder inside a file system, which must not share the
+// whole volume's id.
 std::optional<uint32_t> serial(const Mount &mount, const VolumeSources &sources);
 
 // The file system's label, or the volume name of an ISO 9660 descriptor; empty when there
