@@ -76,28 +76,4 @@ TEST_F(DataFolderTest, FirstCallFixesTheFolderAndTheNoticeComesOnce)
     EXPECT_TRUE(message.isEmpty());
 }
 
-// With a closing "/" the lookup wants a file inside, so a folder without files is missing.
-TEST_F(DataFolderTest, ExistenceLookups)
-{
-    QDir().mkpath(path(u"full"_s));
-    QDir().mkpath(path(u"onlyFolders/empty"_s));
-    writeFile(path(u"full/.hidden"_s), "x");
-    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"broken"_s)));
-    const struct
-    {
-        const char *target;
-        bool file, folder, finds;
-    } cases[] = { { "full/.hidden", true, false, true }, { "full", false, true, false },
-        { "full/", false, true, true }, { "onlyFolders/", false, true, false },
-        { "onlyFolders/empty/", false, true, false }, { "missing/", false, false, false },
-        { "broken", false, false, false } };
-    for (const auto &c : cases) {
-        const QString target = path(QString::fromLatin1(c.target));
-        EXPECT_EQ(std::tuple(fileExists(target), folderExists(target), dirFinds(target)),
-            std::tuple(c.file, c.folder, c.finds))
-            << c.target;
-    }
-    EXPECT_FALSE(folderExists(QString()));
-}
-
 } // namespace

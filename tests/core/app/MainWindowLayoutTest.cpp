@@ -70,25 +70,23 @@ TEST_F(MainWindowLayoutTest, LoadsEachStoredValue)
 // A maximized close keeps the last normal size.
 TEST_F(MainWindowLayoutTest, StoresSizeOnlyWhenNotMaximized)
 {
-    const struct
-    {
-        Layout closing;
-        const char *stored; // Breite Hoehe StartupMaximized TabStrip Sort
-    } cases[] = { { { 13005, 8010.0f, Layout::Normal, 2, true }, "13005 8010 0 2 1" },
-        { { 11010, 7500.0f, Layout::Minimized, 3, false }, "11010 7500 1 3 0" },
-        { { 28800, 16200.0f, Layout::Maximized, 1, false }, "12000 9000 2 1 0" },
-        { { 57600, 1500.0f, Layout::Normal, 1, false }, "57600 1500 0 1 0" },
-        { { kResizeWidthFloor, 7575.0f, Layout::Normal, 1, false }, "8995 7575 0 1 0" } };
-    for (const auto &c : cases) {
+    // The texts of Breite, Hoehe, StartupMaximized, TabStrip and Sort.
+    const std::pair<Layout, const char *> cases[]
+        = { { { 13005, 8010.0f, Layout::Normal, 2, true }, "13005 8010 0 2 1" },
+              { { 11010, 7500.0f, Layout::Minimized, 3, false }, "11010 7500 1 3 0" },
+              { { 28800, 16200.0f, Layout::Maximized, 1, false }, "12000 9000 2 1 0" },
+              { { 57600, 1500.0f, Layout::Normal, 1, false }, "57600 1500 0 1 0" },
+              { { kResizeWidthFloor, 7575.0f, Layout::Normal, 1, false }, "8995 7575 0 1 0" } };
+    for (const auto &[closing, expected] : cases) {
         settings().setValue(SettingKey::Breite, u"12000"_s);
         settings().setValue(SettingKey::Hoehe, u"9000"_s);
-        storeMainWindowLayout(settings(), c.closing);
+        storeMainWindowLayout(settings(), closing);
         const Settings reread(settings().fileName());
         QStringList stored;
         for (SettingKey key : { SettingKey::Breite, SettingKey::Hoehe, SettingKey::StartupMaximized,
                  SettingKey::TabStrip, SettingKey::Sort })
             stored << reread.value(key);
-        EXPECT_EQ(stored.join(u' '), QString::fromLatin1(c.stored));
+        EXPECT_EQ(stored.join(u' '), QString::fromLatin1(expected));
     }
     // A window dragged to the resize floor opens at the load floor next time.
     EXPECT_EQ(loadMainWindowLayout(settings()).layout.widthTwips, kLayoutWidthFloor);

@@ -1,6 +1,5 @@
 #include "AppTestFolder.h"
 
-#include "app/DataFolder.h"
 #include "app/StartupFolders.h"
 
 #include <QFileInfo>
@@ -105,17 +104,6 @@ TEST_F(StartupFoldersTest, MissingDataFolderFailsWithoutCreatingIt)
     EXPECT_FALSE(prepareDataFolder(gone, settings()));
     EXPECT_FALSE(QFileInfo::exists(gone));
     EXPECT_EQ(start(), u"1"_s);
-}
-
-TEST_F(StartupFoldersTest, UnavailableConfiguredFolderPreparesTheProgramFolder)
-{
-    settings().setValue(SettingKey::pfad, u"False"_s);
-    settings().setValue(SettingKey::path, u"/nonexistent-drive/Silberbuch\\"_s);
-    Session session;
-    QString message;
-    EXPECT_TRUE(prepareDataFolder(getDataFolder(session, settings(), &message), settings()));
-    EXPECT_TRUE(QFileInfo(programPath() + u"/archive/def2.ini"_s).isFile());
-    EXPECT_EQ(message, dataFolderFallbackMessage(u"/nonexistent-drive/Silberbuch"_s));
 }
 
 } // namespace

@@ -61,10 +61,7 @@ TEST_F(CdSaverTest, RefusedSavesChangeNothing)
         QString number, title;
         const char *messageStart;
     } cases[] = { { {}, u"5"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
-        { {}, u"0"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
-        { {}, u"32001"_s, u"x"_s, "Fehler: Es können maximal 32000" },
         { {}, u"7"_s, QString(51, u't'), "Der Titel ist zu lang" },
-        { {}, u"sechs"_s, u"x"_s, "Die CD Nummer darf nur" },
         { 5, u"6"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
         { 8, u"8"_s, u"x"_s, "Die CD (Nummer: 8) wurde im Archiv nicht gefunden." } };
     for (const auto &c : cases) {
