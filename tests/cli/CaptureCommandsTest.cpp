@@ -101,22 +101,15 @@ TEST_F(CaptureCommandsTest, RefusedCallsSayWhyAndChangeNothing)
     ArchiveBuilder(m_cli.dataFolder(), u"Musik"_s).cd(3, u"Drei"_s);
     const QString root = m_tree.root(), nowhere = m_cli.scratch(u"nix"_s),
                   usage = u"Aufruf: silberbuch-cli capture"_s;
-    const struct
-    {
-        QStringList arguments;
-        int exitCode;
-        QString message;
-    } cases[] = { { { u"capture"_s, root, u"--filter"_s, u"*.["_s }, 1,
-                      u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
+    m_cli.expectRefused({ { { u"capture"_s, root, u"--filter"_s, u"*.["_s }, 1,
+                              u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
         { { u"capture"_s, nowhere }, 1, u"Der Ordner \"%1\" existiert nicht."_s.arg(nowhere) },
         { args({ "capture", "q:" }), 1, u"Das Laufwerk q: gibt es nicht."_s },
         { { u"capture"_s, root, u"--cd"_s, u"9"_s, u"--archive"_s, u"Musik"_s }, 1,
             u"Die CD (Nummer: 9) wurde im Archiv nicht gefunden."_s },
         { { u"capture"_s, root, u"--cd"_s, u"drei"_s, u"--archive"_s, u"Musik"_s }, 1,
             u"Die CD-Nummer muss eine ganze Zahl sein."_s },
-        { args({ "capture" }), 2, usage }, { { u"capture"_s, root, u"--leer"_s }, 2, usage } };
-    for (const auto &c : cases)
-        m_cli.expectRefused(c.arguments, c.exitCode, c.message);
+        { args({ "capture" }), 2, usage }, { { u"capture"_s, root, u"--leer"_s }, 2, usage } });
 }
 
 } // namespace

@@ -125,12 +125,7 @@ TEST_F(CdCommandsTest, RefusedCallsSayWhyAndChangeNothing)
         = u"Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie eine andere CD "
           u"Nummer ein, da jede Nummer nur einmal vergeben werden darf!"_s;
     const QString usage = u"Aufruf: silberbuch-cli cd"_s;
-    const struct
-    {
-        QStringList arguments;
-        int exitCode;
-        QString message;
-    } cases[] = { { add + args({ "--number", "5" }), 1, taken },
+    m_cli.expectRefused({ { add + args({ "--number", "5" }), 1, taken },
 
         { add + args({ "--number", "32001" }), 1,
             u"Fehler: Es können maximal 32000 CDs archiviert werden. Bitte verwenden Sie eine CD Nummer die "
@@ -161,13 +156,11 @@ TEST_F(CdCommandsTest, RefusedCallsSayWhyAndChangeNothing)
         { args({ "cd", "add", "--number", "1", "--title", "x", "übrig" }), 2, usage },
         { args({ "cd", "edit" }), 2, usage }, { args({ "cd", "edit", "eins" }), 2, usage },
         { args({ "cd", "show" }), 2, usage }, { args({ "cd", "show", "1", "2" }), 2, usage },
-        { args({ "cd", "delete", "x" }), 2, usage } };
-    for (const auto &c : cases)
-        m_cli.expectRefused(c.arguments, c.exitCode, c.message);
+        { args({ "cd", "delete", "x" }), 2, usage } });
 
     Settings(m_cli.settingsFile()).setValue(SettingKey::Standard, QString());
-    m_cli.expectRefused(args({ "cd", "list" }), 1,
-        u"Es ist kein Standardarchiv festgelegt. Bitte geben Sie das Archiv mit --archive NAME an."_s);
+    m_cli.expectRefused({ { args({ "cd", "list" }), 1,
+        u"Es ist kein Standardarchiv festgelegt. Bitte geben Sie das Archiv mit --archive NAME an."_s } });
 }
 
 } // namespace

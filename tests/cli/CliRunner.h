@@ -29,6 +29,14 @@ struct CliRun
     QString error; // stderr, trimmed
 };
 
+// A call to refuse: its words after "--data <data folder>", the exit code and the message.
+struct Refusal
+{
+    QStringList arguments;
+    int exitCode;
+    QString message;
+};
+
 // Runs the real command line against a temporary data folder (--data), a settings file of
 // its own ($SILBERBUCH_CONFIG) and a program folder of its own ($SILBERBUCH_HOME).
 class CliRunner
@@ -68,21 +76,23 @@ public:
         return result;
     }
 
-    // A call that must be refused: exit code 1 with exactly `message`, or 2 with a usage text
-    // starting with `message`; nothing on stdout, and no file below the test's folder changed.
-    void expectRefused(const QStringList &arguments, int exitCode, const QString &message) const
+    // Each call must be refused: exit code 1 with exactly its message, or 2 with a usage text
+    // starting with it; nothing on stdout, and no file below the test's folder changed.
+    void expectRefused(const std::vector<Refusal> &calls) const
     {
-        SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
-        const auto before = snapshot();
-        const CliRun refused = run(arguments);
-        EXPECT_EQ(refused.exitCode, exitCode);
-        if (exitCode == 2) {
-            EXPECT_TRUE(refused.error.startsWith(message)) << refused.error.toStdString();
-        } else {
-            EXPECT_EQ(refused.error, message);
+        for (const Refusal &call : calls) {
+            SCOPED_TRACE(call.arguments.join(QLatin1Char(' ')).toStdString());
+            const auto before = snapshot();
+            const CliRun refused = run(call.arguments);
+            EXPECT_EQ(refused.exitCode, call.exitCode);
+            if (call.exitCode == 2) {
+                EXPECT_TRUE(refused.error.startsWith(call.message)) << refused.error.toStdString();
+            } else {
+                EXPECT_EQ(refused.error, call.message);
+            }
+            EXPECT_TRUE(refused.lines.isEmpty());
+            EXPECT_TRUE(snapshot() == before);
         }
-        EXPECT_TRUE(refused.lines.isEmpty());
-        EXPECT_TRUE(snapshot() == before);
     }
 
     // Every file below the test's folder with its bytes, settings included.

@@ -36,21 +36,14 @@ TEST(DriveCommands, RefusedCallsSayWhyAndChangeNothing)
     QDir().mkpath(filme);
     ASSERT_EQ(cli.run({ u"drives"_s, u"add"_s, u"y:"_s, musik }).exitCode, 0);
     const QString usage = u"Aufruf: silberbuch-cli drives"_s;
-    const struct
-    {
-        QStringList arguments;
-        int exitCode;
-        QString message;
-    } cases[] = { { { u"drives"_s, u"add"_s, u"7"_s, musik }, 1,
-                      u"„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:."_s },
+    cli.expectRefused({ { { u"drives"_s, u"add"_s, u"7"_s, musik }, 1,
+                            u"„7“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:."_s },
         { { u"drives"_s, u"add"_s, u"c"_s, musik }, 1,
             u"Der Laufwerksbuchstabe c: ist bereits vergeben (/)."_s },
         { { u"drives"_s, u"add"_s, u"y"_s, filme }, 1,
             u"Der Laufwerksbuchstabe y: ist bereits vergeben (%1)."_s.arg(musik) },
         { { u"drives"_s, u"add"_s, u"x"_s, missing }, 1, u"Der Ordner „%1“ existiert nicht."_s.arg(missing) },
-        { args({ "drives", "add", "x" }), 2, usage }, { args({ "drives", "zeigen" }), 2, usage } };
-    for (const auto &c : cases)
-        cli.expectRefused(c.arguments, c.exitCode, c.message);
+        { args({ "drives", "add", "x" }), 2, usage }, { args({ "drives", "zeigen" }), 2, usage } });
 }
 
 } // namespace

@@ -57,15 +57,13 @@ TEST_F(ImageCommandsTest, ShowsTheFolderTreeOrTheFilesOfOneFolder)
 
 TEST_F(ImageCommandsTest, RefusedCallsSayWhy)
 {
-    const std::tuple<QStringList, int, QString> cases[]
-        = { { args({ "image", "show", "17" }), 1, u"Das Laufwerksabbild 17 existiert nicht."_s },
-              { args({ "image", "show", "x1" }), 1,
-                  u"Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein."_s },
-              { args({ "image", "show", "-1408263712", "--folder", "d:\\Musik" }), 1,
-                  u"Der Ordner \"d:\\Musik\" ist im Abbild -1408263712 nicht enthalten."_s },
-              { args({ "image", "zeige", "1" }), 2, u"Aufruf: silberbuch-cli image"_s } };
-    for (const auto &[arguments, exitCode, message] : cases)
-        m_cli.expectRefused(arguments, exitCode, message);
+    m_cli.expectRefused(
+        { { args({ "image", "show", "17" }), 1, u"Das Laufwerksabbild 17 existiert nicht."_s },
+            { args({ "image", "show", "x1" }), 1,
+                u"Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein."_s },
+            { args({ "image", "show", "-1408263712", "--folder", "d:\\Musik" }), 1,
+                u"Der Ordner \"d:\\Musik\" ist im Abbild -1408263712 nicht enthalten."_s },
+            { args({ "image", "zeige", "1" }), 2, u"Aufruf: silberbuch-cli image"_s } });
 }
 
 } // namespace

@@ -78,8 +78,8 @@ TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
 TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
 {
     const QString usage = u"Aufruf: silberbuch-cli search"_s;
-    const std::tuple<QStringList, int, QString> cases[] = {
-        { args({ "Zebrafink" }), 1, u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
+    std::vector<Refusal> calls = { { args({ "Zebrafink" }), 1,
+                                       u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
         { args({ "" }), 1, u"Bitte geben Sie einen Suchbegriff ein!"_s },
         { args({ "[ab" }), 1, u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
         { args({ "haus", "--cd", "8" }), 1, u"Kein Datenträgerabbild vorhanden!"_s },
@@ -88,10 +88,10 @@ TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
             u"Keine CD mit dem Inhalt liesmich.txt gefunden!"_s },
         { args({ "Excel", "--comments" }), 1, u"Keine übereinstimmende CD gefunden!"_s }, { {}, 2, usage },
         { args({ "a", "b" }), 2, usage }, { args({ "a", "--comments", "--save", "x.txt" }), 2, usage },
-        { args({ "a", "--weird" }), 2, usage }
-    };
-    for (const auto &[words, exitCode, message] : cases)
-        m_cli.expectRefused(args({ "--archive", "Fotos", "search" }) + words, exitCode, message);
+        { args({ "a", "--weird" }), 2, usage } };
+    for (Refusal &call : calls)
+        call.arguments = args({ "--archive", "Fotos", "search" }) + call.arguments;
+    m_cli.expectRefused(calls);
 }
 
 } // namespace
