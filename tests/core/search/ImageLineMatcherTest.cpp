@@ -41,17 +41,6 @@ TEST(ImageLineMatcher, FoldedMatchEqualsLowerCasingBothSides)
     }
 }
 
-TEST(ImageLineMatcher, ThePathPartEndsWithTheFirstBar)
-{
-    const ImageLineMatcher exact("d:\\a|", ImageLineMatcher::Part::PathAndBar);
-    EXPECT_TRUE(exact.matchesLine("d:\\a|1|2"));
-    EXPECT_TRUE(exact.matchesLine("D:\\A|x|y|z"));
-    EXPECT_FALSE(exact.matchesLine("d:\\a"));
-    const ImageLineMatcher empty("", ImageLineMatcher::Part::PathAndBar);
-    EXPECT_TRUE(empty.matchesLine(">d:\\folder"));
-    EXPECT_FALSE(empty.matchesLine("d:\\a|1|2"));
-}
-
 TEST(ImageLineMatcher, BufferScanAgreesWithLineByLineOnRandomTexts)
 {
     const std::string alphabet = "hausHAUS\xE4\xC4|\\:.12\r\r\n\n";
