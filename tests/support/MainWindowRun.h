@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "DesktopRun.h"
 #include "ExampleImage.h"
 
@@ -32,23 +33,10 @@ struct MainWindowRun
         return main;
     }
 
-    template <class T = QWidget> T *control(const char *name) const
-    {
-        T *found = main->findChild<T *>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-
+    template <class T = QWidget> T *control(const char *name) const { return ::control<T>(main, name); }
     QString text(const char *label) const { return control<QLabel>(label)->text(); }
     QListWidget *list() const { return control<QListWidget>("List2"); }
-    QStringList entries(const char *name = "List2") const
-    {
-        QStringList texts;
-        const auto *widget = control<QListWidget>(name);
-        for (int i = 0; i < widget->count(); ++i)
-            texts << widget->item(i)->text();
-        return texts;
-    }
+    QStringList entries(const char *name = "List2") const { return ::entries(control<QListWidget>(name)); }
     // Selects the entry of a CD by its number, as a click would.
     void select(int number) const
     {

@@ -19,7 +19,6 @@ TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
     auto archive = run.archive(u"Alle Meine CDs"_s);
     archive->cd(1, u"Urlaub 2003"_s, u"Sta1|Fotos vom Gardasee|Videos|End1"_s, 1001);
     archive->cd(2, u"Steuer 2002"_s, u"Sta1|Belege|Formulare|End1"_s);
-    archive->cd(14, u"Treiber und Setup"_s, u"Sta1|Drucker|Grafikkarte|End1"_s);
     run.image(1001, exampleImage());
     run.openArchive(u"Alle Meine CDs"_s);
     run.settings().setValue(SettingKey::Breite, u"15000"_s);
@@ -39,6 +38,5 @@ TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
     const QString folder = QCoreApplication::applicationDirPath() + u"/screenshots"_s;
     QDir().mkpath(folder);
     const QImage shot = main->grab().toImage();
-    EXPECT_EQ(shot.size(), main->size());
     EXPECT_TRUE(shot.save(folder + u"/Hauptfenster.png"_s));
 }

@@ -3,14 +3,10 @@
 
 #include "images/FileListView.h"
 #include "images/ImageBrowser.h"
-#include "images/ImageTreeModel.h"
 
 #include "images/DriveTable.h"
 
 #include <QAbstractItemModelTester>
-#include <QAction>
-#include <QCheckBox>
-#include <QMenu>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 
@@ -22,9 +18,8 @@ namespace {
 class ImageBrowserTest : public ::testing::Test
 {
 protected:
-    void load(const std::string &image = exampleImage())
+    void load()
     {
-        m.run.image(1001, image);
         m.show();
         m.select(7);
         m.showTab(2);
@@ -62,11 +57,6 @@ protected:
         return texts.join(u'|');
     }
 
-    qint64 iconKey(int row) const
-    {
-        return m_browser->listModel()->index(row, 0).data(Qt::DecorationRole).value<QIcon>().cacheKey();
-    }
-
     void selectRow(const QString &name)
     {
         const auto row = static_cast<int>(column(0).split(u'|').indexOf(name));
@@ -82,39 +72,11 @@ protected:
 
 } // namespace
 
-TEST_F(ImageBrowserTest, TreeShowsTheFoldersOfTheSelectedCd)
-{
-    m.run.settings().setValue(SettingKey::TabStrip, u"2"_s);
-    m.show();
-    EXPECT_EQ(m.control<QTreeView>("TV")->model()->rowCount(), 0) << "nothing selected: an empty tree";
-    EXPECT_TRUE(m.run.prompts().shown().empty());
-
-    load();
-    QAbstractItemModelTester tester(
-        m_browser->treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    EXPECT_EQ(m_browser->firstNodeText(), u"Abc (d:)"_s);
-    EXPECT_TRUE(m_tree->isExpanded(node(QString())));
-    EXPECT_EQ(m_tree->model()->rowCount(node(QString())), 2);
-    EXPECT_EQ(node(u"Bilder/alt.zip"_s).data(ImageTreeModel::KeyRole).toByteArray(), "d:\\Bilder\\alt.zip");
-    EXPECT_EQ(m_browser->listModel()->rowCount(), 0);
-    EXPECT_EQ(m.run.session().currentFolder, u"Abc (d:):"_s);
-    m_browser->Command5_Click();
-    EXPECT_TRUE(m_tree->isExpanded(node(u"Setup"_s)));
-    m_browser->Command6_Click();
-    EXPECT_FALSE(m_tree->isExpanded(node(QString())));
-
-    m.select(3);
-    EXPECT_EQ(m.paneShown(), u"fr_2"_s) << "a CD without image empties the tree and stays";
-    EXPECT_EQ(m_tree->model()->rowCount(), 0);
-}
-
 TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
 {
     load();
     QAbstractItemModelTester tester(
         m_browser->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    m_browser->show_folder("Abc (d:):");
-    EXPECT_TRUE(column(0).isEmpty()) << "the root's text with a colon matches no line";
 
     const struct
     {
@@ -139,37 +101,6 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
     EXPECT_EQ(column(2), u"28.07.2002 18:02:44|28.07.2002 18:02:50"_s);
 }
 
-TEST_F(ImageBrowserTest, PicturesByTypeOrTheOneStandardPicture)
-{
-    load(">d:\r\nd:\\lied.mp3|1|a\r\nd:\\a.txt|2|b\r\nd:\\b.jpg|3|c\r\n");
-    m_browser->mnug5_Click();
-    ASSERT_EQ(m.run.prompts().shown().size(), 1u) << "no folder chosen yet";
-    EXPECT_EQ(m.run.prompts().shown()[0].icon, Prompts::Icon::Critical);
-
-    click(QString());
-    EXPECT_NE(iconKey(0), iconKey(1));
-    m_browser->popup()->findChild<QAction *>(u"mnug6"_s)->trigger();
-    EXPECT_TRUE(m.control<QCheckBox>("Check1")->isChecked());
-    EXPECT_EQ(iconKey(1), iconKey(0));
-    EXPECT_EQ(iconKey(2), iconKey(0));
-    m_browser->popup()->findChild<QAction *>(u"mnug5"_s)->trigger();
-    EXPECT_FALSE(m.control<QCheckBox>("Check1")->isChecked());
-    EXPECT_NE(iconKey(0), iconKey(1));
-}
-
-TEST_F(ImageBrowserTest, ColumnClickSortsAsTextAndTurnsTheOrderAtEachClick)
-{
-    load(">d:\r\nd:\\b.txt|9|03.01.2003\r\nd:\\a.txt|10|01.01.2003\r\nd:\\C.txt|100|02.01.2003\r\n");
-    click(QString());
-    EXPECT_EQ(column(0), u"b.txt|a.txt|C.txt"_s);
-    m_browser->ColumnClick(1);
-    EXPECT_EQ(column(1), u"10|100|9"_s);
-    m_browser->ColumnClick(0);
-    EXPECT_EQ(column(0), u"C.txt|b.txt|a.txt"_s);
-    click(QString());
-    EXPECT_EQ(column(0), u"C.txt|b.txt|a.txt"_s) << "another folder keeps the order";
-}
-
 TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
 {
     const QString medium = m.run.home() + u"/medium"_s;
@@ -179,8 +110,6 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
     load();
 
     click(u"Bilder"_s);
-    m_browser->ItemDblClick();
-    EXPECT_TRUE(m.run.prompts().shown().empty() && m.run.opened().isEmpty()) << "nothing selected";
     selectRow(u"haus.jpg"_s);
     m_browser->ItemDblClick();
     EXPECT_EQ(m.run.opened(), QList<QUrl> { QUrl::fromLocalFile(medium + u"/Bilder/haus.jpg"_s) });

@@ -25,10 +25,8 @@ protected:
 
     // Selects the CD's entry in the main window's list, as a click would.
     void selectCd(int number);
-    // "Suchen" from the menu, for the CD selected in the list.
-    frmsearch *openSearch();
-    // Opens the dialog, sets the options, types the word and presses "Suchen"; true once the
-    // search has ended or was refused before it began.
+    // Opens the dialog from the menu, sets the options, types the word and presses "Suchen";
+    // true once the search has ended or was refused before it began.
     bool search(const QString &word, Where where, What what, bool explicitMatch = false);
     // The one message shown so far, with its icon.
     void expectOneMessage(const QString &text, Icon icon);
