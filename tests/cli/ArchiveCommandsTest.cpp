@@ -59,7 +59,6 @@ TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
               u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\nBitte wählen Sie einen anderen Namen"_s },
             { args({ "archive", "create", "a/b" }), 1,
                 u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
-            { args({ "archive", "create", "" }), 1, u"Der Name des Archivs darf nicht leer sein."_s },
             { args({ "archive", "delete", "Filme" }), 1,
                 u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv "
                 u"wird "
@@ -67,10 +66,8 @@ TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
                 u"Liste entfernt!"_s },
             { args({ "archive", "default", "musik" }), 1,
                 u"Archiv nicht gefunden! Bitte wählen Sie ein anderes aus."_s },
-            { args({ "archive" }), 2, usage }, { args({ "archive", "create" }), 2, usage },
-            { args({ "archive", "list", "x" }), 2, usage },
-            { args({ "archive", "umbenennen", "x" }), 2, usage },
-            { args({ "archive", "delete", "a", "b" }), 2, usage } });
+            { args({ "archive", "create" }), 2, usage }, { args({ "archive", "list", "x" }), 2, usage },
+            { args({ "archive", "umbenennen", "x" }), 2, usage } });
 
     const QString missing = cli.scratch(u"nirgends"_s);
     const CliRun refused = cli.runPlain({ u"--data"_s, missing, u"archive"_s, u"create"_s, u"X"_s });

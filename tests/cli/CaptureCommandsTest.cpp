@@ -63,8 +63,7 @@ TEST_F(CaptureCommandsTest, PrintsTheImageIdAloneAndWritesTheImage)
         QStringList options;
         bool withPicture, withEmptyFolders;
     } cases[] = { { {}, true, false }, { args({ "--keep-empty" }), true, true },
-        { args({ "--filter", "*.txt" }), false, false },
-        { args({ "--filter", "*.txt", "--keep-empty" }), false, true } };
+        { args({ "--filter", "*.txt" }), false, false } };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.options.join(u' ').toStdString());
         const CliRun run = m_cli.run(QStringList { u"capture"_s, m_tree.root() } + c.options);
@@ -109,7 +108,7 @@ TEST_F(CaptureCommandsTest, RefusedCallsSayWhyAndChangeNothing)
             u"Die CD (Nummer: 9) wurde im Archiv nicht gefunden."_s },
         { { u"capture"_s, root, u"--cd"_s, u"drei"_s, u"--archive"_s, u"Musik"_s }, 1,
             u"Die CD-Nummer muss eine ganze Zahl sein."_s },
-        { args({ "capture" }), 2, usage }, { { u"capture"_s, root, u"--leer"_s }, 2, usage } });
+        { { u"capture"_s, root, u"--leer"_s }, 2, usage } });
 }
 
 } // namespace

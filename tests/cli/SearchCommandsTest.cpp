@@ -56,8 +56,7 @@ TEST_F(SearchCommandsTest, PrintsTheHitEntriesOrTheFoundCdNumbers)
               { args({ "*\\LIESMICH.TXT|", "--cd", "12", "--exact" }), { hits[1], hits[2] } },
               { args({ "word", "--comments" }), args({ "3", "12" }) },
               { args({ "word", "--comments", "--exact" }), args({ "3" }) },
-              { args({ "word", "--comments", "--cd", "12" }), args({ "12" }) },
-              { args({ "rock'n'roll", "--comments" }), args({ "12" }) } };
+              { args({ "word", "--comments", "--cd", "12" }), args({ "12" }) } };
     for (const auto &[words, lines] : cases)
         EXPECT_EQ(search(words), lines) << words.join(u' ').toStdString();
 }
@@ -84,11 +83,8 @@ TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
         { args({ "[ab" }), 1, u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
         { args({ "haus", "--cd", "8" }), 1, u"Kein Datenträgerabbild vorhanden!"_s },
         { args({ "haus", "--cd", "77" }), 1, u"Die CD (Nummer: 77) wurde im Archiv nicht gefunden."_s },
-        { args({ "liesmich.txt", "--cd", "12", "--exact" }), 1,
-            u"Keine CD mit dem Inhalt liesmich.txt gefunden!"_s },
-        { args({ "Excel", "--comments" }), 1, u"Keine übereinstimmende CD gefunden!"_s }, { {}, 2, usage },
-        { args({ "a", "b" }), 2, usage }, { args({ "a", "--comments", "--save", "x.txt" }), 2, usage },
-        { args({ "a", "--weird" }), 2, usage } };
+        { args({ "Excel", "--comments" }), 1, u"Keine übereinstimmende CD gefunden!"_s },
+        { args({ "a", "b" }), 2, usage }, { args({ "a", "--comments", "--save", "x.txt" }), 2, usage } };
     for (Refusal &call : calls)
         call.arguments = args({ "--archive", "Fotos", "search" }) + call.arguments;
     m_cli.expectRefused(calls);

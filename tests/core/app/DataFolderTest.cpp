@@ -11,11 +11,9 @@ using DataFolderTest = AppTestFolder;
 
 TEST_F(DataFolderTest, ProgramFolderComesFromTheEnvironmentAndIsCreated)
 {
-    EXPECT_FALSE(QFileInfo::exists(programPath()));
-    EXPECT_EQ(programFolder(), programPath());
-    EXPECT_TRUE(QFileInfo(programPath()).isDir());
     const ScopedEnvironment slashed("SILBERBUCH_HOME", (programPath() + u"//"_s).toLocal8Bit());
     EXPECT_EQ(programFolder(), programPath());
+    EXPECT_TRUE(QFileInfo(programPath()).isDir());
 }
 
 // pfad true means the program folder, read afresh at each call; otherwise the folder in path
@@ -30,8 +28,7 @@ TEST_F(DataFolderTest, PfadAndPathChooseTheFolder)
         const char *expected; // nullptr: the program folder
         const char *notice; // the path the notice names; nullptr: no notice
     } cases[] = { { nullptr, "net", nullptr, nullptr }, { "False", "net\\", "net", nullptr },
-        { "false", "net/", "net", nullptr }, { "Falsch", "net", "net", nullptr },
-        { "0", "net", "net", nullptr },
+        { "Falsch", "net/", "net", nullptr },
         { "False", "unplugged/Silberbuch\\", nullptr, "unplugged/Silberbuch" },
         { "False", "plain.txt", nullptr, "plain.txt" }, { "vielleicht", "net", nullptr, "" },
         { "False", nullptr, nullptr, nullptr } };

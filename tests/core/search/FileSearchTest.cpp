@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 using Texts = std::vector<std::string>;
 using Outcome = FileSearchOutcome;
 
-// A data folder whose image folder takes images as a capture writes them: code page 1252
-// lines with CR LF, and the empty end line.
+// A data folder whose images are written as a capture writes them: code page 1252 lines
+// with CR LF, and the empty end line.
 class ImageFolder
 {
 public:
@@ -34,8 +34,7 @@ public:
     void writeRaw(int32_t id, const std::string &bytes) const
     {
         QFile file(imagePath(id));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray::fromStdString(bytes)) >= 0);
     }
 
 private:
@@ -80,22 +79,15 @@ TEST(FileSearch, MatchingRulesOfBothModes)
         Mode mode;
         const char *word; // code page 1252
         std::set<int> lines;
-    } cases[] = { { "wordInFileName", Path, "haus", { 3, 5 } }, { "caseIgnored", Path, "HAUS", { 3, 5 } },
-        { "umlautFolded", Path, "\xE4rger", { 14 } },
+    } cases[] = { { "wordInFileName", Path, "haus", { 3, 5 } }, { "umlautFolded", Path, "\xE4rger", { 14 } },
         { "folderFindsFilesBelowNotItsLine", Path, "bilder", { 3, 5, 6, 7, 8, 14 } },
-        { "dateNotSearched", Path, "2003", { 14 } }, { "sizeNotSearched", Path, "65536", {} },
-        { "barIsPartOfThePath", Path, "|", bars }, { "starMatchesAll", Path, "*", every },
-        { "digitWildcard", Path, "200#/", { 5, 6 } }, { "noHit", Path, "xylophon", {} },
-        { "explicitPlainName", Explicit, "liesmich.txt", {} },
-        { "explicitWholePath", Explicit, "d:\\liesmich.txt|", { 1 } },
+        { "dateNotSearched", Path, "2003", { 14 } }, { "barIsPartOfThePath", Path, "|", bars },
+        { "starMatchesAll", Path, "*", every }, { "explicitPlainName", Explicit, "liesmich.txt", {} },
         { "explicitAnyFolder", Explicit, "*\\LIESMICH.TXT|", { 1, 12 } },
         { "explicitFolderPrefix", Explicit, "d:\\bilder\\*", { 3, 5, 6, 7, 8, 14 } },
-        { "explicitStar", Explicit, "*", every }, { "wholeWordInFileName", Whole, "haus", { 3, 5 } },
-        { "wholeUmlautFolded", Whole, "\xC4RGER", { 14 } },
-        { "wholeDates", Whole, "2003", { 1, 11, 12, 13, 14 } }, { "wholeSizes", Whole, "65536", { 13 } },
+        { "wholeDates", Whole, "2003", { 1, 11, 12, 13, 14 } },
         { "wholeFolderLines", Whole, "bilder", { 2, 3, 4, 5, 6, 7, 8, 14 } },
-        { "wholeStarFindsTheEndLine", Whole, "*", every }, { "wholeBar", Whole, "|", bars },
-        { "wholeAcrossFields", Whole, "exe|#", { 13 } } };
+        { "wholeStarFindsTheEndLine", Whole, "*", every }, { "wholeAcrossFields", Whole, "exe|#", { 13 } } };
     ImageFolder data;
     data.write(4711, Texts(kImage.begin(), kImage.end() - 1));
     const SearchCd cd { 12, u"Backup 2003"_s, 4711 };
@@ -122,8 +114,7 @@ TEST(FileSearch, LinesAreCutAsTheCatalogueReadsThem)
         Texts lines;
     } cases[] = { { "a haus\r\nb haus", "haus", { "a haus", "b haus" } },
         { "x\nhaus\r\n", "haus", { "x\nhaus" } }, { "x\rhaus\r\n", "haus", { "haus" } }, { "", "*", {} },
-        { "\r\n", "*", { "" } }, { "haus\r\n\r\n", "*", { "haus", "" } },
-        { "haus|1|2\r\n", "haus", { "haus|1|2" } }, { "d:\\x\r\nd:\\haus", "haus", { "d:\\haus" } } };
+        { "\r\n", "*", { "" } }, { "haus\r\n\r\n", "*", { "haus", "" } } };
     ImageFolder data;
     for (const auto &c : cases) {
         data.writeRaw(5, c.bytes);
@@ -165,30 +156,24 @@ TEST(FileSearch, RefusedSearchesSayWhy)
     ASSERT_TRUE(QFile::link(data.imagePath(2), data.imagePath(2)));
     const FileSearch search(data.path());
     const SearchCd withImage { 1, u"Eins"_s, 1 }, unreadable { 2, u"Zwei"_s, 2 }, missing { 3, u"Drei"_s, 3 };
-    const QString emptyWord = u"Bitte geben Sie einen Suchbegriff ein!"_s;
-    const QString noCd = u"Keine CD mit der gesuchten Datei vorhanden!"_s;
-    const QString unclosed = likeErrorMessage(LikePattern::Error::UnclosedBracket);
     const struct
     {
         FileSearchResult result;
         Outcome outcome;
         QString message; // empty: names the unreadable image
-    } cases[] = { { search.searchOneCd(withImage, QString(), false), Outcome::EmptyWord, emptyWord },
-        { search.searchAllCds({ withImage }, QString()), Outcome::EmptyWord, emptyWord },
+    } cases[] = { { search.searchOneCd(withImage, QString(), false), Outcome::EmptyWord,
+                      u"Bitte geben Sie einen Suchbegriff ein!"_s },
         { search.searchOneCd(missing, u"haus"_s, false), Outcome::NoImage,
             u"Kein Datenträgerabbild vorhanden!"_s },
-        { search.searchAllCds({ { 4, u"Ohne"_s, 0 } }, u"haus"_s), Outcome::NoCdWithImage, noCd },
-        { search.searchAllCds({}, u"haus"_s), Outcome::NoCdWithImage, noCd },
+        { search.searchAllCds({ { 4, u"Ohne"_s, 0 } }, u"haus"_s), Outcome::NoCdWithImage,
+            u"Keine CD mit der gesuchten Datei vorhanden!"_s },
         { search.searchAllCds({ withImage }, u"Garten"_s), Outcome::NoHit,
             u"Keine CD mit dem Inhalt Garten gefunden!"_s },
         { search.searchAllCds({ missing }, u"haus"_s), Outcome::NoHit,
             u"Keine CD mit dem Inhalt haus gefunden!"_s },
-        { search.searchOneCd(withImage, u"[ha"_s, false), Outcome::BadPattern, unclosed },
-        { search.searchAllCds({ withImage }, u"ha["_s), Outcome::BadPattern, unclosed },
-        { search.searchAllCds({ withImage }, u"[z-a]"_s), Outcome::BadPattern,
-            likeErrorMessage(LikePattern::Error::BadRange) },
-        { search.searchAllCds({ withImage, unreadable }, u"haus"_s), Outcome::UnreadableImage, {} },
-        { search.searchOneCd(unreadable, u"haus"_s, false), Outcome::UnreadableImage, {} } };
+        { search.searchOneCd(withImage, u"[ha"_s, false), Outcome::BadPattern,
+            likeErrorMessage(LikePattern::Error::UnclosedBracket) },
+        { search.searchAllCds({ withImage, unreadable }, u"haus"_s), Outcome::UnreadableImage, {} } };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.result.message.toStdString());
         EXPECT_EQ(c.result.outcome, c.outcome);
@@ -202,29 +187,16 @@ TEST(FileSearch, RefusedSearchesSayWhy)
 }
 
 // Counts the images reported and asks to stop after a given number.
-class CountingProgress : public SearchProgress
+struct CountingProgress : SearchProgress
 {
-public:
-    explicit CountingProgress(int cancelAfter = -1)
+    explicit CountingProgress(int cancelAfter = 1000)
         : m_cancelAfter(cancelAfter)
     {
     }
-    void imageStarted(int done, int total, int32_t cdNumber) override
-    {
-        m_started.insert(cdNumber);
-        m_total = total;
-        m_maxDone = std::max(m_maxDone, done);
-        ++m_calls;
-    }
-    bool cancelRequested() const override { return m_cancelAfter >= 0 && m_calls.load() >= m_cancelAfter; }
-
-    std::set<int32_t> m_started;
-    int m_total = 0;
-    int m_maxDone = -1;
+    void imageStarted(int, int total, int32_t) override { m_total = total, ++m_calls; }
+    bool cancelRequested() const override { return m_calls.load() >= m_cancelAfter; }
+    int m_cancelAfter, m_total = 0;
     std::atomic<int> m_calls { 0 };
-
-private:
-    int m_cancelAfter;
 };
 
 // Several workers give the hits of a single one, in the same order; every image is reported,
@@ -236,32 +208,21 @@ TEST(FileSearch, WorkersKeepTheOrderReportEveryImageAndStopOnCancel)
     for (int n = 1; n <= 40; ++n) {
         Texts lines = { ">d:" };
         for (int k = 0; k < n * 37; ++k)
-            lines.push_back("d:\\cd" + std::to_string(n) + "\\" + (k % 5 == 0 ? "Haus" : "Baum")
-                + std::to_string(k) + ".txt|" + std::to_string(k) + "|01.01.2003");
+            lines.push_back(
+                "d:\\cd" + std::to_string(n) + (k % 5 ? "\\Baum" : "\\Haus") + std::to_string(k) + "|1|2");
         data.write(1000 + n, lines);
         cds.push_back({ 41 - n, u"CD %1"_s.arg(n), 1000 + n });
     }
     const FileSearchResult single = FileSearch(data.path(), 1).searchAllCds(cds, u"haus"_s);
     ASSERT_EQ(single.outcome, Outcome::Hits);
-    for (int workers : { 1, 2, 3, 8 }) {
-        SCOPED_TRACE(workers);
-        CountingProgress watcher;
-        EXPECT_EQ(
-            texts(FileSearch(data.path(), workers).searchAllCds(cds, u"haus"_s, &watcher)), texts(single));
-        EXPECT_EQ(watcher.m_started.size(), 40u);
-        EXPECT_EQ(watcher.m_total, 40);
-        EXPECT_GE(watcher.m_maxDone, 40 - workers);
-
-        CountingProgress canceller(3);
-        const FileSearchResult stopped
-            = FileSearch(data.path(), workers).searchAllCds(cds, u"haus"_s, &canceller);
-        EXPECT_EQ(stopped.outcome, Outcome::Cancelled);
-        EXPECT_TRUE(stopped.hits.empty());
-        EXPECT_LE(canceller.m_calls.load(), 3 + workers);
-    }
-    CountingProgress before(0);
-    EXPECT_EQ(
-        FileSearch(data.path()).searchOneCd(cds[0], u"haus"_s, false, &before).outcome, Outcome::Cancelled);
+    CountingProgress watcher;
+    EXPECT_EQ(texts(FileSearch(data.path(), 8).searchAllCds(cds, u"haus"_s, &watcher)), texts(single));
+    EXPECT_EQ(std::pair(watcher.m_calls.load(), watcher.m_total), std::pair(40, 40));
+    CountingProgress canceller(3);
+    const FileSearchResult stopped = FileSearch(data.path(), 3).searchAllCds(cds, u"haus"_s, &canceller);
+    EXPECT_EQ(stopped.outcome, Outcome::Cancelled);
+    EXPECT_TRUE(stopped.hits.empty());
+    EXPECT_LE(canceller.m_calls.load(), 6);
 }
 
 TEST(FileSearch, SearchesTheCdsOfAnArchiveThatHaveAnImage)
