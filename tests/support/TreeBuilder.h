@@ -28,7 +28,6 @@ public:
     QStringList listingOrder(const QString &relativeFolder = {}) const;
 
 private:
-    void parentsOf(const QString &relative) const;
     void setTime(const QString &relative, int64_t mtime, bool link) const;
 
     QString m_root;

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <random>
 #include <vector>
 
@@ -42,72 +43,63 @@ void growTree(TreeBuilder &tree, std::mt19937 &random, const QString &folder, in
     }
 }
 
-struct PlainRule
+// The image by the plain rule, lines collected in `lines`.
+QByteArray plainImage(const TreeBuilder &tree, bool textOnly, bool prune)
 {
-    const TreeBuilder &tree;
-    bool textOnly;
-    bool prune;
-    std::vector<QByteArray> lines;
-
-    bool walk(const QString &folder, const QByteArray &imagePath)
-    {
-        bool passed = false;
-        for (const QString &name : tree.listingOrder(folder)) {
-            const QString relative = folder.isEmpty() ? name : folder + u'/' + name;
-            const QByteArray path = imagePath + "\\" + name.toLatin1();
-            const std::string fsPath = QFile::encodeName(tree.path(relative)).toStdString();
-            const bool zip = name.endsWith(QLatin1String(".zip"));
-            if (QFileInfo(tree.path(relative)).isDir()) {
-                lines.push_back(">" + path);
-                const bool below = walk(relative, path);
-                if (prune && !below)
-                    lines.pop_back();
-                passed = passed || below;
-            } else if (zip || name.endsWith(QLatin1String(".rar"))) {
-                lines.push_back(">" + path);
-                for (const ArchiveEntry &row : (zip ? listZip(fsPath) : listRar(fsPath)).rows)
-                    lines.push_back(
-                        path + "\\" + QByteArray::fromStdString(row.name + "|" + row.size + "|" + row.date));
-            } else if (!textOnly || name.endsWith(QLatin1String(".txt"))) {
-                lines.push_back(path + "|1|03.02.2001 04:05:06");
-                passed = true;
-            }
-        }
-        return passed;
-    }
-
-    QByteArray image()
-    {
-        walk({}, "d:");
-        QByteArray out = ">d:\r\n";
-        for (const QByteArray &line : lines)
-            out += line + "\r\n";
-        return out + "\r\n";
-    }
-};
+    std::vector<QByteArray> lines { ">d:" };
+    const std::function<bool(const QString &, const QByteArray &)> walk
+        = [&](const QString &folder, const QByteArray &imagePath) {
+              bool passed = false;
+              for (const QString &name : tree.listingOrder(folder)) {
+                  const QString relative = folder.isEmpty() ? name : folder + u'/' + name;
+                  const QByteArray path = imagePath + "\\" + name.toLatin1();
+                  const std::string fsPath = QFile::encodeName(tree.path(relative)).toStdString();
+                  const bool zip = name.endsWith(QLatin1String(".zip"));
+                  if (QFileInfo(tree.path(relative)).isDir()) {
+                      lines.push_back(">" + path);
+                      const bool below = walk(relative, path);
+                      if (prune && !below)
+                          lines.pop_back();
+                      passed = passed || below;
+                  } else if (zip || name.endsWith(QLatin1String(".rar"))) {
+                      lines.push_back(">" + path);
+                      for (const ArchiveEntry &row : (zip ? listZip(fsPath) : listRar(fsPath)).rows)
+                          lines.push_back(path + "\\"
+                              + QByteArray::fromStdString(row.name + "|" + row.size + "|" + row.date));
+                  } else if (!textOnly || name.endsWith(QLatin1String(".txt"))) {
+                      lines.push_back(path + "|1|03.02.2001 04:05:06");
+                      passed = true;
+                  }
+              }
+              return passed;
+          };
+    walk({}, "d:");
+    QByteArray out;
+    for (const QByteArray &line : lines)
+        out += line + "\r\n";
+    return out + "\r\n";
+}
 
 } // namespace
 
 TEST(VolumeWalk, MatchesTheCollectAndDropRuleOnRandomTrees)
 {
-    for (unsigned seed = 1; seed <= 25; ++seed) {
+    for (unsigned seed = 1; seed <= 8; ++seed) {
         QTemporaryDir volume;
         QTemporaryDir data;
         TreeBuilder tree(volume.path());
         std::mt19937 random(seed);
         growTree(tree, random, {}, 0);
-        for (const bool textOnly : { false, true }) {
-            for (const bool prune : { false, true }) {
-                const char *filter = textOnly ? "*.txt" : "*.*";
-                SCOPED_TRACE("seed " + std::to_string(seed) + " " + filter + (prune ? " pruned" : ""));
-                const CaptureResult result
-                    = ImageCapture(data.path())
-                          .capture(QStringLiteral("d:"), volume.path(), 1, QLatin1String(filter), prune);
-                ASSERT_TRUE(result.ok()) << result.error.toStdString();
-                QFile image(data.filePath(QStringLiteral("lws/1.dat")));
-                ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-                EXPECT_EQ(image.readAll(), (PlainRule { tree, textOnly, prune, {} }.image()));
-            }
+        for (const int mode : { 0, 1, 2, 3 }) {
+            const bool textOnly = mode & 1, prune = mode & 2;
+            SCOPED_TRACE("seed " + std::to_string(seed) + " mode " + std::to_string(mode));
+            ASSERT_TRUE(ImageCapture(data.path())
+                            .capture(QStringLiteral("d:"), volume.path(), 1,
+                                textOnly ? QStringLiteral("*.txt") : QStringLiteral("*.*"), prune)
+                            .ok());
+            QFile image(data.filePath(QStringLiteral("lws/1.dat")));
+            ASSERT_TRUE(image.open(QIODevice::ReadOnly));
+            EXPECT_EQ(image.readAll(), plainImage(tree, textOnly, prune));
         }
     }
 }

@@ -38,29 +38,3 @@ TEST(SplitterLayout, MainWindowDragEndsAreClampedAndPanesFillTheClientArea)
         }
     }
 }
-
-TEST(SplitterLayout, RoomTestUsesTheLeftMinimumOnBothSides)
-{
-    // No right limit; the room test alone keeps the bar at least two left minimums away
-    // from the right margin.
-    SplitterLimits limits;
-    limits.objectRightMinWidth = 0;
-    const SplitterWindow window { 3000, 2000, 3200 };
-    const SplitterLayout layout = layoutSplitter(limits, 2500, window, {}, {});
-    EXPECT_FLOAT_EQ(layout.left.width, 3000 - 300);
-    EXPECT_FLOAT_EQ(layout.barLeft, 2700);
-    EXPECT_FLOAT_EQ(layoutSplitter(limits, 2400, window, {}, {}).barLeft, 2400);
-}
-
-TEST(SplitterLayout, DegenerateSizesKeepTheCurrentBoxes)
-{
-    SplitterLimits limits;
-    limits.objectRightMinWidth = 0;
-    limits.fromTopMin = 500;
-    limits.splitterWidth = 800;
-    // The client area is lower than the top margin, and too narrow for a right pane.
-    const SplitterLayout layout
-        = layoutSplitter(limits, 400, { 700, 300, 900 }, { 0, 0, 100, 777 }, { 0, 0, 555, 777 });
-    EXPECT_FLOAT_EQ(layout.left.height, 777);
-    EXPECT_FLOAT_EQ(layout.right.width, 555);
-}
