@@ -16,8 +16,3 @@ std::optional<bool> parseTruthValue(const QString &text)
         return std::nullopt;
     return *number != 0.0;
 }
-
-QString truthText(bool value)
-{
-    return value ? QStringLiteral("True") : QStringLiteral("False");
-}

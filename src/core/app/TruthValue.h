@@ -8,6 +8,3 @@
 // any case, or a number (0 is false, any other number true), blanks around allowed.
 // Anything else is no truth value.
 std::optional<bool> parseTruthValue(const QString &text);
-
-// The text this program writes for a truth value: "True" or "False".
-QString truthText(bool value);

@@ -43,10 +43,4 @@ bool cutFileLine(std::string_view line, FileFields &fields);
 // the folders counting too, so a backslash can land in the type.
 std::string_view fileType(std::string_view fullPath);
 
-// A file stands in the root when its folder has length 2 ("d:").
-inline bool isInRoot(std::string_view fileLine)
-{
-    return folderOf(fileLine).size() == 2;
-}
-
 } // namespace imageline

@@ -196,7 +196,6 @@ void ImageWriter::writeOut()
         }
         data += n;
         left -= static_cast<size_t>(n);
-        m_written += static_cast<uint64_t>(n);
     }
     m_buffer.erase(0, m_finalEnd);
     for (size_t &start : m_starts)

@@ -52,7 +52,6 @@ public:
 
     // errno of the first failure, 0 when none.
     int error() const { return m_error; }
-    uint64_t bytesWritten() const { return m_written; }
 
 private:
     void beginLine();
@@ -66,7 +65,6 @@ private:
     int m_fd = -1;
     int m_error = 0;
     bool m_committed = false;
-    uint64_t m_written = 0;
     std::string m_buffer;
     size_t m_finalEnd = 0; // bytes of m_buffer that are final
     std::vector<size_t> m_starts; // where the lines after m_finalEnd begin
