@@ -28,7 +28,6 @@ public:
     int columnWidth(int column) const;
 
     QTreeView *detailsView() const { return m_details; }
-    QListView *iconView() const { return m_icons; }
 
 signals:
     void itemDoubleClicked(const QModelIndex &index);

@@ -67,7 +67,6 @@ public:
     void fitColumns();
 
     QMenu *popup() const { return m_rrh; }
-    ImageTreeModel *treeModel() const { return m_tree; }
     QSortFilterProxyModel *listModel() const { return m_sorted; }
 
 private:

@@ -30,7 +30,6 @@ public:
     abbild(Session &session, Settings &settings, MainWindowLink link, QWidget *parent = nullptr);
     ~abbild() override;
 
-    bool captureRunning() const { return m_thread != nullptr; }
 
 signals:
     // The capture is about to run: `wait` stands and takes a cancel from now on.

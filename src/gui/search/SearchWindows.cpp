@@ -55,21 +55,6 @@ Form1 *SearchWindows::showNavigator()
     return raised(m_navigator.data());
 }
 
-frmsearch *SearchWindows::searchWindow() const
-{
-    return m_search;
-}
-
-frmResults *SearchWindows::resultsWindow() const
-{
-    return m_results;
-}
-
-Form1 *SearchWindows::navigatorWindow() const
-{
-    return m_navigator;
-}
-
 QString SearchWindows::dataFolder() const
 {
     return getDataFolder(m_session, m_settings);

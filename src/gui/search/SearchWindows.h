@@ -32,11 +32,6 @@ public:
     // of the search before, so it gives way to a fresh one.
     Form1 *showNavigator();
 
-    // The windows now loaded, or null.
-    frmsearch *searchWindow() const;
-    frmResults *resultsWindow() const;
-    Form1 *navigatorWindow() const;
-
     Session &session() const { return m_session; }
     Settings &settings() const { return m_settings; }
     const SearchLink &link() const { return m_link; }

@@ -31,7 +31,6 @@ public:
 
     const QString &searchWord() const { return m_searchWord; }
     // The path of the item clicked last, as the image holds it; empty until a click.
-    const QString &selectedFile() const { return m_selectedFile; }
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
