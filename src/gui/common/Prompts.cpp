@@ -2,6 +2,8 @@
 
 #include "PromptScript.h"
 
+#include "search/RuntimeFailure.h"
+
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -131,5 +133,5 @@ std::optional<Prompts::FileAnswer> Prompts::file(QWidget *parent, const FileRequ
 
 void Prompts::runtimeError(QWidget *parent, int number, const QString &text)
 {
-    message(parent, QStringLiteral("Laufzeitfehler '%1':\n\n%2").arg(number).arg(text), Icon::Critical);
+    message(parent, RuntimeFailure { number, text }.message(), Icon::Critical);
 }
