@@ -112,13 +112,18 @@ ImageIndex::Buffer::~Buffer()
         ::munmap(m_data, m_mapped);
 }
 
+ImageIndex::FileState ImageIndex::stateFrom(const struct stat &info)
+{
+    return { static_cast<int64_t>(info.st_size),
+        static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000 + static_cast<int64_t>(info.st_mtim.tv_nsec) };
+}
+
 ImageIndex::FileState ImageIndex::stateOf(const QString &path)
 {
     struct stat info;
     if (::stat(QFile::encodeName(path).constData(), &info) != 0)
         return {};
-    return { static_cast<int64_t>(info.st_size),
-        static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000 + static_cast<int64_t>(info.st_mtim.tv_nsec) };
+    return stateFrom(info);
 }
 
 std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
@@ -130,9 +135,7 @@ std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
         return image;
     struct stat info;
     if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) {
-        image->m_state = { static_cast<int64_t>(info.st_size),
-            static_cast<int64_t>(info.st_mtim.tv_sec) * 1000000000
-                + static_cast<int64_t>(info.st_mtim.tv_nsec) };
+        image->m_state = stateFrom(info);
         const auto size = static_cast<size_t>(info.st_size);
         image->m_bytes = std::make_unique<Buffer>(size);
         if (image->m_bytes->size() == size) {

@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+struct stat;
+
 // A drive image held in memory for browsing. The file is read once into one buffer; the
 // folder tree and, for every folder, the positions of its file lines are noted on the way,
 // so that listing a folder touches that folder's lines only. All texts are views into the
@@ -84,6 +86,7 @@ private:
         int64_t modifiedNs = -1;
         bool operator==(const FileState &) const = default;
     };
+    static FileState stateFrom(const struct stat &info);
     static FileState stateOf(const QString &path);
 
     // The file's bytes, in memory of its own: huge pages where the system gives them, so
