@@ -63,10 +63,10 @@ int capture(CliContext &context)
     std::optional<ArchiveStore> store;
     int32_t cdNumber = 0;
     if (options.has(kCd)) {
-        bool numeric = false;
-        cdNumber = options.value(kCd).toInt(&numeric);
-        if (!numeric)
-            return refuse(QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein."));
+        const std::optional<int32_t> number = wholeNumber(options.value(kCd));
+        if (!number)
+            return refuse(cdNumberNotWholeMessage());
+        cdNumber = *number;
         QString problem;
         const QString archivePath = data.archivePath(&problem);
         if (archivePath.isEmpty())

@@ -28,13 +28,6 @@ const QString kImage = QStringLiteral("--image");
 const QString kCover = QStringLiteral("--cover");
 const QStringList kEditorOptions = { kNumber, kTitle, kComment, kImage, kCover };
 
-std::optional<int32_t> parseInt32(const QString &text)
-{
-    bool ok = false;
-    const int32_t value = text.toInt(&ok);
-    return ok ? std::optional<int32_t>(value) : std::nullopt;
-}
-
 // The archive of the call, or the reason why there is none.
 struct Target
 {
@@ -82,9 +75,9 @@ NamedCd readNamedCd(const CliContext &context, int32_t number)
 QString applyImageAndCover(const CliOptions &options, CdDraft &draft)
 {
     if (options.has(kImage)) {
-        const std::optional<int32_t> id = parseInt32(options.value(kImage));
+        const std::optional<int32_t> id = wholeNumber(options.value(kImage));
         if (!id)
-            return QStringLiteral("Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein.");
+            return imageIdNotWholeMessage();
         draft.imageId = *id;
     }
     if (options.has(kCover)) {
@@ -146,7 +139,7 @@ int addCd(CliContext &context)
 int editCd(CliContext &context)
 {
     const CliOptions options(context.words.mid(1), kEditorOptions);
-    const std::optional<int32_t> number = parseInt32(options.plainWords().value(0));
+    const std::optional<int32_t> number = wholeNumber(options.plainWords().value(0));
     if (!options.ok() || options.plainWords().size() != 1 || !number)
         return usageError(kUsage);
     const NamedCd named = readNamedCd(context, *number);
@@ -174,7 +167,7 @@ int editCd(CliContext &context)
 
 int showCd(CliContext &context)
 {
-    const std::optional<int32_t> number = parseInt32(context.words.value(1));
+    const std::optional<int32_t> number = wholeNumber(context.words.value(1));
     if (context.words.size() != 2 || !number)
         return usageError(kUsage);
     const NamedCd named = readNamedCd(context, *number);
@@ -192,7 +185,7 @@ int showCd(CliContext &context)
 
 int deleteCd(CliContext &context)
 {
-    const std::optional<int32_t> number = parseInt32(context.words.value(1));
+    const std::optional<int32_t> number = wholeNumber(context.words.value(1));
     if (context.words.size() != 2 || !number)
         return usageError(kUsage);
     if (*number < 0)

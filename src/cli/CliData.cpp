@@ -38,6 +38,23 @@ QString CliData::archivePath(QString *problem) const
     return catalog.pathOf(name);
 }
 
+std::optional<int32_t> wholeNumber(const QString &word)
+{
+    bool ok = false;
+    const int32_t value = word.toInt(&ok);
+    return ok ? std::optional<int32_t>(value) : std::nullopt;
+}
+
+QString cdNumberNotWholeMessage()
+{
+    return QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein.");
+}
+
+QString imageIdNotWholeMessage()
+{
+    return QStringLiteral("Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein.");
+}
+
 int refuse(const QString &message)
 {
     QString plain = message;

@@ -6,6 +6,9 @@
 
 #include <QString>
 
+#include <cstdint>
+#include <optional>
+
 // Where a verb works: the data folder of --data, else the user's data folder; the archive
 // of --archive, else the default archive.
 class CliData
@@ -29,6 +32,12 @@ private:
     QString m_archiveOption;
     QString m_problem;
 };
+
+// A whole number of 32 bits written as a word, or nothing.
+std::optional<int32_t> wholeNumber(const QString &word);
+// The refusals of a CD number and an image id that are no whole number.
+QString cdNumberNotWholeMessage();
+QString imageIdNotWholeMessage();
 
 // Prints a refusal on stderr, line ends made plain, and gives the exit code for it.
 int refuse(const QString &message);

@@ -44,11 +44,10 @@ int image(CliContext &context)
     const QStringList &words = options.plainWords();
     if (!options.ok() || words.size() != 2 || words.first() != QLatin1String("show"))
         return usageError(kUsage);
-    bool numeric = false;
-    const int32_t id = words[1].toInt(&numeric);
-    if (!numeric)
-        return refuse(
-            QStringLiteral("Die Abbild-ID muss eine ganze Zahl von -2147483648 bis 2147483647 sein."));
+    const std::optional<int32_t> parsedId = wholeNumber(words[1]);
+    if (!parsedId)
+        return refuse(imageIdNotWholeMessage());
+    const int32_t id = *parsedId;
 
     CliData data(context);
     if (!data.ok())

@@ -85,10 +85,9 @@ int search(CliContext &context)
         return usageError(kUsage);
     std::optional<int> cd;
     if (options.has(kCd)) {
-        bool ok = false;
-        cd = options.value(kCd).toInt(&ok);
-        if (!ok)
-            return refuse(QStringLiteral("Die CD-Nummer muss eine ganze Zahl sein."));
+        cd = wholeNumber(options.value(kCd));
+        if (!cd)
+            return refuse(cdNumberNotWholeMessage());
     }
     const CliData data(context);
     if (!data.ok())
