@@ -44,14 +44,12 @@ TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
         sqlite3_open_v2(m_store.path().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
     sqlite3_stmt *statement = nullptr;
     ASSERT_EQ(sqlite3_prepare_v2(db, "Select * FROM cds", -1, &statement, nullptr), SQLITE_OK);
-    std::vector<std::string> names;
+    std::string names;
     for (int c = 0; c < sqlite3_column_count(statement); ++c)
-        names.emplace_back(sqlite3_column_name(statement, c));
+        names += std::string(sqlite3_column_name(statement, c)) + ' ';
     sqlite3_finalize(statement);
     sqlite3_close(db);
-    EXPECT_EQ(names,
-        (std::vector<std::string> {
-            "cd_nummer", "cd_name", "cd_seriennummer", "cd_inhalt", "cd_ausgeliehen", "cd_cover" }));
+    EXPECT_EQ(names, "cd_nummer cd_name cd_seriennummer cd_inhalt cd_ausgeliehen cd_cover ");
 }
 
 TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFile)
@@ -120,29 +118,26 @@ TEST_F(ArchiveStoreTest, ChangesOfAMissingRowReportNotFound)
 
 TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrorsAndStayAsTheyWere)
 {
-    const struct
-    {
-        const char *name;
-        QByteArray content; // null: the file is not created
-        QString expected;
-    } cases[] = { { "missing", {}, u"wurde nicht gefunden"_s },
-        { "textFile", QByteArray("Dies ist keine Datenbank, sondern ein Brief.\r\n").repeated(20),
-            u"keine Archivdatenbank"_s },
-        { "emptyFile", QByteArray(""), u"keine CD-Tabelle"_s } };
-    for (const auto &c : cases) {
-        const QString path = m_dir.filePath(QString::fromLatin1(c.name) + u".mdb"_s);
+    // A null content: the file is not created.
+    const std::tuple<const char *, QByteArray, QString> cases[]
+        = { { "missing", {}, u"wurde nicht gefunden"_s },
+              { "textFile", QByteArray("Dies ist keine Datenbank, sondern ein Brief.\r\n").repeated(20),
+                  u"keine Archivdatenbank"_s },
+              { "emptyFile", QByteArray(""), u"keine CD-Tabelle"_s } };
+    for (const auto &[name, content, expected] : cases) {
+        SCOPED_TRACE(name);
+        const QString path = m_dir.filePath(QString::fromLatin1(name) + u".mdb"_s);
         QFile out(path);
-        if (!c.content.isNull()) {
-            ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-            out.write(c.content);
-            out.close();
+        if (!content.isNull()) {
+            ASSERT_TRUE(out.open(QIODevice::WriteOnly) && out.write(content) == content.size());
         }
+        out.close();
         const ArchiveStore store(path);
         const auto rows = store.selectAll();
-        EXPECT_EQ(rows.error.kind, Kind::FileError) << c.name;
-        EXPECT_TRUE(rows.error.message.contains(c.expected)) << rows.error.message.toStdString();
-        EXPECT_EQ(store.addRow({ .number = 1 }).kind, Kind::FileError) << c.name;
-        EXPECT_EQ(bytesOf(path), c.content) << c.name;
+        EXPECT_EQ(rows.error.kind, Kind::FileError);
+        EXPECT_TRUE(rows.error.message.contains(expected)) << rows.error.message.toStdString();
+        EXPECT_EQ(store.addRow({ .number = 1 }).kind, Kind::FileError);
+        EXPECT_EQ(bytesOf(path), content);
     }
 }
 

@@ -26,16 +26,12 @@ const QByteArray kOldImage = ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n";
 // Notes the last report; cancels at the first one when asked to.
 struct Reports : CaptureProgress
 {
-    explicit Reports(bool cancel)
-        : m_cancel(cancel)
-    {
-    }
     void progress(uint32_t folders, uint32_t files, const QString &) override
     {
         m_counts = { folders, files };
     }
     bool cancelled() override { return m_cancel; }
-    bool m_cancel;
+    bool m_cancel = false;
     std::pair<uint32_t, uint32_t> m_counts;
 };
 
@@ -109,7 +105,6 @@ std::vector<Entry> fixtureVolume()
         { "Bilder/notiz.txt", "", 5, kNotiz, "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06" },
         { "Nur jpg", "/", 0, 0, ">d:\\Nur jpg" },
         { "Nur jpg/a.jpg", "", 10, kBilder, "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44" },
-        { "Nur jpg/b.jpg", "", 11, kBilder, "d:\\Nur jpg\\b.jpg|11|28.07.2002 18:02:44" },
         { "Leer", "/", 0, 0, ">d:\\Leer" },
         { "Leer/Tiefer", "/", 0, 0, ">d:\\Leer\\Tiefer" },
         { "Archiv", "/", 0, 0, ">d:\\Archiv" },
@@ -127,7 +122,6 @@ std::vector<Entry> fixtureVolume()
         { "x.rar/inner.txt", "", 3, kNotiz, "d:\\x.rar\\inner.txt|3|03.02.2001 04:05:06" },
         { "A.ZIP", "zip/not_a_zip.zip", 0, kNotiz, ">d:\\A.ZIP\r\nd:\\A.ZIP\\||" },
         { "a.zip.bak", "", 3, kNotiz, "d:\\a.zip.bak|3|03.02.2001 04:05:06" },
-        { "film.avi", "", 3000000000LL, 1070223300, "d:\\film.avi|-1294967296|30.11.2003 20:15:00" },
         { "alt.txt", "", 17, 1044057600, "d:\\alt.txt|17|01.02.2003" },
         { ".versteckt", "", 1, kNotiz, "d:\\.versteckt|1|03.02.2001 04:05:06" },
         // Links are files with the length of their target, never followed.
@@ -177,8 +171,8 @@ TEST(ImageCapture, EachFilterAndPruneGivesItsImageOfTheFixtureVolume)
     }
     using Paths = std::vector<const char *>;
     const Paths emptyFolders = { "Leer", "Leer/Tiefer" };
-    const Paths noText = { "Bilder/haus.jpg", "Nur jpg/a.jpg", "Nur jpg/b.jpg", "Setup/start.exe",
-        "a.zip.bak", "film.avi", ".versteckt", "link-auf-bilder", "link.zip" };
+    const Paths noText = { "Bilder/haus.jpg", "Nur jpg/a.jpg", "Setup/start.exe", "a.zip.bak", ".versteckt",
+        "link-auf-bilder", "link.zip" };
     // Pruned, a folder without a passing file takes the last line back, one per folder
     // level: here the last entry of an archive.
     const Paths archivesOnly = { "Archiv/pack.zip", "Rar allein/nur.rar", "Nur Archiv tief/Unter/tief.zip",
@@ -219,7 +213,7 @@ TEST(ImageCapture, MissingVolumeDriveLetterCaseAndFinalCounts)
     Workspace w;
     for (const char *file : { "a/1.txt", "a/b/2.txt", "3.txt" })
         w.tree.file(QLatin1String(file), 1, kNotiz);
-    Reports reports(false);
+    Reports reports;
     const CaptureResult result = w.capture("*.*", true, &reports, "E:");
     EXPECT_TRUE(w.image().startsWith(">e:\r\n")) << "the drive letter is written in lower case";
     EXPECT_EQ(std::make_tuple(result.folders, result.files, reports.m_counts),
@@ -235,7 +229,8 @@ TEST(ImageCapture, RefusedFailedOrCancelledCapturesKeepTheOldImage)
     old.close();
     w.tree.file(QStringLiteral("a/b.txt"), 1, kNotiz);
     writeZip(w.tree.path(QStringLiteral("zuviel.zip")), zipEntries(kMaxZipEntries + 1));
-    Reports cancel(true);
+    Reports cancel;
+    cancel.m_cancel = true;
     const std::tuple<const char *, const char *, CaptureProgress *, const char *> cases[] = {
         { "d:", "*.[", nullptr, "Ungültiges Suchmuster" },
         { "d:\\", "*.*", nullptr, "\"d:\\\" ist kein Laufwerk" },

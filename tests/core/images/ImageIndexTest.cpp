@@ -81,11 +81,6 @@ TEST_F(ImageIndexTest, TreeAndLineCounts)
         EXPECT_EQ(std::make_pair(image->folderLineCount(), image->fileLineCount()),
             std::make_pair(folderLines, fileLines));
     }
-    Strings texts;
-    const auto example = load(exampleImage());
-    for (const ImageIndex::Folder &folder : example->folders())
-        texts.emplace_back(folder.text);
-    EXPECT_EQ(texts, (Strings { "d:", "Bilder", "alt.zip", "Setup", "daten.rar" }));
 }
 
 TEST_F(ImageIndexTest, ListsTheFilesOfExactlyOneFolderInFileOrder)

@@ -23,7 +23,6 @@ QListWidget *list(QWidget *chooser)
 {
     return control<QListWidget>(chooser, "List1");
 }
-
 bool archiveFile(DesktopRun &run, const QString &name)
 {
     return QFileInfo::exists(datapaths::archiveFile(run.home(), name));
@@ -40,27 +39,21 @@ openarchiv *chooser(DesktopRun &run)
 
 TEST(openarchiv, OpenChecksTheTypedNameExactly)
 {
-    const struct
-    {
-        const char *typed;
-        QStringList messages;
-    } cases[] = {
-        { "", { u"Bitte wählen Sie ein Archiv aus der Liste aus!"_s } },
-        { "a", { archiveNotFoundMessage() } },
-        { "B", {} },
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.typed);
+    const std::pair<const char *, QStringList> cases[]
+        = { { "", { u"Bitte wählen Sie ein Archiv aus der Liste aus!"_s } },
+              { "a", { archiveNotFoundMessage() } }, { "B", {} } };
+    for (const auto &[typed, messages] : cases) {
+        SCOPED_TRACE(typed);
         DesktopRun run;
         openarchiv *shown = chooser(run);
         EXPECT_EQ(entries(list(shown)), (QStringList { u"A"_s, u"B"_s }));
         EXPECT_EQ(textBox(shown)->text(), u"A"_s) << "the first is selected";
         list(shown)->setCurrentRow(-1);
-        textBox(shown)->setText(QString::fromLatin1(c.typed));
+        textBox(shown)->setText(QString::fromLatin1(typed));
         shown->Command1_Click();
         run.settle();
-        const bool opens = c.messages.isEmpty();
-        EXPECT_EQ(run.prompts().messages(), c.messages);
+        const bool opens = messages.isEmpty();
+        EXPECT_EQ(run.prompts().messages(), messages);
         EXPECT_EQ(run.form<Hauptfenster>() != nullptr, opens);
         EXPECT_EQ(run.form<openarchiv>() == nullptr, opens);
         EXPECT_EQ(run.session().archiveName, opens ? u"B"_s : QString());
@@ -126,32 +119,25 @@ TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChangingAndEndUnloadsAll
 
 TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
 {
-    const struct
-    {
-        const char *typed;
-        bool option1;
-        const char *file;
-        const char *standard; // "-": not stored
-        const char *autoarchiv;
-    } cases[] = {
-        { "Alle Meine CDs", true, "Alle Meine CDs", "Alle Meine CDs", "0" },
-        { "", true, "default", "", "0" },
-        { "Musik", false, "Musik", "-", "1" },
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.typed);
+    // typed, first option, file, standard ("-": not stored), autoarchiv
+    const std::tuple<QString, bool, QString, QString, QString> cases[]
+        = { { u"Alle Meine CDs"_s, true, u"Alle Meine CDs"_s, u"Alle Meine CDs"_s, u"0"_s },
+              { u""_s, true, u"default"_s, u""_s, u"0"_s },
+              { u"Musik"_s, false, u"Musik"_s, u"-"_s, u"1"_s } };
+    for (const auto &[typed, option1, file, standard, autoarchiv] : cases) {
+        SCOPED_TRACE(typed.toStdString());
         DesktopRun run;
         Form4 *form = run.program().show<Form4>();
-        textBox(form)->setText(QString::fromLatin1(c.typed));
-        control<QRadioButton>(form, c.option1 ? "Option1" : "Option2")->setChecked(true);
+        textBox(form)->setText(typed);
+        control<QRadioButton>(form, option1 ? "Option1" : "Option2")->setChecked(true);
         form->Command1_Click();
         run.settle();
         const Settings &settings = run.settings();
-        EXPECT_TRUE(archiveFile(run, QString::fromLatin1(c.file)));
+        EXPECT_TRUE(archiveFile(run, file));
         EXPECT_EQ(settings.contains(SettingKey::Standard) ? settings.value(SettingKey::Standard) : u"-"_s,
-            QString::fromLatin1(c.standard));
-        EXPECT_EQ(settings.value(SettingKey::autoarchiv), QString::fromLatin1(c.autoarchiv));
+            standard);
+        EXPECT_EQ(settings.value(SettingKey::autoarchiv), autoarchiv);
         EXPECT_NE(run.form<Hauptfenster>(), nullptr);
-        EXPECT_EQ(run.session().archiveName, QString::fromLatin1(c.file));
+        EXPECT_EQ(run.session().archiveName, file);
     }
 }

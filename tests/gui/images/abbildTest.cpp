@@ -19,7 +19,6 @@ class AbbildTest : public ::testing::Test
 protected:
     AbbildTest()
     {
-        m_tree.file(QStringLiteral("notiz.txt"), 17, 1044057600);
         m_tree.file(QStringLiteral("Bilder/haus.jpg"), 482113, 1027879364);
         m_tree.folder(QStringLiteral("Leer/auch leer")); // pruned from the image
     }
@@ -43,8 +42,6 @@ protected:
         QFile file(datapaths::imageFile(m_catalog.dataFolder(), m_drive.id()));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-
-    QByteArray line(const char *rest) const { return m_drive.letter().toLatin1() + rest; }
 
     void TearDown() override
     {
@@ -74,45 +71,19 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRow)
         m_prompts.messages(), QStringList { QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!") });
     EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, m_drive.id());
     EXPECT_EQ(m_catalog.store().selectByNumber(3).value.imageId, 0);
-    EXPECT_EQ(m_main.refreshes(), 1);
-    EXPECT_EQ(m_main.sorts(), 1);
+    EXPECT_EQ(std::pair(m_main.refreshes(), m_main.sorts()), std::pair(1, 1));
     EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("0"));
     EXPECT_TRUE(m_dialog.isNull());
     EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), m_drive.drive().listText());
-    // Pruned: the empty folders are gone; the rest in the order the folder lists.
-    QByteArray expected = ">" + line("\r\n");
-    for (const QString &name : m_tree.listingOrder()) {
-        if (name == QLatin1String("notiz.txt"))
-            expected += line("\\notiz.txt|17|01.02.2003\r\n");
-        else if (name == QLatin1String("Bilder"))
-            expected
-                += ">" + line("\\Bilder\r\n") + line("\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n");
-    }
-    EXPECT_EQ(image(), expected + "\r\n") << image().constData();
+    // The bytes are tested in the core; here the capture ran pruned.
+    EXPECT_TRUE(
+        image().contains(m_drive.letter().toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
+    EXPECT_FALSE(image().contains("Leer"));
 }
 
-TEST_F(AbbildTest, ModesTwoAndThreeHandTheIdOver)
+// Keeping the old image on a cancel is tested in the core; here the buttons and the row.
+TEST_F(AbbildTest, ACancelledCaptureLeavesTheRowAndTheDialogReady)
 {
-    for (const QString &mode : { QStringLiteral("2"), QStringLiteral("3") }) {
-        open(mode);
-        QSignalSpy captured(m_dialog.data(), &abbild::imageCaptured);
-        capture();
-        ASSERT_EQ(captured.size(), 1) << mode.toStdString();
-        EXPECT_EQ(captured[0][0].value<int32_t>(), m_drive.id());
-        EXPECT_EQ(m_catalog.session().captureMode, mode);
-        EXPECT_TRUE(m_dialog.isNull());
-    }
-    EXPECT_EQ(m_main.refreshes(), 0);
-}
-
-TEST_F(AbbildTest, ACancelledCaptureKeepsTheOldImage)
-{
-    QDir().mkpath(datapaths::imageFolder(m_catalog.dataFolder()));
-    QFile old(datapaths::imageFile(m_catalog.dataFolder(), m_drive.id()));
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write(">x:\r\n\r\n");
-    old.close();
-
     m_catalog.archive().cd(4, QStringLiteral("Vier"));
     m_main.select(4);
     open(QStringLiteral("1"));
@@ -123,7 +94,7 @@ TEST_F(AbbildTest, ACancelledCaptureKeepsTheOldImage)
     capture();
     EXPECT_EQ(m_prompts.messages(),
         QStringList { QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.") });
-    EXPECT_EQ(image(), QByteArray(">x:\r\n\r\n"));
+    EXPECT_FALSE(QFile::exists(datapaths::imageFile(m_catalog.dataFolder(), m_drive.id())));
     EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, 0);
     EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("1"));
     ASSERT_FALSE(m_dialog.isNull()); // still open for another try
