@@ -68,17 +68,13 @@ TEST_F(CdCommandsTest, AddStoresTheRowAsTheNewCdDialogDoes)
     EXPECT_EQ(coverSize(row(1).cover), QSize(300, 150));
 }
 
-// The editor's rules: what is not given stays, the lent mark goes, no comments are written
-// as one empty line, and a CD without a new picture keeps its cover number.
+// The editor's rules are tested in the core; here what is not given stays and a renumbered CD moves.
 TEST_F(CdCommandsTest, EditShowAndDelete)
 {
-    m_archive.row({ 4, u"Alt"_s, 99, u"Sta1|eins|zwei|End1"_s, true, u"0"_s })
-        .cd(1, u"x"_s, u"Sta1|End1"_s, 0, u"4711"_s);
+    m_archive.row({ 4, u"Alt"_s, 99, u"Sta1|eins|zwei|End1"_s, true, u"0"_s });
     ASSERT_EQ(cd(args({ "edit", "4", "--title", "Neu" })).exitCode, 0);
     EXPECT_EQ(row(4), (CdRow { 4, u"Neu"_s, 99, u"Sta1|eins|zwei|End1"_s, false, u"0"_s }));
     ASSERT_EQ(cd(args({ "edit", "4", "--comment", "drei", "--number", "0010", "--image", "0" })).exitCode, 0);
-    ASSERT_EQ(cd(args({ "edit", "1" })).exitCode, 0);
-    EXPECT_EQ(row(1), (CdRow { 1, u"x"_s, 0, u"Sta1||End1"_s, false, u"4711"_s }));
     EXPECT_EQ(row(10), (CdRow { 10, u"Neu"_s, 0, u"Sta1|drei|End1"_s, false, u"0"_s }));
     EXPECT_FALSE(m_archive.store().selectByNumber(4).ok());
 
