@@ -65,22 +65,13 @@ constexpr int64_t kBilder = 1027879364; // 28.07.2002 18:02:44
 constexpr int64_t kNotiz = 981173106; // 03.02.2001 04:05:06
 constexpr int64_t kStart = 1042935151; // 19.01.2003 00:12:31
 
-// An archive's folder line and entry lines.
-QByteArray archive(const QByteArray &path, const QList<QByteArray> &rows)
+// An archive's folder line and the entry lines of the ZIP or RAR fixture it is a copy of.
+QByteArray archive(const QByteArray &path, bool rar = false)
 {
-    QByteArray out = ">" + path;
-    for (const QByteArray &row : rows)
-        out += "\r\n" + path + "\\" + row;
-    return out;
-}
-QByteArray zip(const QByteArray &path)
-{
-    return archive(path, { "folder/a.txt|7|03.02.2001", "b.txt|12|03.02.2001", "||" });
-}
-QByteArray rar(const QByteArray &path)
-{
-    return archive(path,
-        { "testdir/test.txt|16|18.08.2011", "test.txt|16|18.08.2011", "testshortcut.lnk|441|18.08.2011" });
+    QByteArray rows = rar
+        ? "testdir/test.txt|16|18.08.2011;test.txt|16|18.08.2011;testshortcut.lnk|441|18.08.2011"
+        : "folder/a.txt|7|03.02.2001;b.txt|12|03.02.2001;||";
+    return ">" + path + "\r\n" + path + "\\" + rows.replace(";", "\r\n" + path + "\\");
 }
 
 // One entry of the fixture volume and the lines it gives when all files are captured and
@@ -101,28 +92,25 @@ std::vector<Entry> fixtureVolume()
         { "liesmich.txt", "", 1834, kLiesmich, "d:\\liesmich.txt|1834|12.03.2003 09:41:07" },
         { "Bilder", "/", 0, 0, ">d:\\Bilder" },
         { "Bilder/haus.jpg", "", 482113, kBilder, "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44" },
-        { "Bilder/alt.zip", twoFiles, 0, kBilder, zip("d:\\Bilder\\alt.zip") },
+        { "Bilder/alt.zip", twoFiles, 0, kBilder, archive("d:\\Bilder\\alt.zip") },
         { "Bilder/notiz.txt", "", 5, kNotiz, "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06" },
         { "Nur jpg", "/", 0, 0, ">d:\\Nur jpg" },
         { "Nur jpg/a.jpg", "", 10, kBilder, "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44" },
         { "Leer", "/", 0, 0, ">d:\\Leer" },
         { "Leer/Tiefer", "/", 0, 0, ">d:\\Leer\\Tiefer" },
         { "Archiv", "/", 0, 0, ">d:\\Archiv" },
-        { "Archiv/pack.zip", twoFiles, 0, kBilder, zip("d:\\Archiv\\pack.zip") },
+        { "Archiv/pack.zip", twoFiles, 0, kBilder, archive("d:\\Archiv\\pack.zip") },
         { "Setup", "/", 0, 0, ">d:\\Setup" },
-        { "Setup/daten.rar", basicRar, 0, kStart, rar("d:\\Setup\\daten.rar") },
+        { "Setup/daten.rar", basicRar, 0, kStart, archive("d:\\Setup\\daten.rar", true) },
         { "Setup/start.exe", "", 65536, kStart, "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31" },
-        { "Rar allein", "/", 0, 0, ">d:\\Rar allein" },
-        { "Rar allein/nur.rar", basicRar, 0, kStart, rar("d:\\Rar allein\\nur.rar") },
         { "Nur Archiv tief", "/", 0, 0, ">d:\\Nur Archiv tief" },
         { "Nur Archiv tief/Unter", "/", 0, 0, ">d:\\Nur Archiv tief\\Unter" },
         { "Nur Archiv tief/Unter/tief.zip", twoFiles, 0, kBilder,
-            zip("d:\\Nur Archiv tief\\Unter\\tief.zip") },
+            archive("d:\\Nur Archiv tief\\Unter\\tief.zip") },
         { "x.rar", "/", 0, 0, ">d:\\x.rar" },
         { "x.rar/inner.txt", "", 3, kNotiz, "d:\\x.rar\\inner.txt|3|03.02.2001 04:05:06" },
         { "A.ZIP", "zip/not_a_zip.zip", 0, kNotiz, ">d:\\A.ZIP\r\nd:\\A.ZIP\\||" },
         { "a.zip.bak", "", 3, kNotiz, "d:\\a.zip.bak|3|03.02.2001 04:05:06" },
-        { "alt.txt", "", 17, 1044057600, "d:\\alt.txt|17|01.02.2003" },
         { ".versteckt", "", 1, kNotiz, "d:\\.versteckt|1|03.02.2001 04:05:06" },
         // Links are files with the length of their target, never followed.
         { "link-auf-bilder", "->Bilder", 0, kNotiz, "d:\\link-auf-bilder|6|03.02.2001 04:05:06" },
@@ -175,13 +163,12 @@ TEST(ImageCapture, EachFilterAndPruneGivesItsImageOfTheFixtureVolume)
         "link-auf-bilder", "link.zip" };
     // Pruned, a folder without a passing file takes the last line back, one per folder
     // level: here the last entry of an archive.
-    const Paths archivesOnly = { "Archiv/pack.zip", "Rar allein/nur.rar", "Nur Archiv tief/Unter/tief.zip",
-        "Nur Archiv tief/Unter/tief.zip" };
+    const Paths archivesOnly
+        = { "Archiv/pack.zip", "Nur Archiv tief/Unter/tief.zip", "Nur Archiv tief/Unter/tief.zip" };
     // filter, prune, entries left out, entries whose last line is taken back
     const std::tuple<const char *, bool, std::vector<Paths>, std::vector<Paths>> cases[] = {
         { "*.*", false, {}, {} },
         { "*.*", true, { emptyFolders }, { archivesOnly } },
-        { "*", true, { emptyFolders }, { archivesOnly } },
         { "*.txt", false, { noText }, {} },
         { "*.txt", true, { noText, emptyFolders, { "Nur jpg" } }, { archivesOnly, { "Setup/daten.rar" } } },
     };
