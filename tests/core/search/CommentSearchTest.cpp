@@ -2,41 +2,12 @@
 
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
-#include "search/CommentQuery.h"
 
 #include <QTemporaryDir>
 
 namespace {
 
 using namespace Qt::StringLiterals;
-
-// The query as the catalogue words it, with the word as typed, and the same query with the
-// pattern bound in place of the quoted one, so that an apostrophe is searched for.
-TEST(CommentQuery, IsAssembledPieceByPiece)
-{
-    const struct
-    {
-        QString word;
-        std::optional<int> currentCd;
-        bool explicitMatch;
-        QString text, pattern;
-    } cases[] = {
-        { u"foo"_s, 7, false,
-            u"SELECT cd_nummer FROM cds WHERE cd_nummer=7 AND cd_inhalt LIKE '*foo*' ORDER BY cd_nummer"_s,
-            u"*foo*"_s },
-        { u"foo"_s, std::nullopt, true,
-            u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*|foo|*' ORDER BY cd_nummer"_s, u"*|foo|*"_s },
-        { u"Rock'n'Roll"_s, std::nullopt, false,
-            u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE '*Rock'n'Roll*' ORDER BY cd_nummer"_s,
-            u"*Rock'n'Roll*"_s }
-    };
-    for (const auto &c : cases) {
-        const CommentQuery query = commentQuery(c.word, c.currentCd, c.explicitMatch);
-        EXPECT_EQ(query.text, c.text);
-        EXPECT_EQ(query.boundText, QString(c.text).replace(u'\'' + c.pattern + u'\'', u"?"_s));
-        EXPECT_EQ(query.binds, QVariantList { c.pattern });
-    }
-}
 
 class CommentSearchTest : public ::testing::Test
 {
@@ -56,26 +27,20 @@ protected:
 
 TEST_F(CommentSearchTest, FindsCdNumbersInNumberOrder)
 {
-    const struct
-    {
-        QString word;
-        std::optional<int> currentCd;
-        bool explicitMatch;
-        std::vector<QString> found;
-    } cases[] = { { u"word"_s, std::nullopt, false, { u"3"_s, u"7"_s } },
-        { u"word"_s, std::nullopt, true, { u"7"_s } }, // a whole item
-        { u"word"_s, 3, false, { u"3"_s } }, { u"word"_s, 1, false, {} },
-        { u"rock'n'roll"_s, std::nullopt, false, { u"1"_s } },
-        { u"urlaub|rock"_s, std::nullopt, false, { u"1"_s } },
-        { u"a1|"_s, std::nullopt, false, { u"1"_s, u"3"_s, u"5"_s, u"7"_s } } };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.word.toStdString());
-        const CommentSearchResult result
-            = searchComments(m_archive.store(), c.word, c.currentCd, c.explicitMatch);
-        EXPECT_EQ(result.foundCdNumbers, c.found);
+    // An apostrophe is searched for as it stands; explicit: a whole item.
+    const std::tuple<QString, std::optional<int>, bool, std::vector<QString>> cases[]
+        = { { u"word"_s, std::nullopt, false, { u"3"_s, u"7"_s } },
+              { u"word"_s, std::nullopt, true, { u"7"_s } }, { u"word"_s, 3, false, { u"3"_s } },
+              { u"word"_s, 1, false, {} }, { u"rock'n'roll"_s, std::nullopt, false, { u"1"_s } },
+              { u"urlaub|rock"_s, std::nullopt, false, { u"1"_s } },
+              { u"a1|"_s, std::nullopt, false, { u"1"_s, u"3"_s, u"5"_s, u"7"_s } } };
+    for (const auto &[word, currentCd, explicitMatch, found] : cases) {
+        SCOPED_TRACE(word.toStdString());
+        const CommentSearchResult result = searchComments(m_archive.store(), word, currentCd, explicitMatch);
+        EXPECT_EQ(result.foundCdNumbers, found);
         EXPECT_EQ(
-            result.outcome, c.found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found);
-        EXPECT_EQ(result.message, c.found.empty() ? u"Keine übereinstimmende CD gefunden!"_s : QString());
+            result.outcome, found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found);
+        EXPECT_EQ(result.message, found.empty() ? u"Keine übereinstimmende CD gefunden!"_s : QString());
     }
 }
 

@@ -18,9 +18,8 @@ using Outcome = FileSearchOutcome;
 
 // A data folder whose images are written as a capture writes them: code page 1252 lines
 // with CR LF, and the empty end line.
-class ImageFolder
+struct ImageFolder
 {
-public:
     ImageFolder() { QDir().mkpath(datapaths::imageFolder(path())); }
     QString path() const { return m_dir.path(); }
     QString imagePath(int32_t id) const { return datapaths::imageFile(path(), id); }
@@ -36,8 +35,6 @@ public:
         QFile file(imagePath(id));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray::fromStdString(bytes)) >= 0);
     }
-
-private:
     QTemporaryDir m_dir;
 };
 
@@ -171,22 +168,17 @@ TEST(FileSearch, RefusedSearchesSayWhy)
     }
 }
 
-// Counts the images reported and asks to stop after a given number.
-struct CountingProgress : SearchProgress
+// Asks to stop once the third image has started.
+struct Canceller : SearchProgress
 {
-    explicit CountingProgress(int cancelAfter = 1000)
-        : m_cancelAfter(cancelAfter)
-    {
-    }
-    void imageStarted(int, int total, int32_t) override { m_total = total, ++m_calls; }
-    bool cancelRequested() const override { return m_calls.load() >= m_cancelAfter; }
-    int m_cancelAfter, m_total = 0;
+    void imageStarted(int, int, int32_t) override { ++m_calls; }
+    bool cancelRequested() const override { return m_calls.load() >= 3; }
     std::atomic<int> m_calls { 0 };
 };
 
-// Several workers give the hits of a single one, in the same order; every image is reported,
-// and a cancel stops the search soon, with no hits.
-TEST(FileSearch, WorkersKeepTheOrderReportEveryImageAndStopOnCancel)
+// Several workers give the hits of a single one, in the same order; a cancel stops the search
+// soon, with no hits.
+TEST(FileSearch, WorkersKeepTheOrderAndStopOnCancel)
 {
     ImageFolder data;
     std::vector<SearchCd> cds;
@@ -200,10 +192,8 @@ TEST(FileSearch, WorkersKeepTheOrderReportEveryImageAndStopOnCancel)
     }
     const FileSearchResult single = FileSearch(data.path(), 1).searchAllCds(cds, u"haus"_s);
     ASSERT_EQ(single.outcome, Outcome::Hits);
-    CountingProgress watcher;
-    EXPECT_EQ(texts(FileSearch(data.path(), 8).searchAllCds(cds, u"haus"_s, &watcher)), texts(single));
-    EXPECT_EQ(std::pair(watcher.m_calls.load(), watcher.m_total), std::pair(40, 40));
-    CountingProgress canceller(3);
+    EXPECT_EQ(texts(FileSearch(data.path(), 8).searchAllCds(cds, u"haus"_s)), texts(single));
+    Canceller canceller;
     const FileSearchResult stopped = FileSearch(data.path(), 3).searchAllCds(cds, u"haus"_s, &canceller);
     EXPECT_EQ(stopped.outcome, Outcome::Cancelled);
     EXPECT_TRUE(stopped.hits.empty());
