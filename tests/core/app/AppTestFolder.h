@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <optional>
 
 // Sets an environment variable for the life of the object and restores the old state.
 class ScopedEnvironment
@@ -17,25 +17,17 @@ class ScopedEnvironment
 public:
     ScopedEnvironment(const char *name, const QByteArray &value)
         : m_name(name)
-        , m_hadValue(qEnvironmentVariableIsSet(name))
-        , m_oldValue(qgetenv(name))
+        , m_old(qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name)) : std::nullopt)
     {
         qputenv(name, value);
     }
-    ~ScopedEnvironment()
-    {
-        if (m_hadValue)
-            qputenv(m_name, m_oldValue);
-        else
-            qunsetenv(m_name);
-    }
+    ~ScopedEnvironment() { m_old ? qputenv(m_name, *m_old) : qunsetenv(m_name); }
     ScopedEnvironment(const ScopedEnvironment &) = delete;
     ScopedEnvironment &operator=(const ScopedEnvironment &) = delete;
 
 private:
     const char *m_name;
-    bool m_hadValue;
-    QByteArray m_oldValue;
+    std::optional<QByteArray> m_old;
 };
 
 // A fresh temporary tree per test: the program folder ($SILBERBUCH_HOME) under "program",
@@ -43,16 +35,9 @@ private:
 class AppTestFolder : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_root.isValid());
-        m_home = std::make_unique<ScopedEnvironment>("SILBERBUCH_HOME", programPath().toLocal8Bit());
-        m_settings = std::make_unique<Settings>(path(QStringLiteral("settings.ini")));
-    }
-
     QString path(const QString &relative) const { return m_root.filePath(relative); }
     QString programPath() const { return path(QStringLiteral("program")); }
-    Settings &settings() { return *m_settings; }
+    Settings &settings() { return m_settings; }
 
     static QByteArray fileBytes(const QString &file)
     {
@@ -68,6 +53,6 @@ protected:
 
 private:
     QTemporaryDir m_root;
-    std::unique_ptr<ScopedEnvironment> m_home;
-    std::unique_ptr<Settings> m_settings;
+    ScopedEnvironment m_home { "SILBERBUCH_HOME", programPath().toLocal8Bit() };
+    Settings m_settings { path(QStringLiteral("settings.ini")) };
 };
