@@ -1,18 +1,15 @@
 #include "ImageIndex.h"
 
 #include "ImageLine.h"
+#include "LineBlockReader.h"
 #include "LineScanner.h"
 
 #include <QFile>
 
 #include <algorithm>
-#include <condition_variable>
 #include <cstring>
 #include <fcntl.h>
-#include <mutex>
-#include <sys/mman.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 #include <unordered_set>
 
@@ -26,91 +23,7 @@ std::string_view tableType(std::string_view fullPath)
     return imageline::fileType(fullPath);
 }
 
-constexpr size_t hugePage = size_t(2) << 20;
-
 } // namespace
-
-// Block by block, so that indexing follows the read closely.
-class ImageIndex::BackgroundRead
-{
-public:
-    struct Progress
-    {
-        size_t arrived = 0;
-        bool ended = false;
-    };
-
-    BackgroundRead(int fd, char *into, size_t size)
-        : m_thread([this, fd, into, size] { run(fd, into, size); })
-    {
-    }
-
-    ~BackgroundRead() { m_thread.join(); }
-
-    BackgroundRead(const BackgroundRead &) = delete;
-    BackgroundRead &operator=(const BackgroundRead &) = delete;
-
-    // Waits until more than `seen` bytes have arrived, or the read has ended.
-    Progress waitBeyond(size_t seen)
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [&] { return m_progress.arrived > seen || m_progress.ended; });
-        return m_progress;
-    }
-
-private:
-    static constexpr size_t block = size_t(4) << 20;
-
-    void run(int fd, char *into, size_t size)
-    {
-        size_t done = 0;
-        while (done < size) {
-            const ssize_t got = ::read(fd, into + done, std::min(block, size - done));
-            if (got <= 0)
-                break;
-            done += static_cast<size_t>(got);
-            publish(done, false);
-        }
-        publish(done, true);
-    }
-
-    void publish(size_t arrived, bool ended)
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_progress = { arrived, ended };
-        }
-        m_changed.notify_one();
-    }
-
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    Progress m_progress;
-    std::thread m_thread;
-};
-
-ImageIndex::Buffer::Buffer(size_t size)
-    : m_size(size)
-{
-    if (size == 0)
-        return;
-    m_mapped = (size + hugePage - 1) / hugePage * hugePage;
-    void *memory = ::mmap(nullptr, m_mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED) {
-        m_mapped = 0;
-        m_size = 0;
-        return;
-    }
-    if (size >= hugePage)
-        ::madvise(memory, m_mapped, MADV_HUGEPAGE);
-    m_data = static_cast<char *>(memory);
-}
-
-ImageIndex::Buffer::~Buffer()
-{
-    if (m_mapped)
-        ::munmap(m_data, m_mapped);
-}
 
 ImageIndex::FileState ImageIndex::stateFrom(const struct stat &info)
 {
@@ -136,12 +49,7 @@ std::shared_ptr<const ImageIndex> ImageIndex::load(const QString &path)
     struct stat info;
     if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) {
         image->m_state = stateFrom(info);
-        const auto size = static_cast<size_t>(info.st_size);
-        image->m_bytes = std::make_unique<Buffer>(size);
-        if (image->m_bytes->size() == size) {
-            BackgroundRead reading(fd, image->m_bytes->data(), size);
-            image->m_loaded = image->index(reading);
-        }
+        image->m_loaded = image->index(fd, static_cast<uint64_t>(info.st_size));
     }
     ::close(fd);
     if (image->m_loaded)
@@ -162,20 +70,21 @@ struct ImageIndex::Indexing
 {
     explicit Indexing(ImageIndex &image)
         : image(image)
-        , begin(image.m_bytes->data())
     {
     }
+
+    uint64_t offsetOf(const char *at) const { return blockOffset + static_cast<uint64_t>(at - block); }
 
     // Any line that is not a file line of the run's folder: it ends the run, and starts a
     // new one when it is a file line.
     void line(std::string_view line, size_t lastBackslash)
     {
         if (line.empty()) {
-            closeRun(line.data());
+            closeRun(offsetOf(line.data()));
             return;
         }
         if (line.front() == '>') {
-            closeRun(line.data());
+            closeRun(offsetOf(line.data()));
             ++image.m_folderLines;
             if (treeOpen)
                 treeOpen = addFolder(line);
@@ -190,46 +99,66 @@ struct ImageIndex::Indexing
             ++runLines;
             return;
         }
-        closeRun(line.data());
-        if (!haveGroup || folder != runFolder) {
-            const auto [it, added]
-                = image.m_groupOf.emplace(folder, static_cast<uint32_t>(image.m_groups.size()));
-            if (added)
-                image.m_groups.emplace_back();
-            runGroup = it->second;
-            runFolder = folder;
-            haveGroup = true;
-        }
-        Group &group = image.m_groups[runGroup];
+        closeRun(offsetOf(line.data()));
+        runPlace = placeOf(folder);
+        Place &place = image.m_places[static_cast<size_t>(runPlace)];
+        runFolder = place.text;
         const auto run = static_cast<int32_t>(image.m_runs.size());
-        image.m_runs.push_back({ static_cast<uint64_t>(line.data() - begin), 0, -1 });
-        if (group.last >= 0)
-            image.m_runs[static_cast<size_t>(group.last)].next = run;
+        image.m_runs.push_back({ offsetOf(line.data()), 0, -1 });
+        if (place.lastRun >= 0)
+            image.m_runs[static_cast<size_t>(place.lastRun)].next = run;
         else
-            group.first = run;
-        group.last = run;
+            place.firstRun = run;
+        place.lastRun = run;
         runLines = 1;
         runOpen = true;
     }
 
-    void closeRun(const char *at)
+    void closeRun(uint64_t end)
     {
         if (!runOpen)
             return;
-        Group &group = image.m_groups[runGroup];
-        image.m_runs[static_cast<size_t>(group.last)].end = static_cast<uint64_t>(at - begin);
-        group.lines += runLines;
+        Place &place = image.m_places[static_cast<size_t>(runPlace)];
+        image.m_runs[static_cast<size_t>(place.lastRun)].end = end;
+        place.lines += runLines;
         image.m_fileLines += runLines;
         runOpen = false;
+    }
+
+    // The number of a folder text's place, made on first sight. The files of a folder mostly
+    // follow its folder line or the lines of a subfolder, so the latest place and the folders
+    // above the latest folder are tried before the table.
+    int32_t placeOf(std::string_view text)
+    {
+        std::vector<Place> &places = image.m_places;
+        if (latestPlace >= 0 && text == places[static_cast<size_t>(latestPlace)].text)
+            return latestPlace;
+        const std::vector<Folder> &folders = image.m_folders;
+        for (int32_t node = static_cast<int32_t>(folders.size()) - 1; node >= 0;
+             node = folders[static_cast<size_t>(node)].parent)
+            if (folders[static_cast<size_t>(node)].key == text)
+                return latestPlace = nodePlaces[static_cast<size_t>(node)];
+        latestPlace = image.m_placeNumbers.find(text);
+        return latestPlace >= 0 ? latestPlace : newPlace(text);
+    }
+
+    // The number of a folder text's place, looked up in the table only: for texts seldom
+    // seen before, such as the keys of folder lines.
+    int32_t newPlace(std::string_view text)
+    {
+        std::vector<Place> &places = image.m_places;
+        const std::string_view kept = image.m_texts.keep(text);
+        const auto [number, added] = image.m_placeNumbers.add(kept);
+        if (added)
+            places.push_back({ kept });
+        return latestPlace = number;
     }
 
     // Adds a folder line to the tree; false when the tree cannot take it.
     bool addFolder(std::string_view line)
     {
-        Folder folder;
-        folder.key = imageline::folderKey(line);
-        folder.text = imageline::nodeText(line);
         std::vector<Folder> &folders = image.m_folders;
+        Folder folder;
         if (!imageline::isRoot(line)) {
             // Depth first, the parent is mostly the folder before or one of its ancestors.
             const std::string_view parentKey = imageline::parentKey(line);
@@ -237,32 +166,41 @@ struct ImageIndex::Indexing
             while (parent >= 0 && folders[static_cast<size_t>(parent)].key != parentKey)
                 parent = folders[static_cast<size_t>(parent)].parent;
             if (parent < 0) {
-                const auto found = nodeOf.find(parentKey);
-                if (found == nodeOf.end())
+                const int32_t place = image.m_placeNumbers.find(parentKey);
+                if (place < 0 || image.m_places[static_cast<size_t>(place)].node < 0)
                     return false;
-                parent = found->second;
+                parent = image.m_places[static_cast<size_t>(place)].node;
             }
             folder.parent = parent;
         }
-        if (!nodeOf.emplace(folder.key, static_cast<int32_t>(folders.size())).second)
+        const std::string_view key = imageline::folderKey(line);
+        Place &place = image.m_places[static_cast<size_t>(newPlace(key))];
+        if (place.node >= 0)
             return false;
+        place.node = static_cast<int32_t>(folders.size());
+        nodePlaces.push_back(latestPlace);
+        folder.key = place.text;
+        const std::string_view text = imageline::nodeText(line);
+        folder.text = key.empty() ? folder.key : folder.key.substr(static_cast<size_t>(text.data() - key.data()));
         folders.push_back(folder);
         return true;
     }
 
     ImageIndex &image;
-    const char *begin;
-    std::unordered_map<std::string_view, int32_t> nodeOf;
+    // The block being scanned and its position in the file.
+    const char *block = nullptr;
+    uint64_t blockOffset = 0;
     bool treeOpen = true;
     // The run being extended: consecutive file lines of one folder.
     std::string_view runFolder;
-    uint32_t runGroup = 0;
+    int32_t runPlace = -1;
     uint32_t runLines = 0;
-    bool haveGroup = false;
     bool runOpen = false;
+    int32_t latestPlace = -1;
+    std::vector<int32_t> nodePlaces; // the place of each folder in the tree
 };
 
-bool ImageIndex::index(BackgroundRead &reading)
+bool ImageIndex::index(int fd, uint64_t size)
 {
     Indexing indexing(*this);
     const auto onLine = [&indexing](std::string_view line, size_t lastBackslash) {
@@ -277,38 +215,68 @@ bool ImageIndex::index(BackgroundRead &reading)
         indexing.line(line, lastBackslash);
     };
 
-    const char *const data = m_bytes->data();
-    size_t indexed = 0;
-    BackgroundRead::Progress progress;
-    do {
-        progress = reading.waitBeyond(progress.arrived);
-        const size_t cut
-            = progress.ended ? progress.arrived : linescanner::lastLineEnd(data, indexed, progress.arrived);
-        if (cut > indexed) {
-            linescanner::forEachLine(data + indexed, cut - indexed, onLine);
-            indexed = cut;
+    LineBlockReader reader(fd, size);
+    LineBlockReader::Block block;
+    uint64_t end = 0;
+    while (reader.next(block)) {
+        indexing.block = block.data;
+        indexing.blockOffset = block.offset;
+        linescanner::forEachLine(block.data, block.size, onLine);
+        end = block.offset + block.size;
+    }
+    indexing.closeRun(end);
+    return reader.readWhole();
+}
+
+std::string ImageIndex::readRuns(int32_t firstRun, uint32_t lines) const
+{
+    std::string bytes;
+    if (lines == 0)
+        return bytes;
+    const int fd = ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return bytes;
+    struct stat info;
+    size_t total = 0;
+    for (int32_t r = firstRun; r >= 0; r = m_runs[static_cast<size_t>(r)].next)
+        total += static_cast<size_t>(m_runs[static_cast<size_t>(r)].end - m_runs[static_cast<size_t>(r)].begin);
+    bool whole = ::fstat(fd, &info) == 0 && stateFrom(info) == m_state;
+    if (whole) {
+        bytes.resize(total);
+        size_t at = 0;
+        for (int32_t r = firstRun; whole && r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
+            const Run &run = m_runs[static_cast<size_t>(r)];
+            for (uint64_t from = run.begin; whole && from < run.end;) {
+                const ssize_t got = ::pread(fd, bytes.data() + at, static_cast<size_t>(run.end - from),
+                    static_cast<off_t>(from));
+                whole = got > 0;
+                if (whole) {
+                    at += static_cast<size_t>(got);
+                    from += static_cast<uint64_t>(got);
+                }
+            }
         }
-    } while (!progress.ended);
-    indexing.closeRun(data + indexed);
-    return progress.arrived == m_bytes->size();
+    }
+    ::close(fd);
+    if (!whole)
+        bytes.clear();
+    return bytes;
 }
 
 ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons) const
 {
     Listing listing;
     std::vector<imageline::FileFields> lines;
-    if (const auto found = m_groupOf.find(folder); found != m_groupOf.end()) {
-        const Group &group = m_groups[found->second];
-        lines.reserve(group.lines);
-        for (int32_t r = group.first; r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
-            const Run &run = m_runs[static_cast<size_t>(r)];
-            linescanner::forEachLine(
-                m_bytes->data() + run.begin, run.end - run.begin, [&lines](std::string_view line, size_t) {
-                    imageline::FileFields fields;
-                    if (imageline::cutFileLine(line, fields))
-                        lines.push_back(fields);
-                });
-        }
+    if (const int32_t number = m_placeNumbers.find(folder); number >= 0) {
+        const Place &place = m_places[static_cast<size_t>(number)];
+        const auto bytes = std::make_shared<const std::string>(readRuns(place.firstRun, place.lines));
+        listing.lines = bytes;
+        lines.reserve(place.lines);
+        linescanner::forEachLine(bytes->data(), bytes->size(), [&lines](std::string_view line, size_t) {
+            imageline::FileFields fields;
+            if (imageline::cutFileLine(line, fields))
+                lines.push_back(fields);
+        });
     }
 
     const auto findType = [&listing](std::string_view type) -> int32_t {

@@ -1,19 +1,22 @@
 #pragma once
 
+#include "TextArena.h"
+#include "TextLookup.h"
+
 #include <QString>
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 struct stat;
 
-// A drive image held in memory for browsing. The file is read once into one buffer; the
-// folder tree and, for every folder, the positions of its file lines are noted on the way,
-// so that listing a folder touches that folder's lines only. All texts are views into the
-// buffer (code page 1252 bytes) and live as long as the index.
+// A drive image indexed for browsing. The file is read once, front to back; the folder tree
+// and, for every folder, the byte ranges of its file lines are noted on the way, so that
+// listing a folder reads that folder's lines only. Folder texts are views into copies the
+// index keeps (code page 1252 bytes) and live as long as the index.
 //
 // Lines end at CR LF or at a lone CR; a lone LF stays inside its line.
 class ImageIndex
@@ -39,6 +42,8 @@ public:
 
     struct Listing
     {
+        // The folder's lines as read from the file; the rows are views into them.
+        std::shared_ptr<const std::string> lines;
         // The file types to fetch a picture for, in this order. With file-specific icons: the
         // distinct types of the folder as they first appear, then one empty type. With none:
         // the single type "dat". A type can hold a backslash (a file without a dot in a
@@ -70,13 +75,15 @@ public:
     int64_t fileLineCount() const { return m_fileLines; }
 
     // The file lines whose folder (the line up to its last backslash) is exactly `folder`,
-    // in file order. A line without "|" is stepped over. A row whose name is already in the
+    // in file order, read from the file. A line without "|" is stepped over. A row whose name is already in the
     // listing is not added; its size and date replace those of the row added before it.
     //
     // Icons: the type table takes the type of each line, "dat" for a path without a dot or
     // ending in a digit. A row then looks up its type by the plain rule (the text after the
     // last dot), so "lied.mp3" finds no entry and keeps the icon of the row before (the
     // first icon for the first row).
+    //
+    // Empty when the file has changed since the load or cannot be read.
     Listing listFolder(std::string_view folder, Icons icons) const;
 
 private:
@@ -89,30 +96,11 @@ private:
     static FileState stateFrom(const struct stat &info);
     static FileState stateOf(const QString &path);
 
-    // The file's bytes, in memory of its own: huge pages where the system gives them, so
-    // that a large image costs few page faults.
-    class Buffer
-    {
-    public:
-        Buffer() = default;
-        explicit Buffer(size_t size);
-        ~Buffer();
-        Buffer(const Buffer &) = delete;
-        Buffer &operator=(const Buffer &) = delete;
-        char *data() const { return m_data; }
-        size_t size() const { return m_size; }
-
-    private:
-        char *m_data = nullptr;
-        size_t m_size = 0;
-        size_t m_mapped = 0;
-    };
-
     ImageIndex() = default;
-    // Reads the file on a thread of its own while the lines that have arrived are indexed.
-    class BackgroundRead;
-    // Indexes the lines as the read delivers them; false when the file could not be read whole.
-    bool index(BackgroundRead &reading);
+    // Indexes the lines of the open file as they are read; false when it could not be read whole.
+    bool index(int fd, uint64_t size);
+    // The bytes of the folder's runs, one after the other; empty when the file has changed.
+    std::string readRuns(int32_t firstRun, uint32_t lines) const;
 
     // The state of the one pass that builds the index.
     struct Indexing;
@@ -121,14 +109,14 @@ private:
     QString m_path;
     bool m_loaded = false;
     FileState m_state;
-    std::unique_ptr<Buffer> m_bytes;
+    TextArena m_texts;
 
     std::vector<Folder> m_folders;
     int64_t m_folderLines = 0;
     int64_t m_fileLines = 0;
 
     // The file lines of a folder lie in runs of consecutive lines; each run is a byte range
-    // of the buffer, and a folder's runs are chained in file order. The runs are few (about
+    // of the file, and a folder's runs are chained in file order. The runs are few (about
     // two per folder), so nothing is kept per line.
     struct Run
     {
@@ -136,13 +124,16 @@ private:
         uint64_t end = 0;
         int32_t next = -1;
     };
-    struct Group
+    // What the index knows of one folder text: its node in the tree and its file lines.
+    struct Place
     {
-        int32_t first = -1;
-        int32_t last = -1;
+        std::string_view text;
+        int32_t node = -1;
+        int32_t firstRun = -1;
+        int32_t lastRun = -1;
         uint32_t lines = 0;
     };
-    std::unordered_map<std::string_view, uint32_t> m_groupOf;
-    std::vector<Group> m_groups;
+    std::vector<Place> m_places;
+    TextLookup m_placeNumbers;
     std::vector<Run> m_runs;
 };
