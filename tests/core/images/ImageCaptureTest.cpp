@@ -48,9 +48,9 @@ struct Workspace
         return ImageCapture(data.path())
             .capture(QLatin1String(drive), volume.path(), 4711, QString::fromUtf8(filter), prune, progress);
     }
-    QByteArray image(int32_t id = 4711) const
+    QByteArray image() const
     {
-        QFile file(data.filePath(QStringLiteral("lws/%1.dat").arg(id)));
+        QFile file(data.filePath(QStringLiteral("lws/4711.dat")));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
     }
     QStringList lwsFiles() const
@@ -238,7 +238,8 @@ TEST(ImageCapture, RefusedFailedOrCancelledCapturesKeepTheOldImage)
     EXPECT_EQ(w.image(), ">d:\r\n>d:\\a\r\nd:\\a\\b.txt|1|03.02.2001 04:05:06\r\n\r\n");
 }
 
-TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLineUnderAllFiles)
+// The nameless line counts as a file: pruned, it keeps its folder.
+TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLine)
 {
     Workspace w;
     const QString folder = w.tree.path(QStringLiteral("System Volume Information"));
@@ -248,21 +249,14 @@ TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLineUnderAllFiles)
         { w.data.path(), 0777 }, { w.data.filePath(QStringLiteral("lws")), 0777 } };
     for (const auto &[path, mode] : modes)
         ::chmod(QFile::encodeName(path).constData(), mode);
-
-    const QByteArray line = ">d:\\System Volume Information\r\n";
-    const QByteArray nameless = "d:\\System Volume Information\\|0|01.01.1601\r\n";
-    // Pruned, the nameless line is a file and keeps its folder.
-    const std::tuple<const char *, bool, QByteArray> cases[]
-        = { { "*.*", true, line + nameless }, { "*.txt", false, line }, { "*.txt", true, {} } };
-    for (const auto &[filter, prune, lines] : cases) {
-        // The superuser may list any folder, so the capture runs as "nobody" then.
-        const pid_t child = ::fork();
-        if (child == 0)
-            ::_exit((::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
-                || !w.capture(filter, prune).ok());
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << filter;
-        EXPECT_EQ(w.image(), ">d:\r\n" + lines + "\r\n") << filter << prune;
-    }
+    // The superuser may list any folder, so the capture runs as "nobody" then.
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit((::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
+            || !w.capture("*.*", true).ok());
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_EQ(w.image(),
+        ">d:\r\n>d:\\System Volume Information\r\nd:\\System Volume Information\\|0|01.01.1601\r\n\r\n");
 }

@@ -36,15 +36,4 @@ TEST(CommentCodecTest, DecodingDropsTheFirstAndLastPiece)
         EXPECT_EQ(decode(QString::fromUtf8(text)), comments) << text;
 }
 
-TEST(CommentCodecTest, RoundTripsThroughTheEditor)
-{
-    // A bar inside a comment splits it at the next reading.
-    for (const QString &text : { encodeNewCd({ u"a|b"_s }), encodeChangeCd({ u"a|b"_s }) })
-        EXPECT_EQ(decode(text), (QStringList { u"a"_s, u"b"_s }));
-    // An empty list saved once in the editor comes back as one empty line, and stays so.
-    const QString once = encodeChangeCd(decode(encodeNewCd({})));
-    EXPECT_EQ(decode(once), QStringList { QString() });
-    EXPECT_EQ(encodeChangeCd(decode(once)), once);
-}
-
 } // namespace
