@@ -64,19 +64,21 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
         QString archive;
         QStringList listed;
         Kind kind;
-        QString message; // empty: not checked
+        QString message;
     } cases[] = {
         { u"Musik"_s, { u"Musik"_s }, Kind::DuplicateName,
             u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\r\nBitte wählen Sie einen anderen Namen"_s },
         { QString(), {}, Kind::BadName, u"Der Name des Archivs darf nicht leer sein."_s },
         { u"a/b"_s, {}, Kind::BadName,
             u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
-        { u"Musik"_s, {}, Kind::FileError, {} } // the file exists though the caller did not list it
+        // The file exists though the caller did not list it.
+        { u"Musik"_s, {}, Kind::FileError,
+            u"Die Datei \"%1\" existiert bereits."_s.arg(m_catalog.pathOf(u"Musik"_s)) }
     };
     for (const auto &c : cases) {
         const ArchiveError error = m_catalog.create(c.archive, c.listed);
         EXPECT_EQ(error.kind, c.kind) << c.archive.toStdString();
-        EXPECT_EQ(error.message, c.message.isEmpty() ? error.message : c.message);
+        EXPECT_EQ(error.message, c.message);
     }
     EXPECT_EQ(m_catalog.names(), QStringList { u"Musik"_s });
     EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll().value.size(), 1u);

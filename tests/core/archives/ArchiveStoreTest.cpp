@@ -52,16 +52,6 @@ TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
     EXPECT_EQ(names, "cd_nummer cd_name cd_seriennummer cd_inhalt cd_ausgeliehen cd_cover ");
 }
 
-TEST_F(ArchiveStoreTest, CreateRefusesAnExistingFile)
-{
-    m_archive.cd(1, u"Eins"_s);
-    const QByteArray before = bytesOf(m_store.path());
-    const ArchiveError exists = ArchiveStore::create(m_store.path());
-    EXPECT_EQ(exists.kind, Kind::FileError);
-    EXPECT_TRUE(exists.message.contains(u"existiert bereits"_s)) << exists.message.toStdString();
-    EXPECT_EQ(bytesOf(m_store.path()), before);
-}
-
 // Update replaces the row of the old number; a renumbered row moves to its new place.
 TEST_F(ArchiveStoreTest, RowsRoundTripAndComeInKeyOrder)
 {
