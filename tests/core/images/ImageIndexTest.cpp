@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <thread>
 
@@ -115,9 +116,10 @@ TEST_F(ImageIndexTest, CacheReloadsWhenTheFileChangesOrAppears)
     const QString path = write(">d:\r\nd:\\a.txt|1|x\r\n");
     const auto first = cache.get(path);
     EXPECT_EQ(cache.get(path), first) << "an unchanged file is not read again";
-    // Same size, later time.
+    // Same size, later time: the old index no longer lists from the changed file.
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     write(">d:\r\nd:\\c.txt|1|x\r\n");
+    EXPECT_TRUE(first->listFolder("d:", kNone).rows.empty());
     EXPECT_EQ(rows(cache.get(path)->listFolder("d:", kNone)), Strings { "c.txt|1|x" });
     // A missing file gives an empty index until it appears.
     QFile::remove(path);
@@ -126,23 +128,30 @@ TEST_F(ImageIndexTest, CacheReloadsWhenTheFileChangesOrAppears)
     EXPECT_TRUE(cache.get(path)->isLoaded());
 }
 
-TEST_F(ImageIndexTest, LargeImageReadInBlocksLosesNoLineAtTheBlockEdge)
+TEST_F(ImageIndexTest, LargeImageLosesNoLineAtBlockEdgesOrInOverlongLines)
 {
-    // The file is read in blocks of 4 MiB: the first block ends on the CR of a line whose
-    // LF opens the next block.
-    const size_t blockSize = size_t(4) << 20;
+    // Several megabytes in thousands of folders: lines cut by the ends of the read blocks at
+    // many positions, names longer than a block, and the first block of 256 KiB ending on
+    // the CR of a line whose LF opens the next one.
+    const size_t blockSize = size_t(256) << 10;
     std::string image = ">d:\r\n>d:\\a\r\n";
-    Strings names;
-    const auto add = [&](const std::string &name) {
-        image += "d:\\a\\" + name + "|1|x\r\n";
-        names.push_back(name + "|1|x");
-    };
-    while (image.size() + 40 < blockSize)
-        add("datei" + std::to_string(names.size()));
-    add(std::string(blockSize - 1 - image.size() - std::strlen("d:\\a\\|1|x"), 'p'));
+    const std::string filler(blockSize - 1 - image.size() - std::strlen("d:\\a\\|1|x"), 'p');
+    image += "d:\\a\\" + filler + "|1|x\r\n";
     ASSERT_EQ(image.substr(blockSize - 1, 2), "\r\n");
-    add("rest");
+    std::map<std::string, Strings> expected { { "d:\\a", { filler + "|1|x" } } };
+    for (int f = 0; f < 3000; ++f) {
+        const std::string folder = "d:\\Ordner " + std::to_string(f);
+        image += ">" + folder + "\r\n";
+        for (int n = 0; n < 15; ++n) {
+            const std::string name = f % 1000 == 7 && n == 3 ? std::string(700000, 'l')
+                                                             : "datei " + std::string(static_cast<size_t>(n * 7 + f % 13), 'x');
+            image += folder + "\\" + name + "|" + std::to_string(n) + "|x\r\n";
+            expected[folder].push_back(name + "|" + std::to_string(n) + "|x");
+        }
+    }
     const auto loaded = load(image);
-    EXPECT_EQ(loaded->fileLineCount(), static_cast<int64_t>(names.size()));
-    EXPECT_TRUE(rows(loaded->listFolder("d:\\a", kNone)) == names);
+    ASSERT_EQ(loaded->folders().size(), 3002u);
+    EXPECT_EQ(loaded->fileLineCount(), 45001);
+    for (const auto &[folder, names] : expected)
+        ASSERT_EQ(rows(loaded->listFolder(folder, kNone)), names) << folder;
 }
