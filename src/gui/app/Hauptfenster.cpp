@@ -65,12 +65,17 @@ Hauptfenster::Hauptfenster(Program &program)
     connect(m_search, &SearchWindows::windowLoaded, &m_program, &Program::adopt);
     m_tray = new QSystemTrayIcon(QIcon(resources::programIcon()), this);
     connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::DoubleClick) {
+        const auto press = reason == QSystemTrayIcon::DoubleClick ? TrayDoubleClick::Press::LeftDouble
+            : reason == QSystemTrayIcon::Trigger                  ? TrayDoubleClick::Press::Left
+            : reason == QSystemTrayIcon::Context                  ? TrayDoubleClick::Press::Right
+                                                                  : TrayDoubleClick::Press::Other;
+        if (m_trayClicks.completes(press, m_trayClock.elapsed())) {
             show();
             raise();
             activateWindow();
         }
     });
+    m_trayClock.start();
     m_timer1 = new QTimer(this);
     m_timer1->setObjectName(QStringLiteral("Timer1"));
     m_timer1->setSingleShot(true);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "app/TrayDoubleClick.h"
 #include "common/MainWindowLink.h"
 
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QStyleHints>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -98,6 +102,8 @@ private:
     std::unique_ptr<CdDetailView> m_detail;
     SearchWindows *m_search;
     QSystemTrayIcon *m_tray;
+    TrayDoubleClick m_trayClicks { QGuiApplication::styleHints()->mouseDoubleClickInterval() };
+    QElapsedTimer m_trayClock;
     QTimer *m_timer1; // the list's column widths, shortly after a resize
     QPointer<newCD> m_newCD;
     QPointer<changecd> m_changecd;
