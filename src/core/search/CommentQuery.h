@@ -5,12 +5,10 @@
 
 #include <optional>
 
-// The query of the comment search. `text` is the query as the catalogue words it, the word
-// inside quotes exactly as typed; `boundText` is the same query with "?" in place of the
-// quoted pattern, which travels in `binds`, so that an apostrophe in the word is searched for.
+// The query of the comment search: `boundText` has "?" in place of the pattern, which
+// travels in `binds`, so that an apostrophe in the word is searched for.
 struct CommentQuery
 {
-    QString text;
     QString boundText;
     QVariantList binds;
 };
