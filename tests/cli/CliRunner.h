@@ -21,7 +21,6 @@ inline QStringList args(std::initializer_list<const char *> words)
     return list;
 }
 
-// What one run of the command line gave back.
 struct CliRun
 {
     int exitCode = -1;
@@ -42,18 +41,22 @@ struct Refusal
 class CliRunner
 {
 public:
-    CliRunner()
-    {
-        EXPECT_TRUE(m_dir.isValid());
-        QDir(m_dir.path()).mkpath(QStringLiteral("data"));
-    }
+    CliRunner() { QDir(m_dir.path()).mkpath(QStringLiteral("data")); }
 
     QString dataFolder() const { return m_dir.filePath(QStringLiteral("data")); }
     QString dataPath(const QString &relative) const { return QDir(dataFolder()).filePath(relative); }
     QString settingsFile() const { return m_dir.filePath(QStringLiteral("settings.ini")); }
     QString scratch(const QString &name) const { return m_dir.filePath(name); }
 
-    // The arguments follow "--data <data folder>".
+    // A file below the data folder with the given bytes.
+    void write(const QString &relative, const QByteArray &bytes) const
+    {
+        QDir().mkpath(QFileInfo(dataPath(relative)).path());
+        QFile file(dataPath(relative));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << relative.toStdString();
+        file.write(bytes);
+    }
+
     CliRun run(const QStringList &arguments) const
     {
         return runPlain(QStringList { QStringLiteral("--data"), dataFolder() } + arguments);
@@ -68,12 +71,9 @@ public:
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
         EXPECT_TRUE(process.waitForFinished(30000));
-        CliRun result;
-        result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-        result.lines
-            = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        result.error = QString::fromUtf8(process.readAllStandardError()).trimmed();
-        return result;
+        return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts),
+            QString::fromUtf8(process.readAllStandardError()).trimmed() };
     }
 
     // Each call must be refused: exit code 1 with exactly its message, or 2 with a usage text
@@ -85,16 +85,14 @@ public:
             const auto before = snapshot();
             const CliRun refused = run(call.arguments);
             EXPECT_EQ(refused.exitCode, call.exitCode);
-            if (call.exitCode == 2) {
-                EXPECT_TRUE(refused.error.startsWith(call.message)) << refused.error.toStdString();
-            } else {
-                EXPECT_EQ(refused.error, call.message);
-            }
+            EXPECT_EQ(
+                call.exitCode == 2 ? refused.error.left(call.message.size()) : refused.error, call.message);
             EXPECT_TRUE(refused.lines.isEmpty());
             EXPECT_TRUE(snapshot() == before);
         }
     }
 
+private:
     // Every file below the test's folder with its bytes, settings included.
     std::map<QString, QByteArray> snapshot() const
     {
@@ -108,6 +106,5 @@ public:
         return files;
     }
 
-private:
     QTemporaryDir m_dir;
 };

@@ -18,26 +18,14 @@ protected:
             .cd(3, u"Gärten"_s, u"Sta1|Word|End1"_s, -99)
             .cd(5, u"Leer"_s, u"Sta1|End1"_s, 0)
             .cd(8, u"Abbild fehlt"_s, u"Sta1|End1"_s, 808);
-        writeImage(4711,
+        m_cli.write(u"lws/4711.dat"_s,
             ">d:\r\nd:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n>d:\\Setup\r\n"
             "d:\\Setup\\liesmich.txt|2210|19.01.2003\r\nd:\\Setup\\H\xE4user.exe|65536|19.01.2003 "
             "00:12:31\r\n\r\n");
-        writeImage(-99, ">e:\r\ne:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50\r\n\r\n");
+        m_cli.write(u"lws/-99.dat"_s, ">e:\r\ne:\\Haus 2003\\garten.jpg|501772|28.07.2002 18:02:50\r\n\r\n");
     }
 
-    void writeImage(int32_t id, const QByteArray &bytes) const
-    {
-        QDir().mkpath(m_cli.dataPath(u"lws"_s));
-        QFile file(m_cli.dataPath(u"lws/%1.dat"_s.arg(id)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QStringList search(const QStringList &words) const
-    {
-        const CliRun run = m_cli.run(args({ "--archive", "Fotos", "search" }) + words);
-        EXPECT_EQ(run.exitCode, 0) << run.error.toStdString();
-        return run.lines;
-    }
+    static QStringList search(QStringList words) { return args({ "--archive", "Fotos", "search" }) + words; }
 
     CliRunner m_cli;
 };
@@ -50,21 +38,22 @@ TEST_F(SearchCommandsTest, PrintsTheHitEntriesOrTheFoundCdNumbers)
         u"12-Backup 2003<d:\\liesmich.txt|1834|12.03.2003 09:41:07"_s,
         u"12-Backup 2003<d:\\Setup\\liesmich.txt|2210|19.01.2003"_s,
         u"12-Backup 2003<d:\\Setup\\Häuser.exe|65536|19.01.2003 00:12:31"_s };
-    const std::pair<QStringList, QStringList> cases[]
-        = { { args({ "2003" }), hits }, { args({ "2003", "--exact" }), hits },
-              { args({ "HÄUSER" }), { hits[3] } }, { args({ "2003", "--cd", "3" }), { hits[0] } },
-              { args({ "*\\LIESMICH.TXT|", "--cd", "12", "--exact" }), { hits[1], hits[2] } },
-              { args({ "word", "--comments" }), args({ "3", "12" }) },
-              { args({ "word", "--comments", "--exact" }), args({ "3" }) },
-              { args({ "word", "--comments", "--cd", "12" }), args({ "12" }) } };
-    for (const auto &[words, lines] : cases)
-        EXPECT_EQ(search(words), lines) << words.join(u' ').toStdString();
+    const std::pair<QStringList, QStringList> cases[] = { { args({ "2003", "--exact" }), hits },
+        { args({ "HÄUSER" }), { hits[3] } }, { args({ "2003", "--cd", "3" }), { hits[0] } },
+        { args({ "*\\LIESMICH.TXT|", "--cd", "12", "--exact" }), { hits[1], hits[2] } },
+        { args({ "word", "--comments" }), args({ "3", "12" }) },
+        { args({ "word", "--comments", "--exact" }), args({ "3" }) },
+        { args({ "word", "--comments", "--cd", "12" }), args({ "12" }) } };
+    for (const auto &[words, lines] : cases) {
+        const CliRun run = m_cli.run(search(words));
+        EXPECT_EQ(run.lines, lines) << words.join(u' ').toStdString() << run.error.toStdString();
+    }
 }
 
 TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
 {
     const QString path = m_cli.scratch(u"ergebnis.txt"_s);
-    search({ u"häuser"_s, u"--save"_s, path });
+    m_cli.run(search({ u"häuser"_s, u"--save"_s, path }));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QList<QByteArray> lines = file.readAll().split('\n');
@@ -76,18 +65,15 @@ TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
 
 TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
 {
-    const QString usage = u"Aufruf: silberbuch-cli search"_s;
-    std::vector<Refusal> calls = { { args({ "Zebrafink" }), 1,
-                                       u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
-        { args({ "" }), 1, u"Bitte geben Sie einen Suchbegriff ein!"_s },
-        { args({ "[ab" }), 1, u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
-        { args({ "haus", "--cd", "8" }), 1, u"Kein Datenträgerabbild vorhanden!"_s },
-        { args({ "haus", "--cd", "77" }), 1, u"Die CD (Nummer: 77) wurde im Archiv nicht gefunden."_s },
-        { args({ "Excel", "--comments" }), 1, u"Keine übereinstimmende CD gefunden!"_s },
-        { args({ "a", "b" }), 2, usage }, { args({ "a", "--comments", "--save", "x.txt" }), 2, usage } };
-    for (Refusal &call : calls)
-        call.arguments = args({ "--archive", "Fotos", "search" }) + call.arguments;
-    m_cli.expectRefused(calls);
+    m_cli.expectRefused({ { search({ u"Zebrafink"_s }), 1, u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
+        { search({ u""_s }), 1, u"Bitte geben Sie einen Suchbegriff ein!"_s },
+        { search({ u"[ab"_s }), 1,
+            u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
+        { search(args({ "haus", "--cd", "8" })), 1, u"Kein Datenträgerabbild vorhanden!"_s },
+        { search(args({ "haus", "--cd", "77" })), 1,
+            u"Die CD (Nummer: 77) wurde im Archiv nicht gefunden."_s },
+        { search(args({ "Excel", "--comments" })), 1, u"Keine übereinstimmende CD gefunden!"_s },
+        { search(args({ "a", "--comments", "--save", "x.txt" })), 2, u"Aufruf: silberbuch-cli search"_s } });
 }
 
 } // namespace
