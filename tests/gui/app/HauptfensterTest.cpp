@@ -3,26 +3,13 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Hauptfenster, LoadShowsTheArchiveInTitleListAndCount)
-{
-    MainWindowRun m;
-    Hauptfenster *main = m.show();
-    EXPECT_EQ(main->windowTitle(), u"Silberbuch 5.1  -  Ravelin   |   Archiv: Test"_s);
-    EXPECT_EQ(m.entries(), (QStringList { u"3 birne"_s, u"7 Abc"_s, u"12 Zebra"_s }));
-    EXPECT_EQ(m.text("Label9"), u"3"_s);
-    EXPECT_EQ(m.text("Text2"), u"Keine CD ausgewählt !"_s);
-}
-
 TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
 {
     const struct
     {
-        const char *name;
-        const char *breite; // nullptr: a fresh profile
-        const char *tab;
+        const char *name, *breite, *tab; // breite nullptr: a fresh profile
         QSize size;
-        const char *stored; // "-": nothing stored
-        const char *pane;
+        const char *stored, *pane; // stored "-": nothing stored
     } cases[] = {
         { "fresh profile", nullptr, nullptr, QSize(816, 505), "-", "fr_1" },
         { "narrow width is raised and rewritten", "9000", "3", QSize(707, 533), "10600", "fr_3" },
@@ -47,20 +34,22 @@ TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
     }
 }
 
-// A normal close stores size, tab and sort for the next load; a maximized one keeps the last
-// normal size.
-TEST(Hauptfenster, CloseStoresTheLayoutAndTheNextLoadRestoresIt)
+// A load shows the archive in title, list and count. A normal close stores size, tab and sort
+// for the next load; a maximized one keeps the last normal size.
+TEST(Hauptfenster, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
 {
     MainWindowRun m;
     Hauptfenster *main = m.show();
+    EXPECT_EQ(main->windowTitle(), u"Silberbuch 5.1  -  Ravelin   |   Archiv: Test"_s);
+    EXPECT_EQ(m.entries(), (QStringList { u"3 birne"_s, u"7 Abc"_s, u"12 Zebra"_s }));
+    EXPECT_EQ(m.text("Label9") + u'|' + m.text("Text2"), u"3|Keine CD ausgewählt !"_s);
     main->resize(900, 640);
     m.showTab(3);
     main->sortListe_Click();
     main->close();
     m.run.settle();
     Settings &settings = m.run.settings();
-    EXPECT_EQ(settings.value(SettingKey::Breite), u"13500"_s);
-    EXPECT_EQ(settings.value(SettingKey::Hoehe), u"9600"_s);
+    EXPECT_EQ(settings.value(SettingKey::Breite) + settings.value(SettingKey::Hoehe), u"135009600"_s);
     EXPECT_EQ(settings.value(SettingKey::StartupMaximized), u"0"_s);
     EXPECT_EQ(m.run.program().loadedCount(), 0);
 

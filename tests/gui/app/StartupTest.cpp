@@ -12,16 +12,12 @@ using namespace Qt::StringLiterals;
 TEST(Startup, EachKindOfStartLeadsToItsWindow)
 {
     enum Folder { NoFolder, EmptyFolder, ArchivesAC, ArchivesAB }; // the default archive is B
+    // Start and autoarchiv before (nullptr: missing), the window, Start after, and "notice" or "tray".
     const struct
     {
         const char *name;
         Folder folder;
-        const char *start; // the settings before; nullptr: missing
-        const char *autoarchiv;
-        const char *commandLine;
-        const char *window;
-        const char *counted;
-        const char *extra; // "notice" or "tray"
+        const char *start, *autoarchiv, *commandLine, *window, *counted, *extra;
     } cases[] = {
         { "first start", NoFolder, nullptr, nullptr, "", "Form3", "1", "" },
         { "archive folder without a file", EmptyFolder, "7", "0", "", "Form3", "1", "" },
@@ -38,12 +34,9 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
         DesktopRun run(QString::fromLatin1(c.commandLine));
         if (c.folder != NoFolder)
             QDir().mkpath(datapaths::archiveFolder(run.home()));
-        if (c.folder >= ArchivesAC)
-            run.archive(u"A"_s);
-        if (c.folder == ArchivesAC) // two, so that the chooser does not open one by itself
-            run.archive(u"C"_s);
-        if (c.folder == ArchivesAB)
-            run.archive(u"B"_s);
+        if (c.folder >= ArchivesAC) // two, so that the chooser does not open one by itself
+            for (const QString &name : { u"A"_s, c.folder == ArchivesAC ? u"C"_s : u"B"_s })
+                run.archive(name);
         if (c.start)
             run.settings().setValue(SettingKey::Start, QString::fromLatin1(c.start));
         if (c.autoarchiv)
@@ -60,8 +53,8 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
             extra == "notice"_L1 ? QStringList { minimizedStartNotice() } : QStringList());
         if (Hauptfenster *main = run.form<Hauptfenster>()) {
             EXPECT_EQ(run.session().archiveName, u"B"_s);
-            EXPECT_EQ(main->isVisible(), extra != "tray"_L1);
-            EXPECT_EQ(main->trayIcon()->isVisible(), extra == "tray"_L1);
+            EXPECT_EQ(std::pair(main->isVisible(), main->trayIcon()->isVisible()),
+                std::pair(extra != "tray"_L1, extra == "tray"_L1));
         }
     }
 }

@@ -5,7 +5,6 @@
 #include "TempCatalog.h"
 #include "TreeBuilder.h"
 
-#include "app/DataPaths.h"
 #include "common/PromptScript.h"
 #include "images/wait.h"
 
@@ -17,30 +16,12 @@ namespace {
 class AbbildTest : public ::testing::Test
 {
 protected:
-    AbbildTest()
-    {
-        m_tree.file(QStringLiteral("Bilder/haus.jpg"), 482113, 1027879364);
-        m_tree.folder(QStringLiteral("Leer/auch leer")); // pruned from the image
-    }
-
     abbild *open(const QString &mode)
     {
         m_catalog.session().captureMode = mode;
         m_dialog = new abbild(m_catalog.session(), m_catalog.settings(), m_main.link());
         m_dialog->show();
         return m_dialog;
-    }
-
-    void capture()
-    {
-        ASSERT_TRUE(m_drive.capture(m_dialog));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    QByteArray image()
-    {
-        QFile file(datapaths::imageFile(m_catalog.dataFolder(), m_drive.id()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     void TearDown() override
@@ -52,54 +33,58 @@ protected:
     TempCatalog m_catalog;
     MainWindowStandIn m_main;
     PromptScript m_prompts;
-    QString m_volume = m_catalog.scratch(QStringLiteral("volume"));
-    TreeBuilder m_tree { m_volume };
-    CaptureDrive m_drive { m_catalog.settings(), m_volume };
     QPointer<abbild> m_dialog;
 };
 
 } // namespace
 
-TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRow)
+// Keeping the old image on a cancel is tested in the core; here a cancel leaves the row and
+// the dialog ready for another try, which then stores the id in the selected row.
+TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
 {
+    const QString volume = m_catalog.scratch(QStringLiteral("volume"));
+    TreeBuilder tree(volume);
+    tree.file(QStringLiteral("Bilder/haus.jpg"), 482113, 1027879364);
+    tree.folder(QStringLiteral("Leer/auch leer")); // pruned from the image
+    const CaptureDrive drive(m_catalog.settings(), volume);
+    const QString image = datapaths::imageFile(m_catalog.dataFolder(), drive.id());
     m_catalog.archive().cd(3, QStringLiteral("Drei")).cd(4, QStringLiteral("Vier"));
     m_main.select(4);
     m_catalog.session().listSorted = true;
     open(QStringLiteral("1"));
-    capture();
+    auto cancel = QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(), [this] {
+        EXPECT_FALSE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
+        control<QPushButton>(m_dialog->findChild<class wait *>(), "cmdCancel")->click();
+    });
+    ASSERT_TRUE(drive.capture(m_dialog));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(m_prompts.messages(),
+        QStringList { QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.") });
+    EXPECT_FALSE(QFile::exists(image));
+    EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, 0);
+    EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("1"));
+    ASSERT_FALSE(m_dialog.isNull());
+    EXPECT_TRUE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
+    EXPECT_EQ(m_dialog->findChild<class wait *>(), nullptr);
+
+    QObject::disconnect(cancel);
+    m_prompts.clear();
+    ASSERT_TRUE(drive.capture(m_dialog));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(
         m_prompts.messages(), QStringList { QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!") });
-    EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, m_drive.id());
+    EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, drive.id());
     EXPECT_EQ(m_catalog.store().selectByNumber(3).value.imageId, 0);
     EXPECT_EQ(std::pair(m_main.refreshes(), m_main.sorts()), std::pair(1, 1));
     EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("0"));
     EXPECT_TRUE(m_dialog.isNull());
-    EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), m_drive.drive().listText());
+    EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), drive.drive().listText());
     // The bytes are tested in the core; here the capture ran pruned.
+    QFile file(image);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     EXPECT_TRUE(
-        image().contains(m_drive.letter().toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
-    EXPECT_FALSE(image().contains("Leer"));
-}
-
-// Keeping the old image on a cancel is tested in the core; here the buttons and the row.
-TEST_F(AbbildTest, ACancelledCaptureLeavesTheRowAndTheDialogReady)
-{
-    m_catalog.archive().cd(4, QStringLiteral("Vier"));
-    m_main.select(4);
-    open(QStringLiteral("1"));
-    QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(), [this] {
-        EXPECT_FALSE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
-        control<QPushButton>(m_dialog->findChild<class wait *>(), "cmdCancel")->click();
-    });
-    capture();
-    EXPECT_EQ(m_prompts.messages(),
-        QStringList { QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.") });
-    EXPECT_FALSE(QFile::exists(datapaths::imageFile(m_catalog.dataFolder(), m_drive.id())));
-    EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, 0);
-    EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("1"));
-    ASSERT_FALSE(m_dialog.isNull()); // still open for another try
-    EXPECT_TRUE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
-    EXPECT_EQ(m_dialog->findChild<class wait *>(), nullptr);
+        bytes.contains(drive.letter().toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
+    EXPECT_FALSE(bytes.contains("Leer"));
 }
 
 // A picture of the wait window on the way through a large folder of the system, for a person
@@ -116,13 +101,11 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
     QSignalSpy ended(m_dialog.data(), &abbild::captureEnded);
     ASSERT_TRUE(system.start(m_dialog));
     bool pictured = false;
-    while (window && !pictured) {
+    for (; window && !pictured; QTest::qWait(2))
         if (control<QLabel>(window, "lblProgress")->toolTip().contains(u'\\')) {
             screenshot(window, QStringLiteral("wait"));
             pictured = true;
         }
-        QTest::qWait(2);
-    }
     ASSERT_TRUE(!ended.isEmpty() || ended.wait(60000));
     EXPECT_TRUE(pictured) << "the capture ended before it reported a folder";
 }

@@ -1,14 +1,11 @@
 #include "CaptureDrive.h"
-#include "Control.h"
 #include "MainWindowStandIn.h"
 #include "QStringPrinting.h"
 #include "Screenshot.h"
 #include "TempCatalog.h"
 #include "TreeBuilder.h"
 
-#include "app/DataPaths.h"
 #include "common/PromptScript.h"
-#include "records/CdEditor.h"
 #include "records/changecd.h"
 #include "records/newCD.h"
 
@@ -22,44 +19,40 @@
 namespace {
 
 const QString savedMessage = QStringLiteral("CD erfolgreich gespeichert!");
-const QString capturedMessage = QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!");
 
 class CdEditorTest : public ::testing::Test
 {
 protected:
-    CdEditor *openNew() { return track(new newCD(m_catalog.session(), m_catalog.settings(), m_main.link())); }
-    CdEditor *openChange(int selected)
+    // Opens newCD, or changecd over the CD `selected` in the main window.
+    template <class Dialog> void open(int selected = 0)
     {
+        delete m_open.data();
         m_main.select(selected);
-        return track(new changecd(m_catalog.session(), m_catalog.settings(), m_main.link()));
+        m_open = new Dialog(m_catalog.session(), m_catalog.settings(), m_main.link());
+        m_open->show();
     }
 
-    // A control of the dialog opened last.
     template <typename T> T *control(const char *name) { return ::control<T>(m_open.data(), name); }
     void click(const char *button) { control<QPushButton>(button)->click(); }
+    void setText(const char *box, const QString &text) { control<QLineEdit>(box)->setText(text); }
 
     // Clicks "Speichern"; a saved dialog frees itself.
     void save()
     {
         click("Command3");
-        settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    // A one-coloured picture in the test's own folder.
-    QString picture(int width, int height)
-    {
-        const QString path = m_catalog.scratch(QStringLiteral("bilder"))
-            + QStringLiteral("/cover%1x%2.jpg").arg(width).arg(height);
-        QImage image(width, height, QImage::Format_RGB32);
-        image.fill(QColor(30, 90, 160));
-        EXPECT_TRUE(image.save(path, "JPG"));
-        return path;
-    }
-
-    // Chooses a cover of the given size, then captures the drive from the dialog the editor opens.
+    // Chooses a one-coloured cover of the given size, then captures the drive from the dialog
+    // the editor opens.
     void coverAndCapture(const CaptureDrive &drive, int width, int height, const char *captureMode)
     {
-        m_prompts.answerFile(Prompts::FileAnswer { picture(width, height), 0 });
+        const QString path
+            = m_catalog.scratch(QStringLiteral("bilder")) + QStringLiteral("/cover%1.jpg").arg(width);
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(QColor(30, 90, 160));
+        ASSERT_TRUE(image.save(path, "JPG"));
+        m_prompts.answerFile(Prompts::FileAnswer { path, 0 });
         click("Command4");
         click("Command2");
         EXPECT_EQ(m_catalog.session().captureMode, QLatin1String(captureMode));
@@ -68,32 +61,27 @@ protected:
             QStringLiteral("Vorhanden! ID: ") + QString::number(drive.id()));
     }
 
-    QSize coverSize(const QString &number)
+    // The row of CD `number`, checked against `expected` but for the cover, whose picture
+    // must have the given size.
+    void expectRow(int number, CdRow expected, QSize cover)
     {
-        return QImage(datapaths::coverFile(m_catalog.dataFolder(), number)).size();
+        const auto row = m_catalog.store().selectByNumber(number);
+        ASSERT_TRUE(row.ok()) << row.error.message.toStdString();
+        expected.cover = row.value.cover;
+        EXPECT_EQ(row.value, expected);
+        EXPECT_EQ(QImage(datapaths::coverFile(m_catalog.dataFolder(), row.value.cover)).size(), cover);
     }
-
-    static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     void TearDown() override
     {
         delete m_open.data();
-        settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     TempCatalog m_catalog;
     MainWindowStandIn m_main;
     PromptScript m_prompts;
     QPointer<CdEditor> m_open;
-
-private:
-    CdEditor *track(CdEditor *editor)
-    {
-        delete m_open.data();
-        m_open = editor;
-        editor->show();
-        return editor;
-    }
 };
 
 } // namespace
@@ -109,28 +97,24 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     const CaptureDrive drive(m_catalog.settings(), volume);
     ASSERT_NE(drive.id(), 0);
 
-    CdEditor *editor = openNew();
-    control<QLineEdit>("Text1")->setText(QStringLiteral("Urlaub 2003"));
-    auto *text2 = control<QLineEdit>("Text2");
-    text2->clear();
-    QTest::keyClicks(text2, QStringLiteral("0a0-7")); // digits only
-    auto *text4 = control<QLineEdit>("Text4");
-    QTest::keyClicks(text4, QStringLiteral("Word"));
-    QTest::keyClick(text4, Qt::Key_Return);
+    open<newCD>();
+    setText("Text1", QStringLiteral("Urlaub 2003"));
+    control<QLineEdit>("Text2")->clear();
+    QTest::keyClicks(control<QLineEdit>("Text2"), QStringLiteral("0a0-7")); // digits only
+    QTest::keyClicks(control<QLineEdit>("Text4"), QStringLiteral("Word"));
+    QTest::keyClick(control<QLineEdit>("Text4"), Qt::Key_Return);
     QApplication::clipboard()->setText(QStringLiteral("Excel 2000\r\n\r\nTreiber für Drucker\r\n"));
     click("Command11");
     coverAndCapture(drive, 600, 300, "2");
-    screenshot(editor, QStringLiteral("newCD"));
+    screenshot(m_open, QStringLiteral("newCD"));
     save();
     EXPECT_TRUE(m_open.isNull());
-    EXPECT_EQ(m_prompts.messages(), (QStringList { capturedMessage, savedMessage }));
-    const auto row = m_catalog.store().selectByNumber(7);
-    ASSERT_TRUE(row.ok()) << row.error.message.toStdString();
-    EXPECT_EQ(row.value,
-        (CdRow { 7, QStringLiteral("Urlaub 2003"), drive.id(),
-            QStringLiteral("Sta1|Word|Excel 2000|Treiber für Drucker|End1"), false, row.value.cover }));
-    EXPECT_EQ(coverSize(row.value.cover), QSize(300, 150));
-
+    EXPECT_EQ(m_prompts.messages(),
+        (QStringList { QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!"), savedMessage }));
+    expectRow(7,
+        { 7, QStringLiteral("Urlaub 2003"), drive.id(),
+            QStringLiteral("Sta1|Word|Excel 2000|Treiber für Drucker|End1"), false, {} },
+        QSize(300, 150));
     QFile image(datapaths::imageFile(m_catalog.dataFolder(), drive.id()));
     ASSERT_TRUE(image.open(QIODevice::ReadOnly));
     EXPECT_TRUE(image.readAll().contains(drive.letter().toLatin1() + "\\liesmich.txt|1834|"));
@@ -144,49 +128,46 @@ TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
     TreeBuilder(volume).file(QStringLiteral("a.txt"), 1, 1044057600);
     const CaptureDrive drive(m_catalog.settings(), volume);
     m_catalog.archive().row(
-        CdRow { 5, QStringLiteral("Fünf"), 77, QStringLiteral("Sta1|a|b|End1"), true, QStringLiteral("0") });
+        { 5, QStringLiteral("Fünf"), 77, QStringLiteral("Sta1|a|b|End1"), true, QStringLiteral("0") });
 
-    openChange(5);
+    open<changecd>(5);
     EXPECT_EQ(control<QLineEdit>("Text1")->text(), QStringLiteral("Fünf"));
     EXPECT_EQ(control<QLabel>("Label3")->text(), QStringLiteral("Vorhanden! ID: 77"));
     auto *list2 = control<QListWidget>("List2");
     m_prompts.answerInput(QStringLiteral("A"));
     emit list2->itemDoubleClicked(list2->item(0)); // edits here, unlike in a new CD
-    control<QLineEdit>("Text1")->setText(QStringLiteral("Fünf neu"));
-    control<QLineEdit>("Text4")->setText(QStringLiteral("c|d"));
+    setText("Text1", QStringLiteral("Fünf neu"));
+    setText("Text4", QStringLiteral("c|d"));
     click("Command9");
     coverAndCapture(drive, 100, 50, "3");
     EXPECT_EQ(m_catalog.store().selectByNumber(5).value.imageId, 77);
     save();
     EXPECT_EQ(m_prompts.messages().last(), savedMessage);
-    const CdRow first = m_catalog.store().selectByNumber(5).value;
-    EXPECT_EQ(first,
-        (CdRow { 5, QStringLiteral("Fünf neu"), drive.id(), QStringLiteral("Sta1|A|b|c|d|End1"), false,
-            first.cover }));
-    ASSERT_NE(first.cover, QStringLiteral("0"));
-    EXPECT_EQ(coverSize(first.cover), QSize(300, 150));
+    expectRow(5,
+        { 5, QStringLiteral("Fünf neu"), drive.id(), QStringLiteral("Sta1|A|b|c|d|End1"), false, {} },
+        QSize(300, 150));
 }
 
 // The number rules themselves are tested in the core; here a refusal reaches the user and keeps
 // the dialog and the rows as they were, in both dialogs.
 TEST_F(CdEditorTest, SavingRefusesWithItsMessageAndLeavesTheDialogOpen)
 {
-    const QString taken = QStringLiteral("Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben "
-                                         "Sie eine andere CD Nummer ein, da jede Nummer nur einmal vergeben "
-                                         "werden darf!");
-    const std::tuple<int, QString, QString, QString> refused[] = { // changing (0: new), number, title
-        { 0, QStringLiteral("005"), QStringLiteral("X"), taken },
-        { 0, QStringLiteral("9"), QString(51, u'x'),
+    const QString taken
+        = QStringLiteral("Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie "
+                         "eine andere CD Nummer ein, da jede Nummer nur einmal vergeben werden darf!");
+    const std::tuple<bool, QString, QString, QString> refused[] = { // changing CD 1, number, title
+        { false, QStringLiteral("005"), QStringLiteral("X"), taken },
+        { false, QStringLiteral("9"), QString(51, u'x'),
             QStringLiteral("Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben.") },
-        { 1, QStringLiteral("5"), QStringLiteral("X"), taken }
+        { true, QStringLiteral("5"), QStringLiteral("X"), taken }
     };
     m_catalog.archive().cd(1, QStringLiteral("Eins")).cd(5, QStringLiteral("Fünf"));
     for (const auto &[changing, number, title, message] : refused) {
         SCOPED_TRACE(number.toStdString());
         m_prompts.clear();
-        changing ? openChange(changing) : openNew();
-        control<QLineEdit>("Text1")->setText(title);
-        control<QLineEdit>("Text2")->setText(number);
+        changing ? open<changecd>(1) : open<newCD>();
+        setText("Text1", title);
+        setText("Text2", number);
         save();
         ASSERT_FALSE(m_open.isNull()) << "a refusal keeps the dialog open";
         ASSERT_EQ(m_prompts.shown().size(), 1u);
@@ -194,8 +175,7 @@ TEST_F(CdEditorTest, SavingRefusesWithItsMessageAndLeavesTheDialogOpen)
             std::pair(message, Prompts::Icon::Critical));
         EXPECT_EQ(control<QLineEdit>("Text1")->text(), title);
         const auto rows = m_catalog.store().selectAll().value;
-        EXPECT_EQ(rows.size(), 2u);
-        EXPECT_EQ(rows.front().name, QStringLiteral("Eins"));
+        EXPECT_EQ(std::pair(rows.size(), rows.front().name), std::pair(size_t { 2 }, QStringLiteral("Eins")));
     }
     EXPECT_EQ(m_main.refreshes(), 0);
 }
