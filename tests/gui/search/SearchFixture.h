@@ -9,8 +9,13 @@
 #include "search/frmResults.h"
 #include "search/frmsearch.h"
 
+#include <QAction>
+#include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
 
 // The desktop program over an archive of five CDs: three with images, one without, and one
 // whose image file is gone. Every prompt is answered by the script and recorded.
@@ -21,21 +26,68 @@ protected:
     enum Where { OneCd, AllCds };
     enum What { Files, Comments };
 
-    SearchFixture();
+    SearchFixture()
+    {
+        m_run.archive(QStringLiteral("Sammlung"))
+            ->cd(1, QStringLiteral("Backup 2003"), QStringLiteral("Sta1|Steuer 2003|Word|End1"), 1001)
+            .cd(2, QStringLiteral("Fotos"), QStringLiteral("Sta1|Urlaub Ägypten|End1"), 1002)
+            .cd(3, QStringLiteral("Ohne Abbild"), QStringLiteral("Sta1|word Handbuch|End1"), 0)
+            .cd(4, QStringLiteral("Spiele"), QStringLiteral("Sta1|Spiele|End1"), -1408263712)
+            .cd(5, QStringLiteral("Verloren"), QStringLiteral("Sta1|End1"), 1005);
+        m_run.image(1001,
+            ">d:\r\nd:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n>d:\\Setup\r\n"
+            "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\nd:\\Setup\\Word.exe|9|01.02.2003\r\n\r\n");
+        m_run.image(1002,
+            ">e:\r\n>e:\\Bilder\r\ne:\\Bilder\\haus.jpg|482113|28.07.2002 "
+            "18:02:44\r\n>e:\\Bilder\\alt.zip\r\n"
+            "e:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\r\ne:\\Bilder\\alt.zip\\||\r\n"
+            "e:\\w\xF6rter\\word.doc|10|05.05.2005\r\n\r\n");
+        m_run.image(
+            -1408263712, ">f:\r\n>f:\\Spiele\r\nf:\\Spiele\\Word7.exe|2048|03.03.2003 03:03:03\r\n\r\n");
+        m_run.openArchive(QStringLiteral("Sammlung"));
+        m_main = m_run.program().show<Hauptfenster>();
+        settle();
+        m_list = control<QListWidget>(m_main, "List2");
+    }
 
     // Selects the CD's entry in the main window's list, as a click would.
-    void selectCd(int number);
+    void selectCd(int number)
+    {
+        m_list->setCurrentItem(
+            m_list->findItems(QString::number(number) + QLatin1Char(' '), Qt::MatchStartsWith).value(0));
+        ASSERT_NE(m_list->currentItem(), nullptr) << "CD " << number;
+    }
+
     // Opens the dialog from the menu, sets the options, types the word and presses "Suchen";
     // true once the search has ended or was refused before it began.
-    bool search(const QString &word, Where where, What what, bool explicitMatch = false);
+    bool search(const QString &word, Where where, What what, bool explicitMatch = false)
+    {
+        control<QAction>(m_main, "mnusearch2")->trigger();
+        frmsearch *dialog = window<frmsearch>();
+        control<QRadioButton>(dialog, where == OneCd ? "Option1" : "Option2")->setChecked(true);
+        control<QRadioButton>(dialog, what == Files ? "Option3" : "Option4")->setChecked(true);
+        control<QCheckBox>(dialog, "Check1")->setChecked(explicitMatch);
+        control<QLineEdit>(dialog, "Text1")->setText(word);
+        QSignalSpy finished(dialog, &frmsearch::searchFinished);
+        auto *command1 = control<QPushButton>(dialog, "Command1");
+        command1->click();
+        // A search that runs keeps the button disabled until it ends.
+        const bool ended = !finished.isEmpty() || command1->isEnabled() || finished.wait(20000);
+        settle();
+        return ended;
+    }
+
     // The one message shown so far, with its icon.
-    void expectOneMessage(const QString &text, Icon icon);
+    void expectOneMessage(const QString &text, Icon icon)
+    {
+        ASSERT_EQ(shown().size(), 1u) << text.toStdString();
+        EXPECT_EQ(std::pair(shown()[0].text, shown()[0].icon), std::pair(text, icon));
+    }
 
     template <typename W> W *window() const { return m_run.form<W>(); }
     QString mainLabel(const char *name) const { return control<QLabel>(m_main, name)->text(); }
     const std::vector<PromptScript::Shown> &shown() { return m_run.prompts().shown(); }
     Session &session() { return m_run.session(); }
-    // Lets queued events and deferred deletes run.
     void settle() { m_run.settle(); }
 
     DesktopRun m_run;
