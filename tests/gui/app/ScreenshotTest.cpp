@@ -1,12 +1,8 @@
-#include "DesktopRun.h"
-#include "ExampleImage.h"
+#include "MainWindowRun.h"
 
-#include "app/Hauptfenster.h"
 #include "images/ImageBrowser.h"
 
-#include <QListWidget>
 #include <QSortFilterProxyModel>
-#include <QTabBar>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -15,28 +11,21 @@ using namespace Qt::StringLiterals;
 // to the test program.
 TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
 {
-    DesktopRun run;
-    auto archive = run.archive(u"Alle Meine CDs"_s);
-    archive->cd(1, u"Urlaub 2003"_s, u"Sta1|Fotos vom Gardasee|Videos|End1"_s, 1001);
-    archive->cd(2, u"Steuer 2002"_s, u"Sta1|Belege|Formulare|End1"_s);
-    run.image(1001, exampleImage());
-    run.openArchive(u"Alle Meine CDs"_s);
-    run.settings().setValue(SettingKey::Breite, u"15000"_s);
-    run.settings().setValue(SettingKey::Hoehe, u"9000"_s);
-
-    Hauptfenster *main = run.program().show<Hauptfenster>();
-    main->findChild<QListWidget *>(u"List2"_s)->setCurrentRow(0);
-    main->findChild<QTabBar *>(u"TabStrip1"_s)->setCurrentIndex(1);
-    auto *tree = main->findChild<QTreeView *>(u"TV"_s);
+    MainWindowRun m;
+    m.run.settings().setValue(SettingKey::Breite, u"15000"_s);
+    m.run.settings().setValue(SettingKey::Hoehe, u"9000"_s);
+    m.show();
+    m.select(7);
+    m.showTab(2);
+    auto *tree = m.control<QTreeView>("TV");
     const QModelIndex pictures = tree->model()->index(0, 0, tree->model()->index(0, 0));
     tree->expand(pictures);
     tree->setCurrentIndex(pictures);
     emit tree->clicked(pictures);
-    run.settle(50);
-    ASSERT_EQ(main->browser()->listModel()->rowCount(), 2);
+    m.run.settle(50);
+    ASSERT_EQ(m.main->browser()->listModel()->rowCount(), 2);
 
     const QString folder = QCoreApplication::applicationDirPath() + u"/screenshots"_s;
     QDir().mkpath(folder);
-    const QImage shot = main->grab().toImage();
-    EXPECT_TRUE(shot.save(folder + u"/Hauptfenster.png"_s));
+    EXPECT_TRUE(m.main->grab().toImage().save(folder + u"/Hauptfenster.png"_s));
 }
