@@ -10,11 +10,7 @@
 class MainWindowStandIn
 {
 public:
-    MainWindowStandIn()
-        : m_label8(new QLabel(&m_window))
-    {
-        m_label8->setObjectName(QStringLiteral("Label8"));
-    }
+    MainWindowStandIn() { m_label8->setObjectName(QStringLiteral("Label8")); }
 
     void select(int number) { m_label8->setText(QString::number(number)); }
 
@@ -28,13 +24,12 @@ public:
         return link;
     }
 
-    QWidget &window() { return m_window; }
     int refreshes() const { return m_refreshes; }
     int sorts() const { return m_sorts; }
 
 private:
     QWidget m_window;
-    QLabel *m_label8;
+    QLabel *m_label8 = new QLabel(&m_window);
     int m_refreshes = 0;
     int m_sorts = 0;
 };

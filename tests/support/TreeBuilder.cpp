@@ -5,7 +5,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cstring>
 #include <stdexcept>
 
 #include <dirent.h>
@@ -22,11 +21,6 @@ void check(bool ok, const char *what, const QString &relative)
 }
 
 } // namespace
-
-TreeBuilder::TreeBuilder(const QString &root)
-    : m_root(root)
-{
-}
 
 QString TreeBuilder::path(const QString &relative) const
 {
@@ -73,9 +67,10 @@ void TreeBuilder::symlink(const QString &target, const QString &relative, int64_
 void TreeBuilder::setTime(const QString &relative, int64_t mtime, bool link) const
 {
     const timespec times[2] = { { static_cast<time_t>(mtime), 0 }, { static_cast<time_t>(mtime), 0 } };
-    const QByteArray name = QFile::encodeName(path(relative));
-    check(::utimensat(AT_FDCWD, name.constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0) == 0, "cannot time",
-        relative);
+    check(::utimensat(
+              AT_FDCWD, QFile::encodeName(path(relative)).constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0)
+            == 0,
+        "cannot time", relative);
 }
 
 QStringList TreeBuilder::listingOrder(const QString &relativeFolder) const
@@ -84,8 +79,8 @@ QStringList TreeBuilder::listingOrder(const QString &relativeFolder) const
     DIR *folder = ::opendir(QFile::encodeName(path(relativeFolder)).constData());
     check(folder, "cannot list", relativeFolder);
     while (const dirent *entry = ::readdir(folder))
-        if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
-            names.append(QFile::decodeName(entry->d_name));
+        if (const QString name = QFile::decodeName(entry->d_name); name != u"." && name != u"..")
+            names.append(name);
     ::closedir(folder);
     return names;
 }

@@ -12,7 +12,10 @@ class TreeBuilder
 {
 public:
     // `root` must exist.
-    explicit TreeBuilder(const QString &root);
+    explicit TreeBuilder(const QString &root)
+        : m_root(root)
+    {
+    }
 
     const QString &root() const { return m_root; }
     QString path(const QString &relative) const;
