@@ -5,30 +5,25 @@ using namespace Qt::StringLiterals;
 
 TEST(Hauptfenster, StoredLayoutIsReadWithTheWidthFloor)
 {
-    const struct
-    {
-        const char *name, *breite, *tab; // breite nullptr: a fresh profile
-        QSize size;
-        const char *stored, *pane; // stored "-": nothing stored
-    } cases[] = {
-        { "fresh profile", nullptr, nullptr, QSize(816, 505), "-", "fr_1" },
-        { "narrow width is raised and rewritten", "9000", "3", QSize(707, 533), "10600", "fr_3" },
-        { "wide window", "15000", "2", QSize(1000, 533), "15000", "fr_2" },
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
+    // name, Breite stored before (nullptr: a fresh profile), tab, size, Breite after ("-": none), pane
+    const std::tuple<const char *, const char *, const char *, QSize, const char *, const char *> cases[]
+        = { { "fresh profile", nullptr, nullptr, QSize(816, 505), "-", "fr_1" },
+              { "narrow width is raised and rewritten", "9000", "3", QSize(707, 533), "10600", "fr_3" },
+              { "wide window", "15000", "2", QSize(1000, 533), "15000", "fr_2" } };
+    for (const auto &[name, breite, tab, size, stored, pane] : cases) {
+        SCOPED_TRACE(name);
         MainWindowRun m;
         Settings &settings = m.run.settings();
-        if (c.breite) {
-            settings.setValue(SettingKey::Breite, QString::fromLatin1(c.breite));
+        if (breite) {
+            settings.setValue(SettingKey::Breite, QString::fromLatin1(breite));
             settings.setValue(SettingKey::Hoehe, u"8000"_s);
-            settings.setValue(SettingKey::TabStrip, QString::fromLatin1(c.tab));
+            settings.setValue(SettingKey::TabStrip, QString::fromLatin1(tab));
         }
         Hauptfenster *main = m.show();
-        EXPECT_EQ(main->size(), c.size);
-        EXPECT_EQ(m.paneShown(), QString::fromLatin1(c.pane));
+        EXPECT_EQ(main->size(), size);
+        EXPECT_EQ(m.paneShown(), QString::fromLatin1(pane));
         EXPECT_EQ(settings.contains(SettingKey::Breite) ? settings.value(SettingKey::Breite) : u"-"_s,
-            QString::fromLatin1(c.stored));
+            QString::fromLatin1(stored));
         main->resize(300, 400);
         EXPECT_GE(main->width(), 600) << "the resize floor";
     }

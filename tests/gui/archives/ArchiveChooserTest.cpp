@@ -15,18 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLineEdit *textBox(QWidget *window)
-{
-    return control<QLineEdit>(window, "Text1");
-}
-QListWidget *list(QWidget *chooser)
-{
-    return control<QListWidget>(chooser, "List1");
-}
-bool archiveFile(DesktopRun &run, const QString &name)
-{
+const auto textBox = [](QWidget *window) { return control<QLineEdit>(window, "Text1"); };
+const auto list = [](QWidget *chooser) { return control<QListWidget>(chooser, "List1"); };
+const auto archiveFile = [](DesktopRun &run, const QString &name) {
     return QFileInfo::exists(datapaths::archiveFile(run.home(), name));
-}
+};
 
 openarchiv *chooser(DesktopRun &run)
 {
