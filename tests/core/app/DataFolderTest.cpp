@@ -9,13 +9,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using DataFolderTest = AppTestFolder;
 
-TEST_F(DataFolderTest, ProgramFolderComesFromTheEnvironmentAndIsCreated)
-{
-    const ScopedEnvironment slashed("SILBERBUCH_HOME", (programPath() + u"//"_s).toLocal8Bit());
-    EXPECT_EQ(programFolder(), programPath());
-    EXPECT_TRUE(QFileInfo(programPath()).isDir());
-}
-
 // pfad true means the program folder, read afresh at each call; otherwise the folder in path
 // without one closing separator, or else the program folder with a notice naming the path.
 TEST_F(DataFolderTest, PfadAndPathChooseTheFolder)

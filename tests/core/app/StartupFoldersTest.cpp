@@ -44,6 +44,12 @@ TEST_F(StartupFoldersTest, FirstStartCreatesEverythingLaterStartsHealDefIniAlone
     EXPECT_EQ(fileBytes(in("archive/def2.ini")), QByteArray("changed"));
     EXPECT_EQ(fileBytes(in("archive/def.ini")), placeholder);
     EXPECT_EQ(start(), u"2"_s);
+
+    // A missing data folder fails without being created.
+    const QString gone = path(u"gone/data"_s);
+    EXPECT_FALSE(prepareDataFolder(gone, settings()));
+    EXPECT_FALSE(QFileInfo::exists(gone));
+    EXPECT_EQ(start(), u"1"_s);
 }
 
 TEST_F(StartupFoldersTest, CounterIsPlainDecimalText)
@@ -70,7 +76,6 @@ TEST_F(StartupFoldersTest, EachStepRunsOnlyWhenTheOnesBeforeWorked)
         QStringList expected;
     } cases[] = { { "archiveFolderHoldsAnArchive", nullptr, "archive/Spiele.mdb", true,
                       { u"archive"_s, u"archive/def.ini"_s, u"lws"_s, u"lws/temp.tm1"_s } },
-        { "emptyArchiveFolder", "archive", nullptr, false, { u"archive"_s } },
         { "archiveFolderHoldsOnlyAFolder", "archive/old", nullptr, false, { u"archive"_s } },
         { "lwsIsAFile", nullptr, "lws", false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
         { "emptyLwsFolder", "lws", nullptr, false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
@@ -91,14 +96,6 @@ TEST_F(StartupFoldersTest, EachStepRunsOnlyWhenTheOnesBeforeWorked)
         EXPECT_EQ(entries(), c.expected);
         EXPECT_EQ(start(), c.ok ? u"6"_s : u"1"_s);
     }
-}
-
-TEST_F(StartupFoldersTest, MissingDataFolderFailsWithoutCreatingIt)
-{
-    const QString gone = path(u"gone/data"_s);
-    EXPECT_FALSE(prepareDataFolder(gone, settings()));
-    EXPECT_FALSE(QFileInfo::exists(gone));
-    EXPECT_EQ(start(), u"1"_s);
 }
 
 } // namespace
