@@ -15,31 +15,29 @@ TEST_F(DataFolderTest, PfadAndPathChooseTheFolder)
 {
     QDir().mkpath(path(u"net"_s));
     writeFile(path(u"plain.txt"_s), "x");
-    const struct
-    {
-        const char *pfad, *path; // nullptr: not stored
-        const char *expected; // nullptr: the program folder
-        const char *notice; // the path the notice names; nullptr: no notice
-    } cases[] = { { nullptr, "net", nullptr, nullptr }, { "False", "net\\", "net", nullptr },
-        { "Falsch", "net/", "net", nullptr },
+    // pfad and path stored (nullptr: not stored), the folder (nullptr: the program folder), the
+    // path the notice names (nullptr: no notice)
+    using S = const char *;
+    const std::tuple<S, S, S, S> cases[] = { { nullptr, "net", nullptr, nullptr },
+        { "False", "net\\", "net", nullptr }, { "Falsch", "net/", "net", nullptr },
         { "False", "unplugged/Silberbuch\\", nullptr, "unplugged/Silberbuch" },
         { "False", "plain.txt", nullptr, "plain.txt" }, { "vielleicht", "net", nullptr, "" },
         { "False", nullptr, nullptr, nullptr } };
     int row = 0;
-    for (const auto &c : cases) {
-        SCOPED_TRACE(std::string(c.pfad ? c.pfad : "-") + " " + (c.path ? c.path : "-"));
+    for (const auto &[pfad, stored, folder, notice] : cases) {
+        SCOPED_TRACE(std::string(pfad ? pfad : "-") + " " + (stored ? stored : "-"));
         Settings own(path(u"case%1.ini"_s.arg(++row)));
-        if (c.pfad)
-            own.setValue(SettingKey::pfad, QString::fromLatin1(c.pfad));
-        if (c.path)
-            own.setValue(SettingKey::path, path(QString::fromLatin1(c.path)));
+        if (pfad)
+            own.setValue(SettingKey::pfad, QString::fromLatin1(pfad));
+        if (stored)
+            own.setValue(SettingKey::path, path(QString::fromLatin1(stored)));
         Session session;
         QString message;
-        const QString expected = c.expected ? path(QString::fromLatin1(c.expected)) : programPath();
+        const QString expected = folder ? path(QString::fromLatin1(folder)) : programPath();
         EXPECT_EQ(getDataFolder(session, own, &message), expected);
-        const QString named = c.notice && *c.notice ? path(QString::fromLatin1(c.notice)) : QString();
-        EXPECT_EQ(message, c.notice ? dataFolderFallbackMessage(named) : QString());
-        EXPECT_EQ(session.dataFolderCache, c.pfad ? expected : QString());
+        const QString named = notice && *notice ? path(QString::fromLatin1(notice)) : QString();
+        EXPECT_EQ(message, notice ? dataFolderFallbackMessage(named) : QString());
+        EXPECT_EQ(session.dataFolderCache, pfad ? expected : QString());
     }
 }
 

@@ -67,34 +67,28 @@ TEST_F(StartupFoldersTest, CounterIsPlainDecimalText)
 // leaves the later steps undone and marks a first start.
 TEST_F(StartupFoldersTest, EachStepRunsOnlyWhenTheOnesBeforeWorked)
 {
-    const struct
-    {
-        const char *name;
-        const char *folder; // created before the start
-        const char *file; // created before the start
-        bool ok;
-        QStringList expected;
-    } cases[] = { { "archiveFolderHoldsAnArchive", nullptr, "archive/Spiele.mdb", true,
-                      { u"archive"_s, u"archive/def.ini"_s, u"lws"_s, u"lws/temp.tm1"_s } },
-        { "archiveFolderHoldsOnlyAFolder", "archive/old", nullptr, false, { u"archive"_s } },
-        { "lwsIsAFile", nullptr, "lws", false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
-        { "emptyLwsFolder", "lws", nullptr, false, { u"archive"_s, u"archive/def2.ini"_s, u"lws"_s } },
-        { "defIniIsAFolder", "archive/def.ini", "archive/CDs.mdb", false,
-            { u"archive"_s, u"archive/def.ini"_s, u"lws"_s, u"lws/temp.tm1"_s } } };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
+    // folder and file made before the start, whether it works, what is there afterwards
+    const std::tuple<const char *, const char *, bool, const char *> cases[] = {
+        { nullptr, "archive/Spiele.mdb", true, "archive archive/def.ini lws lws/temp.tm1" },
+        { "archive/old", nullptr, false, "archive" },
+        { nullptr, "lws", false, "archive archive/def2.ini lws" },
+        { "lws", nullptr, false, "archive archive/def2.ini lws" },
+        { "archive/def.ini", "archive/CDs.mdb", false, "archive archive/def.ini lws lws/temp.tm1" },
+    };
+    for (const auto &[folder, file, ok, expected] : cases) {
+        SCOPED_TRACE(std::string(folder ? folder : "-") + ' ' + (file ? file : "-"));
         QDir(data).removeRecursively();
         QDir().mkpath(data);
         settings().setValue(SettingKey::Start, u"5"_s);
-        if (c.folder)
-            QDir().mkpath(in(c.folder));
-        if (c.file) {
-            QDir().mkpath(QFileInfo(in(c.file)).path());
-            writeFile(in(c.file), "x");
+        if (folder)
+            QDir().mkpath(in(folder));
+        if (file) {
+            QDir().mkpath(QFileInfo(in(file)).path());
+            writeFile(in(file), "x");
         }
-        EXPECT_EQ(prepareDataFolder(data, settings()), c.ok);
-        EXPECT_EQ(entries(), c.expected);
-        EXPECT_EQ(start(), c.ok ? u"6"_s : u"1"_s);
+        EXPECT_EQ(prepareDataFolder(data, settings()), ok);
+        EXPECT_EQ(entries().join(u' '), QLatin1String(expected));
+        EXPECT_EQ(start(), ok ? u"6"_s : u"1"_s);
     }
 }
 
