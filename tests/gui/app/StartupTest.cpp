@@ -51,6 +51,10 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
             EXPECT_EQ(run.session().archiveName, u"B"_s);
             EXPECT_EQ(std::pair(main->isVisible(), main->trayIcon()->isVisible()),
                 std::pair(extra != std::string_view("tray"), extra == std::string_view("tray")));
+            // Two quick presses of the right button, as some desktops report a double click.
+            for (int press = 0; press < 2; ++press)
+                emit main->trayIcon()->activated(QSystemTrayIcon::Context);
+            EXPECT_TRUE(main->isVisible());
         }
     }
 }
