@@ -55,6 +55,20 @@ inline bool sameBytes(const char *a, const char *b, size_t size)
     return std::memcmp(a, b, size) == 0;
 }
 
+// Reads `count` bytes from `offset` on; false when the file ends first or cannot be read.
+bool readAt(int fd, char *into, size_t count, uint64_t offset)
+{
+    while (count > 0) {
+        const ssize_t got = ::pread(fd, into, count, static_cast<off_t>(offset));
+        if (got <= 0)
+            return false;
+        into += got;
+        count -= static_cast<size_t>(got);
+        offset += static_cast<uint64_t>(got);
+    }
+    return true;
+}
+
 } // namespace
 
 ImageIndex::FileState ImageIndex::stateFrom(const struct stat &info)
@@ -269,25 +283,12 @@ std::string ImageIndex::readRuns(int32_t firstRun, uint32_t lines) const
     if (fd < 0)
         return bytes;
     struct stat info;
-    size_t total = 0;
-    for (int32_t r = firstRun; r >= 0; r = m_runs[static_cast<size_t>(r)].next)
-        total += static_cast<size_t>(m_runs[static_cast<size_t>(r)].end - m_runs[static_cast<size_t>(r)].begin);
     bool whole = ::fstat(fd, &info) == 0 && stateFrom(info) == m_state;
-    if (whole) {
-        bytes.resize(total);
-        size_t at = 0;
-        for (int32_t r = firstRun; whole && r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
-            const Run &run = m_runs[static_cast<size_t>(r)];
-            for (uint64_t from = run.begin; whole && from < run.end;) {
-                const ssize_t got = ::pread(fd, bytes.data() + at, static_cast<size_t>(run.end - from),
-                    static_cast<off_t>(from));
-                whole = got > 0;
-                if (whole) {
-                    at += static_cast<size_t>(got);
-                    from += static_cast<uint64_t>(got);
-                }
-            }
-        }
+    for (int32_t r = firstRun; whole && r >= 0; r = m_runs[static_cast<size_t>(r)].next) {
+        const Run &run = m_runs[static_cast<size_t>(r)];
+        const size_t at = bytes.size();
+        bytes.resize(at + static_cast<size_t>(run.end - run.begin));
+        whole = readAt(fd, bytes.data() + at, bytes.size() - at, run.begin);
     }
     ::close(fd);
     if (!whole)
