@@ -75,8 +75,9 @@ public:
     int64_t fileLineCount() const { return m_fileLines; }
 
     // The file lines whose folder (the line up to its last backslash) is exactly `folder`,
-    // in file order, read from the file. A line without "|" is stepped over. A row whose name is already in the
-    // listing is not added; its size and date replace those of the row added before it.
+    // in file order, read from the file. A line without "|" is stepped over. A row whose
+    // name is already in the listing is not added; its size and date replace those of the
+    // row added before it.
     //
     // Icons: the type table takes the type of each line, "dat" for a path without a dot or
     // ending in a digit. A row then looks up its type by the plain rule (the text after the
