@@ -29,14 +29,10 @@ protected:
     ArchiveBuilder m_archive { m_cli.dataFolder(), u"Musik"_s };
 };
 
-TEST_F(CdCommandsTest, ListShowsTheChosenArchiveInNumberOrderOrByTitle)
+TEST_F(CdCommandsTest, ListShowsTheArchiveInNumberOrderOrByTitle)
 {
     m_archive.cd(12, u"apfel"_s).cd(3, u"Birne"_s).cd(7, u"Äpfel"_s);
-    EXPECT_EQ(cd(args({ "list" })).lines, args({ "3 Birne", "7 Äpfel", "12 apfel" }));
     EXPECT_EQ(cd(args({ "list", "--alpha" })).lines, args({ "3  Birne", "12  apfel", "7  Äpfel" }));
-
-    ArchiveBuilder(m_cli.dataFolder(), u"Filme"_s).cd(1, u"Film"_s);
-    EXPECT_EQ(m_cli.run(args({ "cd", "list", "--archive", "Filme" })).lines, args({ "1 Film" }));
     m_archive.cd(40000, u"Zu groß"_s);
     const CliRun listed = cd(args({ "list" }));
     EXPECT_EQ(listed.exitCode, 1);
@@ -48,17 +44,14 @@ TEST_F(CdCommandsTest, ListShowsTheChosenArchiveInNumberOrderOrByTitle)
 
 TEST_F(CdCommandsTest, AddStoresTheRowAsTheNewCdDialogDoes)
 {
-    EXPECT_EQ(cd(args({ "add", "--number", "007", "--title", "Urlaub 2003", "--comment", "Fotos", "--comment",
-                     "Videos", "--image", "-1234" }))
-                  .lines,
+    const QStringList add = args({ "add", "--number", "007", "--title", "Urlaub 2003", "--comment", "Fotos",
+        "--comment", "Videos", "--image", "-1234", "--cover" });
+    EXPECT_EQ(cd(add + QStringList { picture(u"cover.png"_s, { 100, 50 }) }).lines,
         args({ "CD erfolgreich gespeichert!" }));
-    EXPECT_EQ(row(7), (CdRow { 7, u"Urlaub 2003"_s, -1234, u"Sta1|Fotos|Videos|End1"_s, false, u"0"_s }));
-
-    const QStringList withCover = args({ "add", "--number", "1", "--title", "Mit Bild", "--cover" });
-    ASSERT_EQ(cd(withCover + QStringList { picture(u"cover.png"_s, { 100, 50 }) }).exitCode, 0);
+    const CdRow stored = row(7);
     EXPECT_EQ(
-        QDir(m_cli.dataPath(u"Covers"_s)).entryList(QDir::Files), QStringList { row(1).cover + u".bmp"_s });
-    EXPECT_EQ(QImage(m_cli.dataPath(u"Covers/%1.bmp"_s.arg(row(1).cover)), "BMP").size(), QSize(300, 150));
+        stored, (CdRow { 7, u"Urlaub 2003"_s, -1234, u"Sta1|Fotos|Videos|End1"_s, false, stored.cover }));
+    EXPECT_EQ(QImage(m_cli.dataPath(u"Covers/%1.bmp"_s.arg(stored.cover)), "BMP").size(), QSize(300, 150));
 }
 
 // The editor's rules are tested in the core; here what is not given stays and a renumbered CD moves.

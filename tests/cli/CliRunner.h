@@ -53,23 +53,20 @@ public:
     {
         QDir().mkpath(QFileInfo(dataPath(relative)).path());
         QFile file(dataPath(relative));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << relative.toStdString();
-        file.write(bytes);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
+            << relative.toStdString();
     }
 
-    CliRun run(const QStringList &arguments) const
-    {
-        return runPlain(QStringList { QStringLiteral("--data"), dataFolder() } + arguments);
-    }
-
-    CliRun runPlain(const QStringList &arguments) const
+    // Without withData the program picks its own data folder.
+    CliRun run(const QStringList &arguments, bool withData = true) const
     {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
         environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
+        process.start(QStringLiteral(SILBERBUCH_CLI),
+            withData ? QStringList { QStringLiteral("--data"), dataFolder() } + arguments : arguments);
         EXPECT_TRUE(process.waitForFinished(30000));
         return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts),

@@ -42,25 +42,20 @@ TEST(CdSaveRulesTest, NumberChecksOfNewAndChangedCds)
         = u"Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie eine andere CD "
           u"Nummer ein, da jede Nummer nur einmal vergeben werden darf!"_s;
     const QString digits = u"Die CD Nummer darf nur die Ziffern 0 bis 9 enthalten."_s;
-    const struct
-    {
-        const char *text;
-        const char *own; // the changed CD's number; nullptr: a new CD
-        int32_t number; // when accepted
-        QString message;
-    } cases[] = { { "007", nullptr, 7, {} }, { "0032000", nullptr, 32000, {} },
-        { "32001", nullptr, 0, limit }, { "99999999999999", nullptr, 0, limit }, { "000", nullptr, 0, taken },
-        { "005", nullptr, 0, taken }, { "", nullptr, 0, u"Bitte geben Sie eine CD Nummer ein."_s },
-        { "-5", nullptr, 0, digits }, { " 7", nullptr, 0, digits }, { "0005", "5", 5, {} },
-        { "6", "5", 6, {} }, { "12", "5", 0, taken }, { "0", "5", 0, taken }, { "40000", "5", 0, limit } };
+    // text, the changed CD's number (none: a new CD), the number when accepted, the message
+    const std::tuple<const char *, const char *, int32_t, QString> cases[]
+        = { { "007", nullptr, 7, {} }, { "0032000", nullptr, 32000, {} }, { "32001", nullptr, 0, limit },
+              { "99999999999999", nullptr, 0, limit }, { "000", nullptr, 0, taken },
+              { "005", nullptr, 0, taken }, { "", nullptr, 0, u"Bitte geben Sie eine CD Nummer ein."_s },
+              { "-5", nullptr, 0, digits }, { " 7", nullptr, 0, digits }, { "0005", "5", 5, {} },
+              { "6", "5", 6, {} }, { "12", "5", 0, taken }, { "40000", "5", 0, limit } };
     const QStringList list = numberList(rowsNumbered({ 5, 12 }));
-    for (const auto &c : cases) {
-        SCOPED_TRACE(std::string(c.text) + (c.own ? " changing " + std::string(c.own) : " new"));
-        const QString text = QString::fromLatin1(c.text);
-        const NumberCheck check = c.own ? checkChangeCdNumber(text, list, QString::fromLatin1(c.own))
-                                        : checkNewCdNumber(text, list);
-        EXPECT_EQ(check.message, c.message);
-        EXPECT_EQ(check.ok() ? check.number : 0, c.number);
+    for (const auto &[text, own, number, message] : cases) {
+        SCOPED_TRACE(std::string(text) + (own ? " changing " + std::string(own) : " new"));
+        const NumberCheck check = own
+            ? checkChangeCdNumber(QString::fromLatin1(text), list, QString::fromLatin1(own))
+            : checkNewCdNumber(QString::fromLatin1(text), list);
+        EXPECT_EQ(std::pair(check.message, check.ok() ? check.number : 0), std::pair(message, number));
     }
 }
 

@@ -12,13 +12,11 @@ using namespace Qt::StringLiterals;
 class CdSaverTest : public ::testing::Test
 {
 protected:
-    CdSaver::Outcome saveNew(CdDraft draft) const
+    // Without a number the draft is a new CD, else the changed CD of that number.
+    CdSaver::Outcome save(CdDraft draft, std::optional<int32_t> changing = {}) const
     {
-        return CdSaver(m_archive.store(), m_covers).saveNewCd(draft);
-    }
-    CdSaver::Outcome saveChanged(int32_t number, CdDraft draft) const
-    {
-        return CdSaver(m_archive.store(), m_covers).saveChangedCd(number, draft);
+        const CdSaver saver(m_archive.store(), m_covers);
+        return changing ? saver.saveChangedCd(*changing, draft) : saver.saveNewCd(draft);
     }
     std::vector<CdRow> rows() const { return m_archive.store().selectAll().value; }
     QStringList coverFiles() const
@@ -41,40 +39,40 @@ protected:
 
 TEST_F(CdSaverTest, NewCdIsStoredWithTheNewCdEncodingAndItsCover)
 {
-    const CdSaver::Outcome outcome = saveNew({ u"007"_s, u"Urlaub 2003"_s, {}, 0 });
-    EXPECT_TRUE(outcome.saved);
-    EXPECT_EQ(outcome.message, u"CD erfolgreich gespeichert!"_s);
-    ASSERT_TRUE(saveNew(withCover({ u"3"_s, u"Mit Bild"_s, { u"a"_s, u"b"_s }, -42 })).saved);
+    EXPECT_EQ(save({ u"007"_s, u"Urlaub 2003"_s, {}, 0 }).message, u"CD erfolgreich gespeichert!"_s);
+    ASSERT_TRUE(save(withCover({ u"3"_s, u"Mit Bild"_s, { u"a"_s, u"b"_s }, -42 })).saved);
     EXPECT_EQ(rows(),
         (std::vector<CdRow> { { 3, u"Mit Bild"_s, -42, u"Sta1|a|b|End1"_s, false, u"50000"_s },
             { 7, u"Urlaub 2003"_s, 0, u"Sta1|End1"_s, false, u"0"_s } }));
     EXPECT_EQ(coverFiles(), QStringList { u"50000.bmp"_s });
 }
 
+// Refused by the number rules, by the store (the cover is taken back) or by the cover folder.
 TEST_F(CdSaverTest, RefusedSavesChangeNothing)
 {
     m_archive.cd(5, u"Vorhanden"_s).cd(6, u"Sechs"_s);
     const std::vector<CdRow> before = rows();
-    const struct
-    {
-        std::optional<int32_t> changing;
-        QString number, title;
-        const char *messageStart;
-    } cases[] = { { {}, u"5"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
-        { {}, u"7"_s, QString(51, u't'), "Der Titel ist zu lang" },
-        { 8, u"8"_s, u"x"_s, "Die CD (Nummer: 8) wurde im Archiv nicht gefunden." } };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.messageStart);
-        const CdDraft draft = withCover({ c.number, c.title, { u"k"_s }, 9 });
-        const CdSaver::Outcome outcome = c.changing ? saveChanged(*c.changing, draft) : saveNew(draft);
+    const std::tuple<std::optional<int32_t>, QString, QString, const char *> cases[]
+        = { { {}, u"5"_s, u"x"_s, "Fehler! Die gewünschte CD Nummer" },
+              { {}, u"7"_s, QString(51, u't'), "Der Titel ist zu lang" },
+              { 8, u"8"_s, u"x"_s, "Die CD (Nummer: 8) wurde im Archiv nicht gefunden." } };
+    for (const auto &[changing, number, title, messageStart] : cases) {
+        SCOPED_TRACE(messageStart);
+        const CdSaver::Outcome outcome = save(withCover({ number, title, { u"k"_s }, 9 }), changing);
         EXPECT_FALSE(outcome.saved);
-        EXPECT_TRUE(outcome.message.startsWith(QString::fromUtf8(c.messageStart)))
+        EXPECT_TRUE(outcome.message.startsWith(QString::fromUtf8(messageStart)))
             << outcome.message.toStdString();
         EXPECT_EQ(rows(), before);
         EXPECT_TRUE(coverFiles().isEmpty());
     }
+    QFile blocker(m_dir.filePath(u"Covers"_s)); // a file where the folder should be
+    ASSERT_TRUE(QDir(blocker.fileName()).removeRecursively() && blocker.open(QIODevice::WriteOnly));
+    EXPECT_EQ(save(withCover({ u"7"_s, u"x"_s, {}, 0 })).message,
+        u"Der Ordner \"%1\" kann nicht angelegt werden."_s.arg(
+            QDir::toNativeSeparators(blocker.fileName() + u'/')));
+    EXPECT_EQ(rows(), before);
     ASSERT_TRUE(QFile::remove(m_archive.path()));
-    const CdSaver::Outcome noArchive = saveNew({ u"1"_s, u"x"_s, {}, 0 });
+    const CdSaver::Outcome noArchive = save({ u"1"_s, u"x"_s, {}, 0 });
     EXPECT_FALSE(noArchive.saved);
     EXPECT_TRUE(noArchive.message.contains(u"wurde nicht gefunden"_s)) << noArchive.message.toStdString();
 }
@@ -84,11 +82,11 @@ TEST_F(CdSaverTest, RefusedSavesChangeNothing)
 TEST_F(CdSaverTest, ChangedCdIsRewrittenByTheEditorsRules)
 {
     m_archive.row({ 5, u"Alt"_s, 77, u"Sta1|End1"_s, true, u"0"_s }).cd(6, u"Nachbar"_s);
-    ASSERT_TRUE(saveChanged(5, { u"5"_s, u"Neu"_s, {}, 77 }).saved);
+    ASSERT_TRUE(save({ u"5"_s, u"Neu"_s, {}, 77 }, 5).saved);
     EXPECT_EQ(rows().front(), (CdRow { 5, u"Neu"_s, 77, u"Sta1||End1"_s, false, u"0"_s }));
 
-    ASSERT_TRUE(saveChanged(5, withCover({ u"0010"_s, u"Zehn"_s, {}, 0 })).saved);
-    ASSERT_TRUE(saveChanged(10, withCover({ u"10"_s, u"Zehn"_s, {}, 0 })).saved);
+    ASSERT_TRUE(save(withCover({ u"0010"_s, u"Zehn"_s, {}, 0 }), 5).saved);
+    ASSERT_TRUE(save(withCover({ u"10"_s, u"Zehn"_s, {}, 0 }), 10).saved);
     EXPECT_EQ(rows().size(), 2u);
     EXPECT_EQ(rows().back(), (CdRow { 10, u"Zehn"_s, 0, u"Sta1||End1"_s, false, u"100000"_s }));
     EXPECT_EQ(coverFiles(), (QStringList { u"100000.bmp"_s, u"50000.bmp"_s }));

@@ -12,19 +12,16 @@ using namespace commentcodec;
 // The new-CD dialog writes every line; the editor swallows an empty line and the bar ending a line.
 TEST(CommentCodecTest, EachDialogEncodesByItsOwnRule)
 {
-    const struct
-    {
-        QStringList comments;
-        const char *newCd, *changeCd;
-    } cases[] = { { {}, "Sta1|End1", "Sta1||End1" }, { { u"a"_s, u"b"_s }, "Sta1|a|b|End1", "Sta1|a|b|End1" },
+    const std::tuple<QStringList, const char *, const char *> cases[] = { // comments, new CD, changed CD
+        { {}, "Sta1|End1", "Sta1||End1" }, { { u"a"_s, u"b"_s }, "Sta1|a|b|End1", "Sta1|a|b|End1" },
         { { QString(), u"x"_s }, "Sta1||x|End1", "Sta1|x|End1" },
         { { u"a"_s, QString(), u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
         { { u"a|"_s, u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
-        { { QString() }, "Sta1||End1", "Sta1||End1" } };
-    for (const auto &c : cases) {
-        EXPECT_EQ(encodeNewCd(c.comments), QString::fromUtf8(c.newCd));
-        EXPECT_EQ(encodeChangeCd(c.comments), QString::fromUtf8(c.changeCd));
-    }
+        { { QString() }, "Sta1||End1", "Sta1||End1" }
+    };
+    for (const auto &[comments, newCd, changeCd] : cases)
+        EXPECT_EQ(std::pair(encodeNewCd(comments), encodeChangeCd(comments)),
+            std::pair(QString::fromUtf8(newCd), QString::fromUtf8(changeCd)));
 }
 
 TEST(CommentCodecTest, DecodingDropsTheFirstAndLastPiece)

@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 // One side reaches the box; the other is rounded half to even.
 TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
 {
-    const std::pair<QSize, QSize> cases[] = { { { 600, 300 }, { 300, 150 } }, { { 100, 50 }, { 300, 150 } },
-        { { 300, 600 }, { 150, 300 } }, { { 400, 299 }, { 300, 224 } }, { { 600, 301 }, { 300, 150 } },
-        { { 600, 303 }, { 300, 152 } }, { { 0, 10 }, {} } };
+    const std::pair<QSize, QSize> cases[]
+        = { { { 600, 300 }, { 300, 150 } }, { { 100, 50 }, { 300, 150 } }, { { 300, 600 }, { 150, 300 } },
+              { { 600, 301 }, { 300, 150 } }, { { 600, 303 }, { 300, 152 } }, { { 0, 10 }, {} } };
     for (const auto &[picture, fitted] : cases)
         EXPECT_EQ(coverimage::fitCoverSize(picture.width(), picture.height(), 300, 300), fitted)
             << picture.width() << "x" << picture.height();
@@ -35,14 +35,14 @@ TEST(CoverImageTest, FittedPictureKeepsItsHalvesAndLosesTransparency)
     EXPECT_EQ(cover.pixel(290, 75), qRgb(255, 255, 255));
 }
 
-// The GIF is written by hand since the toolkit writes none.
+// The GIF is written by hand since the toolkit writes none; BMP and PNG come in through the command line
+// tests.
 TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
 {
     QTemporaryDir dir;
     QImage picture(40, 20, QImage::Format_RGB32);
     picture.fill(qRgb(0, 128, 255));
-    for (const char *format : { "bmp", "jpg", "png" })
-        ASSERT_TRUE(picture.save(dir.filePath(u"bild."_s + QString::fromLatin1(format)), format));
+    ASSERT_TRUE(picture.save(dir.filePath(u"bild.jpg"_s), "jpg"));
     const std::pair<const char *, QByteArray> written[] = {
         { "punkt.gif",
             QByteArray::fromHex(
@@ -53,9 +53,8 @@ TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
         QFile file(dir.filePath(QString::fromLatin1(name)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
-    const std::pair<const char *, QSize> cases[]
-        = { { "bild.bmp", { 40, 20 } }, { "bild.jpg", { 40, 20 } }, { "bild.png", { 40, 20 } },
-              { "punkt.gif", { 1, 1 } }, { "brief.jpg", { 0, 0 } }, { "fehlt.bmp", { 0, 0 } } };
+    const std::pair<const char *, QSize> cases[] = { { "bild.jpg", { 40, 20 } }, { "punkt.gif", { 1, 1 } },
+        { "brief.jpg", { 0, 0 } }, { "fehlt.bmp", { 0, 0 } } };
     for (const auto &[name, size] : cases) {
         const coverimage::Loaded loaded = coverimage::loadPicture(dir.filePath(QString::fromLatin1(name)));
         EXPECT_EQ(loaded.picture.size(), size) << name;

@@ -52,15 +52,4 @@ TEST(CoverStoreTest, NumbersAreDrawnUntilOneIsFree)
     EXPECT_TRUE(store.load(u"123"_s).isNull());
 }
 
-TEST(CoverStoreTest, UnwritableFolderIsAGermanError)
-{
-    QTemporaryDir dir;
-    QFile blocker(dir.filePath(u"Covers"_s));
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
-    const StoreResult<QString> saved = CoverStore(dir.path(), sequence({ 0.2 })).save(picture({ 10, 10 }));
-    EXPECT_EQ(saved.error.kind, ArchiveError::Kind::FileError);
-    EXPECT_TRUE(saved.error.message.contains(u"kann nicht angelegt werden"_s))
-        << saved.error.message.toStdString();
-}
-
 } // namespace
