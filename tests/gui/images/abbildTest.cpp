@@ -1,68 +1,37 @@
-#include "CaptureDrive.h"
-#include "MainWindowStandIn.h"
+#include "CaptureDialogTest.h"
 #include "QStringPrinting.h"
 #include "Screenshot.h"
-#include "TempCatalog.h"
-#include "TreeBuilder.h"
 
-#include "common/PromptScript.h"
 #include "images/wait.h"
 
 #include <QLabel>
 #include <QTest>
 
-namespace {
-
-class AbbildTest : public ::testing::Test
-{
-protected:
-    abbild *open(const QString &mode)
-    {
-        m_catalog.session().captureMode = mode;
-        m_dialog = new abbild(m_catalog.session(), m_catalog.settings(), m_main.link());
-        m_dialog->show();
-        return m_dialog;
-    }
-
-    void TearDown() override
-    {
-        delete m_dialog.data();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    TempCatalog m_catalog;
-    MainWindowStandIn m_main;
-    PromptScript m_prompts;
-    QPointer<abbild> m_dialog;
-};
-
-} // namespace
+using namespace Qt::StringLiterals;
+using AbbildTest = CaptureDialogTest<abbild>;
 
 // Keeping the old image on a cancel is tested in the core; here a cancel leaves the row and
 // the dialog ready for another try, which then stores the id in the selected row.
 TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
 {
-    const QString volume = m_catalog.scratch(QStringLiteral("volume"));
-    TreeBuilder tree(volume);
-    tree.file(QStringLiteral("Bilder/haus.jpg"), 482113, 1027879364);
-    tree.folder(QStringLiteral("Leer/auch leer")); // pruned from the image
-    const CaptureDrive drive(m_catalog.settings(), volume);
+    const CaptureDrive drive = volume(u"volume"_s, { { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
+    TreeBuilder(m_catalog.scratch(u"volume"_s)).folder(u"Leer/auch leer"_s); // pruned from the image
     const QString image = datapaths::imageFile(m_catalog.dataFolder(), drive.id());
-    m_catalog.archive().cd(3, QStringLiteral("Drei")).cd(4, QStringLiteral("Vier"));
-    m_main.select(4);
+    m_catalog.archive().cd(3, u"Drei"_s).cd(4, u"Vier"_s);
     m_catalog.session().listSorted = true;
-    open(QStringLiteral("1"));
+    m_catalog.session().captureMode = u"1"_s;
+    open<abbild>(4);
     auto cancel = QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(), [this] {
         EXPECT_FALSE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
         control<QPushButton>(m_dialog->findChild<class wait *>(), "cmdCancel")->click();
     });
     ASSERT_TRUE(drive.capture(m_dialog));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(m_prompts.messages(),
-        QStringList { QStringLiteral("Die Erstellung des Laufwerksabbilds wurde abgebrochen.") });
+    EXPECT_EQ(
+        m_prompts.messages(), QStringList { u"Die Erstellung des Laufwerksabbilds wurde abgebrochen."_s });
     EXPECT_FALSE(QFile::exists(image));
     EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, 0);
-    EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("1"));
+    EXPECT_EQ(m_catalog.session().captureMode, u"1"_s);
     ASSERT_FALSE(m_dialog.isNull());
     EXPECT_TRUE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
     EXPECT_EQ(m_dialog->findChild<class wait *>(), nullptr);
@@ -71,12 +40,12 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
     m_prompts.clear();
     ASSERT_TRUE(drive.capture(m_dialog));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(
-        m_prompts.messages(), QStringList { QStringLiteral("Der CD Inhalt wurde erfolgreich eingelesen!") });
-    EXPECT_EQ(m_catalog.store().selectByNumber(4).value.imageId, drive.id());
-    EXPECT_EQ(m_catalog.store().selectByNumber(3).value.imageId, 0);
+    EXPECT_EQ(m_prompts.messages(), QStringList { u"Der CD Inhalt wurde erfolgreich eingelesen!"_s });
+    EXPECT_EQ(std::pair(m_catalog.store().selectByNumber(4).value.imageId,
+                  m_catalog.store().selectByNumber(3).value.imageId),
+        std::pair(drive.id(), 0));
     EXPECT_EQ(std::pair(m_main.refreshes(), m_main.sorts()), std::pair(1, 1));
-    EXPECT_EQ(m_catalog.session().captureMode, QStringLiteral("0"));
+    EXPECT_EQ(m_catalog.session().captureMode, u"0"_s);
     EXPECT_TRUE(m_dialog.isNull());
     EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), drive.drive().listText());
     // The bytes are tested in the core; here the capture ran pruned.
@@ -93,8 +62,9 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
 {
     if (qEnvironmentVariableIsEmpty("SILBERBUCH_SCREENSHOTS"))
         GTEST_SKIP() << "set SILBERBUCH_SCREENSHOTS to a folder for the picture";
-    const CaptureDrive system(m_catalog.settings(), QStringLiteral("/usr/share"));
-    open(QStringLiteral("2"));
+    const CaptureDrive system(m_catalog.settings(), u"/usr/share"_s);
+    m_catalog.session().captureMode = u"2"_s;
+    open<abbild>();
     QPointer<class wait> window;
     QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(),
         [this, &window] { window = m_dialog->findChild<class wait *>(); });
@@ -103,7 +73,7 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
     bool pictured = false;
     for (; window && !pictured; QTest::qWait(2))
         if (control<QLabel>(window, "lblProgress")->toolTip().contains(u'\\')) {
-            screenshot(window, QStringLiteral("wait"));
+            screenshot(window, u"wait"_s);
             pictured = true;
         }
     ASSERT_TRUE(!ended.isEmpty() || ended.wait(60000));
