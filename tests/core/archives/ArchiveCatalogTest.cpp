@@ -59,13 +59,7 @@ TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
 TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
 {
     ArchiveBuilder(m_dir.path(), u"Musik"_s).cd(1, u"Bleibt"_s);
-    const struct
-    {
-        QString archive;
-        QStringList listed;
-        Kind kind;
-        QString message;
-    } cases[] = {
+    const std::tuple<QString, QStringList, Kind, QString> cases[] = { // name, names listed, kind, message
         { u"Musik"_s, { u"Musik"_s }, Kind::DuplicateName,
             u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\r\nBitte wählen Sie einen anderen Namen"_s },
         { QString(), {}, Kind::BadName, u"Der Name des Archivs darf nicht leer sein."_s },
@@ -75,10 +69,9 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
         { u"Musik"_s, {}, Kind::FileError,
             u"Die Datei \"%1\" existiert bereits."_s.arg(m_catalog.pathOf(u"Musik"_s)) }
     };
-    for (const auto &c : cases) {
-        const ArchiveError error = m_catalog.create(c.archive, c.listed);
-        EXPECT_EQ(error.kind, c.kind) << c.archive.toStdString();
-        EXPECT_EQ(error.message, c.message);
+    for (const auto &[archive, listed, kind, message] : cases) {
+        const ArchiveError error = m_catalog.create(archive, listed);
+        EXPECT_EQ(std::pair(error.kind, error.message), std::pair(kind, message));
     }
     EXPECT_EQ(m_catalog.names(), QStringList { u"Musik"_s });
     EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll().value.size(), 1u);

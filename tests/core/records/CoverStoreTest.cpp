@@ -7,20 +7,14 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
-
 namespace {
 
 using namespace Qt::StringLiterals;
 
 // Hands out the given values in turn, as the random source of a cover store.
-CoverStore::RandomSource sequence(std::deque<double> values)
+CoverStore::RandomSource sequence(std::vector<double> values)
 {
-    return [values]() mutable {
-        const double next = values.front();
-        values.pop_front();
-        return next;
-    };
+    return [values, next = size_t(0)]() mutable { return values.at(next++); };
 }
 
 QImage picture(QSize size)
@@ -45,9 +39,7 @@ TEST(CoverStoreTest, NumbersAreDrawnUntilOneIsFree)
     EXPECT_EQ(numbers, (QStringList { u"2"_s, u"500000"_s, u"50000"_s, u"250000"_s }));
     EXPECT_EQ(store.fileOf(u"250000"_s), dir.filePath(u"Covers/250000.bmp"_s));
     QFile file(store.fileOf(u"50000"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.read(2), QByteArray("BM"));
-    EXPECT_EQ(store.load(u"2"_s).size(), QSize(10, 10));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.read(2) == "BM");
     EXPECT_EQ(store.load(u"250000"_s).size(), QSize(150, 300));
     EXPECT_TRUE(store.load(u"123"_s).isNull());
 }
