@@ -29,12 +29,7 @@ struct CliRun
 };
 
 // A call to refuse: its words after "--data <data folder>", the exit code and the message.
-struct Refusal
-{
-    QStringList arguments;
-    int exitCode;
-    QString message;
-};
+using Refusal = std::tuple<QStringList, int, QString>;
 
 // Runs the real command line against a temporary data folder (--data), a settings file of
 // its own ($SILBERBUCH_CONFIG) and a program folder of its own ($SILBERBUCH_HOME).
@@ -77,13 +72,12 @@ public:
     // starting with it; nothing on stdout, and no file below the test's folder changed.
     void expectRefused(const std::vector<Refusal> &calls) const
     {
-        for (const Refusal &call : calls) {
-            SCOPED_TRACE(call.arguments.join(QLatin1Char(' ')).toStdString());
+        for (const auto &[arguments, exitCode, message] : calls) {
+            SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString());
             const auto before = snapshot();
-            const CliRun refused = run(call.arguments);
-            EXPECT_EQ(refused.exitCode, call.exitCode);
-            EXPECT_EQ(
-                call.exitCode == 2 ? refused.error.left(call.message.size()) : refused.error, call.message);
+            const CliRun refused = run(arguments);
+            EXPECT_EQ(refused.exitCode, exitCode);
+            EXPECT_EQ(exitCode == 2 ? refused.error.left(message.size()) : refused.error, message);
             EXPECT_TRUE(refused.lines.isEmpty());
             EXPECT_TRUE(snapshot() == before);
         }
