@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QTreeView>
 
 // The archive "Test" open in the main window: CD 7 "Abc" with two comments and the example
 // image 1001, CD 3 "birne" and CD 12 "Zebra" with neither image nor cover.
@@ -46,6 +47,20 @@ struct MainWindowRun
     }
     QString paneShown() const { return control<QStackedWidget>("Frame2")->currentWidget()->objectName(); }
     void showTab(int tab) const { control<QTabBar>("TabStrip1")->setCurrentIndex(tab - 1); }
+    // Opens and clicks the node of the image tree at a path of texts below the root, such as
+    // "Bilder/alt.zip"; "" is the root.
+    void clickNode(const QString &path) const
+    {
+        auto *tree = control<QTreeView>("TV");
+        const QAbstractItemModel *model = tree->model();
+        QModelIndex at = model->index(0, 0);
+        for (const QString &text : path.split(u'/', Qt::SkipEmptyParts))
+            at = model->match(model->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly).value(0);
+        ASSERT_TRUE(at.isValid()) << path.toStdString();
+        tree->expand(at);
+        tree->setCurrentIndex(at);
+        emit tree->clicked(at);
+    }
 
     DesktopRun run;
     std::unique_ptr<ArchiveBuilder> archive;

@@ -3,7 +3,6 @@
 #include "images/ImageBrowser.h"
 
 #include <QSortFilterProxyModel>
-#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -17,11 +16,7 @@ TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
     m.show();
     m.select(7);
     m.showTab(2);
-    auto *tree = m.control<QTreeView>("TV");
-    const QModelIndex pictures = tree->model()->index(0, 0, tree->model()->index(0, 0));
-    tree->expand(pictures);
-    tree->setCurrentIndex(pictures);
-    emit tree->clicked(pictures);
+    m.clickNode(u"Bilder"_s);
     m.run.settle(50);
     ASSERT_EQ(m.main->browser()->listModel()->rowCount(), 2);
 

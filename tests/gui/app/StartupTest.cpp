@@ -18,10 +18,8 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
     const std::tuple<S, Folder, S, S, S, S, S, S> cases[] = {
         { "first start", NoFolder, nullptr, nullptr, "", "Form3", "1", "" },
         { "archive folder without a file", EmptyFolder, "7", "0", "", "Form3", "1", "" },
-        { "asking, autoarchiv missing", ArchivesAB, "1", nullptr, "", "openarchiv", "2", "" },
         { "asking", ArchivesAB, "1", "1", "", "openarchiv", "2", "" },
         { "asking, -minimized", ArchivesAB, "1", "1", "-minimized", "openarchiv", "2", "notice" },
-        { "a second argument", ArchivesAB, "1", "1", "-minimized x", "openarchiv", "2", "" },
         { "automatic", ArchivesAB, "1", "0", "", "Hauptfenster", "2", "" },
         { "automatic, file gone", ArchivesAC, "1", "0", "", "openarchiv", "2", "" },
         { "automatic, -minimized", ArchivesAB, "1", "0", "-minimized", "Hauptfenster", "2", "tray" },

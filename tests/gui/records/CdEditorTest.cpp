@@ -67,7 +67,6 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
 {
     const CaptureDrive drive = volume(u"volume"_s,
         { { u"liesmich.txt"_s, 1834, 1047462067 }, { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
-    ASSERT_NE(drive.id(), 0);
     open<newCD>();
     setText("Text1", u"Urlaub 2003"_s);
     control<QLineEdit>("Text2")->clear();

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class frmResultsTest : public SearchFixture
@@ -16,8 +18,7 @@ protected:
     frmResults *searchAll(const QString &word)
     {
         EXPECT_TRUE(search(word, AllCds, Files));
-        m_window = window<frmResults>();
-        if (m_window)
+        if ((m_window = window<frmResults>()))
             m_window->resize(700, 400);
         m_view = m_window ? control<QTreeView>(m_window, "ListView1") : nullptr;
         return m_window;
@@ -58,27 +59,27 @@ protected:
 
 TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
 {
-    ASSERT_NE(searchAll(QStringLiteral("e:")), nullptr);
+    ASSERT_NE(searchAll(u"e:"_s), nullptr);
     QAbstractItemModelTester tester(m_view->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    EXPECT_EQ(control<QLabel>(m_window, "Label1")->text(), QStringLiteral("Ergebnis der Suche nach e:"));
+    EXPECT_EQ(control<QLabel>(m_window, "Label1")->text(), u"Ergebnis der Suche nach e:"_s);
     EXPECT_EQ(rows(),
-        QStringLiteral(
-            "CD-Name|Dateien|Größe|Datum\n2-Fotos|>e:||\n2-Fotos|>e:\\Bilder||\n"
-            "2-Fotos|e:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\n2-Fotos|>e:\\Bilder\\alt.zip||\n"
-            "2-Fotos|e:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\n"
-            "2-Fotos|e:\\Bilder\\alt.zip\\||\n2-Fotos|e:\\wörter\\word.doc|10|05.05.2005\n"));
+        u"CD-Name|Dateien|Größe|Datum\n2-Fotos|>e:||\n2-Fotos|>e:\\Bilder||\n"
+        "2-Fotos|e:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\n2-Fotos|>e:\\Bilder\\alt.zip||\n"
+        "2-Fotos|e:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\n"
+        "2-Fotos|e:\\Bilder\\alt.zip\\||\n2-Fotos|e:\\wörter\\word.doc|10|05.05.2005\n"_s);
     clickHeader(0); // the tester watches the sort, too
 }
 
 // The file holds the hits in the order of the search, whatever the list's order; a name
-// without extension gets ".txt"; a cancel writes nothing; a file that cannot be written is
-// reported. The bytes of the file are tested in the core.
+// without extension gets the filter's ".txt"; a cancel writes nothing; a file that cannot be
+// written is reported. The bytes of the file are tested in the core.
 TEST_F(frmResultsTest, SavedFileHoldsTheHitsInSearchOrder)
 {
-    ASSERT_NE(searchAll(QStringLiteral("word")), nullptr);
+    ASSERT_NE(searchAll(u"word"_s), nullptr);
     clickHeader(2);
-    save(QStringLiteral("treffer"));
-    QFile file(m_scratch.filePath(QStringLiteral("treffer.txt")));
+    save(u"treffer"_s);
+    EXPECT_EQ(shown()[0].file.nameFilters, QStringList { u"Textdateien (*.txt) (*.[tT][xX][tT])"_s });
+    QFile file(m_scratch.filePath(u"treffer.txt"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();
     EXPECT_TRUE(bytes.endsWith("\r\n1-Backup 2003 d:\\Setup\\Word.exe * 9 Byte * Date:01.02.2003\r\n"
@@ -86,11 +87,11 @@ TEST_F(frmResultsTest, SavedFileHoldsTheHitsInSearchOrder)
                                "4-Spiele f:\\Spiele\\Word7.exe * 2048 Byte * Date:03.03.2003 03:03:03\r\n"))
         << bytes.data();
     save(std::nullopt);
-    save(QStringLiteral("fehlt/treffer.txt"));
+    save(u"fehlt/treffer.txt"_s);
     ASSERT_EQ(shown().size(), 4u);
     EXPECT_TRUE(shown()[3].icon == Icon::Critical && shown()[3].text.startsWith(u"Laufzeitfehler"))
         << shown()[3].text.toStdString();
-    EXPECT_EQ(QDir(m_scratch.path()).entryList(QDir::Files), QStringList { QStringLiteral("treffer.txt") });
+    EXPECT_EQ(QDir(m_scratch.path()).entryList(QDir::Files), QStringList { u"treffer.txt"_s });
 }
 
 // A picture of the list of a search over all CDs, for a person to look at: written to
@@ -99,11 +100,11 @@ TEST_F(frmResultsTest, Screenshot)
 {
     if (qEnvironmentVariableIsEmpty("SILBERBUCH_SCREENSHOTS"))
         GTEST_SKIP() << "SILBERBUCH_SCREENSHOTS not set";
-    ASSERT_NE(searchAll(QStringLiteral("e")), nullptr);
+    ASSERT_NE(searchAll(u"e"_s), nullptr);
     m_window->resize(720, 420);
-    m_window->getResults(session().lastResults, QStringLiteral("e")); // columns fitted to the new width
+    m_window->getResults(session().lastResults, u"e"_s); // columns fitted to the new width
     QTest::qWait(50);
-    screenshot(m_window, QStringLiteral("frmResults"));
+    screenshot(m_window, u"frmResults"_s);
 }
 
 } // namespace
