@@ -16,7 +16,7 @@ QStringList sortedOnce(QStringList entries)
     return entries;
 }
 
-TEST(CdListTest, EntriesAreNumberBlankTitleAndSixteenBitNumbersOnly)
+TEST(CdListTest, EntriesAreNumberBlankTitleWithSixteenBitNumbersOnly)
 {
     const cdlist::Fill fill = cdlist::entriesOf({ { .number = -32768, .name = u"Kleinste"_s },
         { .number = -32769, .name = u"a"_s }, { .number = 0 }, { .number = 7, .name = u"Abc"_s },
@@ -25,13 +25,9 @@ TEST(CdListTest, EntriesAreNumberBlankTitleAndSixteenBitNumbersOnly)
         fill.entries, (QStringList { u"-32768 Kleinste"_s, u"0 "_s, u"7 Abc"_s, u"32767 Größte Nummer"_s }));
     EXPECT_EQ(fill.error,
         u"Folgende CD-Nummern liegen außerhalb des Bereichs von -32768 bis 32767 und können in der Liste "
-        u"nicht "
-        u"angezeigt werden: -32769, 32768"_s);
+        u"nicht angezeigt werden: -32769, 32768"_s);
     EXPECT_TRUE(cdlist::entriesOf({ { .number = 1 } }).error.isEmpty());
-}
-
-TEST(CdListTest, NumberOfAnEntryIsTheTextBeforeTheFirstBlank)
-{
+    // Back from an entry: the number is the text before the first blank.
     const std::pair<const char *, std::optional<int16_t>> cases[]
         = { { "7     Nach vielen Sortierungen", 7 }, { "-32768 x", -32768 }, { "32768 x", std::nullopt },
               { " 5 x", std::nullopt }, { "abc", std::nullopt } };
