@@ -6,6 +6,7 @@
 #include "images/ImageBrowser.h"
 
 #include <QAbstractItemModelTester>
+#include <QSortFilterProxyModel>
 
 using namespace Qt::StringLiterals;
 
