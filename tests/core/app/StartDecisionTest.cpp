@@ -48,16 +48,15 @@ TEST_F(StartDecisionTest, FollowsTheStartTable)
             QFile::remove(archive);
 
         const StartDecision decision = decideStart(own, data, QString::fromLatin1(c.commandLine));
-        EXPECT_EQ(decision.window, c.window);
-        EXPECT_EQ(decision.askingArchive, c.asking);
-        EXPECT_EQ(decision.showMinimizedNotice, c.notice);
-        EXPECT_EQ(decision.goToTray, c.tray);
+        EXPECT_EQ(std::tuple(decision.window, decision.askingArchive, decision.showMinimizedNotice,
+                      decision.goToTray),
+            std::tuple(c.window, c.asking, c.notice, c.tray));
         Session session;
         decision.applyTo(session);
         const bool opens = c.window == Main;
-        EXPECT_EQ(session.startedAskingArchive, c.asking ? u"1"_s : QString());
-        EXPECT_EQ(session.archivePath, opens ? archive : QString());
-        EXPECT_EQ(session.archiveName, opens ? u"CDs"_s : QString());
+        EXPECT_EQ(std::tuple(session.startedAskingArchive, session.archivePath, session.archiveName),
+            std::tuple(
+                c.asking ? u"1"_s : QString(), opens ? archive : QString(), opens ? u"CDs"_s : QString()));
     }
 }
 

@@ -78,8 +78,6 @@ TEST_F(ArchiveStoreTest, RefusedChangesSayWhyAndTheRowsStay)
             u"Der Titel ist zu lang: Er darf höchstens 50 Zeichen haben."_s },
         { m_store.updateRow(9, { .number = 9 }), Kind::NotFound, missing },
         { m_store.deleteRow(9), Kind::NotFound, missing },
-        { m_store.setImageId(9, 5), Kind::NotFound, missing },
-        { m_store.selectByNumber(9).error, Kind::NotFound, missing },
     };
     for (const auto &[error, kind, message] : cases)
         EXPECT_EQ(std::pair(error.kind, error.message), std::pair(kind, message));

@@ -52,8 +52,9 @@ TEST(FileDialogRules, SaveNamesGetTheExtension)
     for (const auto &[why, chosen, filter, index, defaultExt, fileName, result] : cases) {
         const SaveNames names
             = saveNames(QString::fromUtf8(chosen), converted(filter), index, QString::fromUtf8(defaultExt));
-        EXPECT_EQ(names.fileName, QLatin1String(fileName)) << why;
-        EXPECT_EQ(names.result, QLatin1String(result)) << why;
+        EXPECT_EQ(std::pair(names.fileName, names.result),
+            std::pair(QString::fromLatin1(fileName), QString::fromLatin1(result)))
+            << why;
     }
     EXPECT_EQ(fileTitle(QStringLiteral("/home/a/liste.txt")) + fileTitle(QStringLiteral("c:\\a\\b.bup")),
         u"liste.txtb.bup");

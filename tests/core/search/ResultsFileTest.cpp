@@ -29,9 +29,7 @@ TEST(ResultsFile, HeadLineRuleAndOneLinePerHitInCodePage1252WithCrLf)
         "======================\r\n"
         "12-Backup 2003 d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31\r\n"
         "12-Backup 2003 >d:\\Setup\r\n"
-        "3-B\xFC"
-        "cher d:\\B\xFC"
-        "cher\\liste.txt * -1294967296 Byte * Date:01.02.2003\r\n");
+        "3-B\374cher d:\\B\374cher\\liste.txt * -1294967296 Byte * Date:01.02.2003\r\n");
 }
 
 // Saving replaces an earlier file, and only once the whole text is written.
