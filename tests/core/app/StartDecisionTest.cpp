@@ -11,15 +11,11 @@ constexpr Window Welcome = Window::Form3, Choose = Window::openarchiv, Main = Wi
 
 TEST_F(StartDecisionTest, FollowsTheStartTable)
 {
-    const struct
-    {
-        const char *name;
-        const char *start, *autoarchiv, *standard; // nullptr: not stored
-        bool archiveFileExists;
-        const char *commandLine;
-        Window window;
-        bool asking, notice, tray;
-    } cases[] = { { "firstStartMissingCounter", nullptr, "0", "CDs", true, "", Welcome, false, false, false },
+    // name; Start, autoarchiv, Standard (nullptr: not stored); archive file there; command line; the window,
+    // asking, minimized notice, tray
+    using S = const char *;
+    const std::tuple<S, S, S, S, bool, S, Window, bool, bool, bool> cases[] = {
+        { "firstStartMissingCounter", nullptr, "0", "CDs", true, "", Welcome, false, false, false },
         { "firstStartCounterOne", "1", "0", "CDs", true, "-minimized", Welcome, false, false, false },
         { "askingWhenAutoarchivMissing", "2", nullptr, "CDs", true, "", Choose, true, false, false },
         { "askingWhenAutoarchivOne", "5", "1", nullptr, false, "", Choose, true, false, false },
@@ -28,35 +24,37 @@ TEST_F(StartDecisionTest, FollowsTheStartTable)
         { "automaticOpensDefault", "5", "0", "CDs", true, "", Main, false, false, false },
         { "automaticMinimizedGoesToTray", "5", "0", "CDs", true, "-minimized", Main, false, false, true },
         { "automaticFileGone", "5", "0", "CDs", false, "", Choose, false, false, false },
-        { "automaticNoStandard", "5", "0", nullptr, false, "", Choose, false, false, false } };
+        { "automaticNoStandard", "5", "0", nullptr, false, "", Choose, false, false, false }
+    };
     const QString data = path(u"data"_s);
     const QString archive = data + u"/archive/CDs.mdb"_s;
     QDir().mkpath(data + u"/archive"_s);
     int row = 0;
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto &[name, start, autoarchiv, standard, fileExists, commandLine, window, asking, notice,
+             tray] : cases) {
+        SCOPED_TRACE(name);
         Settings own(path(u"case%1.ini"_s.arg(++row)));
         for (const auto &[key, text] :
-            { std::pair { SettingKey::Start, c.start }, std::pair { SettingKey::autoarchiv, c.autoarchiv },
-                std::pair { SettingKey::Standard, c.standard } }) {
+            { std::pair { SettingKey::Start, start }, std::pair { SettingKey::autoarchiv, autoarchiv },
+                std::pair { SettingKey::Standard, standard } }) {
             if (text)
                 own.setValue(key, QString::fromLatin1(text));
         }
-        if (c.archiveFileExists)
+        if (fileExists)
             writeFile(archive, "db");
         else
             QFile::remove(archive);
 
-        const StartDecision decision = decideStart(own, data, QString::fromLatin1(c.commandLine));
+        const StartDecision decision = decideStart(own, data, QString::fromLatin1(commandLine));
         EXPECT_EQ(std::tuple(decision.window, decision.askingArchive, decision.showMinimizedNotice,
                       decision.goToTray),
-            std::tuple(c.window, c.asking, c.notice, c.tray));
+            std::tuple(window, asking, notice, tray));
         Session session;
         decision.applyTo(session);
-        const bool opens = c.window == Main;
+        const bool opens = window == Main;
         EXPECT_EQ(std::tuple(session.startedAskingArchive, session.archivePath, session.archiveName),
             std::tuple(
-                c.asking ? u"1"_s : QString(), opens ? archive : QString(), opens ? u"CDs"_s : QString()));
+                asking ? u"1"_s : QString(), opens ? archive : QString(), opens ? u"CDs"_s : QString()));
     }
 }
 

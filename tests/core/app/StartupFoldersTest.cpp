@@ -19,10 +19,9 @@ protected:
     QStringList entries() const
     {
         QStringList found;
-        for (const char *name : { "archive", "archive/def2.ini", "archive/def.ini", "lws", "lws/temp.tm1" }) {
+        for (const char *name : { "archive", "archive/def2.ini", "archive/def.ini", "lws", "lws/temp.tm1" })
             if (QFileInfo::exists(in(name)))
                 found << QString::fromLatin1(name);
-        }
         return found;
     }
 

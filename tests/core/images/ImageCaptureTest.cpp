@@ -26,10 +26,7 @@ const QByteArray kOldImage = ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n";
 // Notes the last report; cancels at the first one when asked to.
 struct Reports : CaptureProgress
 {
-    void progress(uint32_t folders, uint32_t files, const QString &) override
-    {
-        m_counts = { folders, files };
-    }
+    void progress(uint32_t dirs, uint32_t files, const QString &) override { m_counts = { dirs, files }; }
     bool cancelled() override { return m_cancel; }
     bool m_cancel = false;
     std::pair<uint32_t, uint32_t> m_counts;

@@ -37,10 +37,9 @@ TEST_F(CommentSearchTest, FindsCdNumbersInNumberOrder)
     for (const auto &[word, currentCd, explicitMatch, found] : cases) {
         SCOPED_TRACE(word.toStdString());
         const CommentSearchResult result = searchComments(m_archive.store(), word, currentCd, explicitMatch);
-        EXPECT_EQ(result.foundCdNumbers, found);
-        EXPECT_EQ(
-            result.outcome, found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found);
-        EXPECT_EQ(result.message, found.empty() ? u"Keine übereinstimmende CD gefunden!"_s : QString());
+        EXPECT_EQ(std::tuple(result.foundCdNumbers, result.outcome, result.message),
+            std::tuple(found, found.empty() ? CommentSearchOutcome::NoMatch : CommentSearchOutcome::Found,
+                found.empty() ? u"Keine übereinstimmende CD gefunden!"_s : QString()));
     }
 }
 

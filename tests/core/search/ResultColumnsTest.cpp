@@ -2,6 +2,8 @@
 
 #include "QStringPrinting.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -41,8 +41,8 @@ TEST(ResultNavigator, BackAtTheFirstCdRightAfterOpeningFails)
     ResultNavigator navigator({ u"4"_s, u"9"_s });
     const auto failure = navigator.previous();
     ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->number, 9);
-    EXPECT_EQ(failure->text, u"Index außerhalb des gültigen Bereichs"_s);
+    EXPECT_EQ(
+        std::pair(failure->number, failure->text), std::pair(9, u"Index außerhalb des gültigen Bereichs"_s));
     EXPECT_EQ(view(navigator), u"1 / 2 <1 >1 #"_s);
     EXPECT_FALSE(navigator.next());
     EXPECT_EQ(view(navigator), u"1 / 2 <1 >1 #4"_s);
