@@ -28,7 +28,7 @@ constexpr int64_t kMidnight = 1044057600; // 01.02.2003 00:00:00 UTC
 
 } // namespace
 
-TEST(ImageWriter, FileLinesWrapTheSizeAndDropTheTimeAtMidnight)
+TEST(ImageWriter, LinesWrapTheSizeDropTheTimeAtMidnightAndRewriteLineBreaks)
 {
     // Sizes are the signed low 32 bits; dates are UTC; a zero file time is 01.01.1601; a path
     // ending in a backslash gets no second one.
@@ -44,18 +44,13 @@ TEST(ImageWriter, FileLinesWrapTheSizeAndDropTheTimeAtMidnight)
     for (const auto &[folder, size, mtime, line] : cases)
         EXPECT_EQ(written([&](ImageWriter &w) { w.fileLine(folder, "x", size, mtime); }),
             QByteArray(line) + "\r\n\r\n");
-}
-
-TEST(ImageWriter, LineBreaksInsideNamesAreRewritten)
-{
-    // A lone CR or LF goes; a CR LF pair stays and splits the line.
-    const std::pair<const char *, const char *> cases[] = { { "a\rb", "ab" }, { "a\nb", "ab" },
+    // A lone CR or LF in an entry's name goes; a CR LF pair stays and splits the line.
+    const std::pair<const char *, const char *> names[] = { { "a\rb", "ab" }, { "a\nb", "ab" },
         { "a\r\nb", "a\r\nb" }, { "a\r\r\nb", "a\r\nb" }, { "a\r\n\nb", "a\r\nb" }, { "back\r", "back" } };
-    for (const auto &[name, kept] : cases) {
-        const QByteArray image
-            = written([&](ImageWriter &w) { w.entryLine("d:", "a.zip", name, "4", "03.02.2001"); });
-        EXPECT_EQ(image, QByteArray("d:\\a.zip\\") + kept + "|4|03.02.2001\r\n\r\n") << name;
-    }
+    for (const auto &[name, kept] : names)
+        EXPECT_EQ(written([&](ImageWriter &w) { w.entryLine("d:", "a.zip", name, "4", "03.02.2001"); }),
+            QByteArray("d:\\a.zip\\") + kept + "|4|03.02.2001\r\n\r\n")
+            << name;
 }
 
 TEST(ImageWriter, TakesBackOnlyLinesThatAreNotFinal)

@@ -42,22 +42,15 @@ Texts texts(const FileSearchResult &result)
 
 // One image with every kind of line; \xC4 is "Ä" in code page 1252.
 const Texts kImage = {
-    ">d:", // 0
-    "d:\\liesmich.txt|1834|12.03.2003 09:41:07", // 1
-    ">d:\\Bilder", // 2
-    "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44", // 3
-    ">d:\\Bilder\\alt.zip", // 4
-    "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001", // 5
-    "d:\\Bilder\\alt.zip\\2001/garten.jpg|98012|04.11.2001", // 6
-    "d:\\Bilder\\alt.zip\\||", // 7
-    "d:\\Bilder\\garten.jpg|501772|28.07.2002 18:02:50", // 8
-    ">d:\\Setup", // 9
-    ">d:\\Setup\\daten.rar", // 10
-    "d:\\Setup\\daten.rar\\lib/core.dll|804864|19.01.2003", // 11
-    "d:\\Setup\\daten.rar\\liesmich.txt|2210|19.01.2003", // 12
-    "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31", // 13
-    "d:\\Bilder\\\xC4rger 2003.txt|17|01.02.2003", // 14
-    "" // 15, the end line
+    ">d:", "d:\\liesmich.txt|1834|12.03.2003 09:41:07", // 0, 1
+    ">d:\\Bilder", "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44", // 2, 3
+    ">d:\\Bilder\\alt.zip", "d:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001", // 4, 5
+    "d:\\Bilder\\alt.zip\\2001/garten.jpg|98012|04.11.2001", "d:\\Bilder\\alt.zip\\||", // 6, 7
+    "d:\\Bilder\\garten.jpg|501772|28.07.2002 18:02:50", ">d:\\Setup", // 8, 9
+    ">d:\\Setup\\daten.rar", "d:\\Setup\\daten.rar\\lib/core.dll|804864|19.01.2003", // 10, 11
+    "d:\\Setup\\daten.rar\\liesmich.txt|2210|19.01.2003",
+    "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31", // 12, 13
+    "d:\\Bilder\\\xC4rger 2003.txt|17|01.02.2003", "" // 14, 15: the end line
 };
 
 // One CD searched alone matches the path up to the first bar, or with the explicit search the
