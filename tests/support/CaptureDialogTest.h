@@ -1,18 +1,25 @@
 #pragma once
 
-#include "CaptureDrive.h"
-#include "MainWindowStandIn.h"
+#include "Control.h"
+#include "QStringPrinting.h"
 #include "TempCatalog.h"
 #include "TreeBuilder.h"
 
+#include "common/MainWindowLink.h"
 #include "common/PromptScript.h"
+#include "images/DriveListBox.h"
+#include "images/DriveTable.h"
+#include "images/abbild.h"
 
 #include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
 
 #include <tuple>
 
-// A catalogue, the main window's stand-in and scripted prompts for the dialogs that capture
-// drives (abbild, newCD, changecd); one dialog open at a time, freed at the end. Header only.
+// A catalogue, scripted prompts and a stand-in for the main window (the selected CD's number,
+// list reloads and sorts counted) for the dialogs that capture drives (abbild, newCD,
+// changecd); one dialog open at a time, freed at the end. Header only.
 template <class Base> class CaptureDialogTest : public ::testing::Test
 {
 protected:
@@ -20,20 +27,41 @@ protected:
     template <class Dialog> Dialog *open(int selected = 0)
     {
         delete m_dialog.data();
-        m_main.select(selected);
-        auto *dialog = new Dialog(m_catalog.session(), m_catalog.settings(), m_main.link());
+        MainWindowLink link;
+        link.window = &m_window;
+        link.selectedNumberText = [selected] { return QString::number(selected); };
+        link.refresh_cdlist = [this] { ++m_reloads.first; };
+        link.sortList1 = [this] { ++m_reloads.second; };
+        auto *dialog = new Dialog(m_catalog.session(), m_catalog.settings(), link);
         m_dialog = dialog;
         dialog->show();
         return dialog;
     }
 
-    // A scratch folder with files (path, size, modification time), made a drive.
-    CaptureDrive volume(const QString &name, std::initializer_list<std::tuple<QString, int, int64_t>> files)
+    // A scratch folder with files (path, size, modification time), made a drive; its serial is
+    // the image id a capture of it gets.
+    Drive volume(const QString &name, std::initializer_list<std::tuple<QString, int, int64_t>> files)
     {
         TreeBuilder tree(m_catalog.scratch(name));
         for (const auto &[path, size, mtime] : files)
             tree.file(path, size, mtime);
-        return CaptureDrive(m_catalog.settings(), tree.root());
+        return DriveTable(m_catalog.settings()).driveForFolder(tree.root());
+    }
+
+    // Chooses the drive in the dialog and clicks "Abbild erstellen".
+    static bool start(const Drive &drive, abbild *dialog)
+    {
+        if (!dialog || !control<DriveListBox>(dialog, "Drive1")->selectDrive(drive.letter))
+            return false;
+        control<QPushButton>(dialog, "aufnahhme")->click();
+        return true;
+    }
+
+    // Starts a capture and waits until it and every message about it have ended.
+    static bool capture(const Drive &drive, abbild *dialog)
+    {
+        QSignalSpy ended(dialog, &abbild::captureEnded);
+        return start(drive, dialog) && (!ended.isEmpty() || ended.wait(20000));
     }
 
     void TearDown() override
@@ -43,7 +71,8 @@ protected:
     }
 
     TempCatalog m_catalog;
-    MainWindowStandIn m_main;
+    QWidget m_window;
+    std::pair<int, int> m_reloads; // list reloads, sorts
     PromptScript m_prompts;
     QPointer<Base> m_dialog;
 };

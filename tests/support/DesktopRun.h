@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QStringPrinting.h"
 #include "TempCatalog.h"
 
 #include "app/DataPaths.h"
@@ -30,9 +31,6 @@ public:
         m_program->unloadAll();
         settle();
     }
-
-    DesktopRun(const DesktopRun &) = delete;
-    DesktopRun &operator=(const DesktopRun &) = delete;
 
     QString home() const { return m_home; }
     Settings &settings() { return m_catalog.settings(); }

@@ -35,9 +35,6 @@ public:
         restore("SILBERBUCH_CONFIG", m_oldConfig);
     }
 
-    TempCatalog(const TempCatalog &) = delete;
-    TempCatalog &operator=(const TempCatalog &) = delete;
-
     QString dataFolder() { return getDataFolder(m_session, *m_settings); }
     // A folder for the test's own files, outside the data folder.
     QString scratch(const QString &name)

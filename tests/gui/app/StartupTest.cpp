@@ -1,5 +1,4 @@
 #include "DesktopRun.h"
-#include "QStringPrinting.h"
 
 #include "app/Hauptfenster.h"
 #include "app/StartDecision.h"

@@ -1,6 +1,5 @@
 #include "Control.h"
 #include "DesktopRun.h"
-#include "QStringPrinting.h"
 
 #include "app/Hauptfenster.h"
 #include "archives/ArchiveCatalog.h"
@@ -17,9 +16,6 @@ namespace {
 
 const auto textBox = [](QWidget *window) { return control<QLineEdit>(window, "Text1"); };
 const auto list = [](QWidget *chooser) { return control<QListWidget>(chooser, "List1"); };
-const auto archiveFile = [](DesktopRun &run, const QString &name) {
-    return QFileInfo::exists(datapaths::archiveFile(run.home(), name));
-};
 
 openarchiv *chooser(DesktopRun &run)
 {
@@ -74,7 +70,9 @@ TEST(openarchiv, DefaultAndDeleteWorkOnTheSelection)
         shown->mdelete_Click();
         EXPECT_EQ(run.prompts().messages(),
             QStringList { u"Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"_s });
-        EXPECT_EQ(archiveFile(run, u"A"_s), answer == Prompts::Answer::No) << "No keeps it";
+        EXPECT_EQ(
+            QFileInfo::exists(datapaths::archiveFile(run.home(), u"A"_s)), answer == Prompts::Answer::No)
+            << "No keeps it";
     }
     EXPECT_EQ(entries(list(shown)), QStringList { u"B"_s });
 }
@@ -118,7 +116,7 @@ TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
         form->Command1_Click();
         run.settle();
         const Settings &settings = run.settings();
-        EXPECT_TRUE(archiveFile(run, file));
+        EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), file)));
         EXPECT_EQ(settings.contains(SettingKey::Standard) ? settings.value(SettingKey::Standard) : u"-"_s,
             standard);
         EXPECT_EQ(settings.value(SettingKey::autoarchiv), autoarchiv);

@@ -1,5 +1,4 @@
 #include "MainWindowRun.h"
-#include "QStringPrinting.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,4 @@
 #include "MainWindowRun.h"
-#include "QStringPrinting.h"
 
 #include "images/DriveTable.h"
 #include "images/FileListView.h"

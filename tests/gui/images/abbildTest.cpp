@@ -1,5 +1,4 @@
 #include "CaptureDialogTest.h"
-#include "QStringPrinting.h"
 #include "Screenshot.h"
 
 #include "images/wait.h"
@@ -14,9 +13,9 @@ using AbbildTest = CaptureDialogTest<abbild>;
 // the dialog ready for another try, which then stores the id in the selected row.
 TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
 {
-    const CaptureDrive drive = volume(u"volume"_s, { { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
+    const Drive drive = volume(u"volume"_s, { { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
     TreeBuilder(m_catalog.scratch(u"volume"_s)).folder(u"Leer/auch leer"_s); // pruned from the image
-    const QString image = datapaths::imageFile(m_catalog.dataFolder(), drive.id());
+    const QString image = datapaths::imageFile(m_catalog.dataFolder(), drive.serial);
     m_catalog.archive().cd(3, u"Drei"_s).cd(4, u"Vier"_s);
     m_catalog.session().listSorted = true;
     m_catalog.session().captureMode = u"1"_s;
@@ -25,7 +24,7 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
         EXPECT_FALSE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
         control<QPushButton>(m_dialog->findChild<class wait *>(), "cmdCancel")->click();
     });
-    ASSERT_TRUE(drive.capture(m_dialog));
+    ASSERT_TRUE(capture(drive, m_dialog));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(
         m_prompts.messages(), QStringList { u"Die Erstellung des Laufwerksabbilds wurde abgebrochen."_s });
@@ -38,21 +37,21 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
 
     QObject::disconnect(cancel);
     m_prompts.clear();
-    ASSERT_TRUE(drive.capture(m_dialog));
+    ASSERT_TRUE(capture(drive, m_dialog));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(m_prompts.messages(), QStringList { u"Der CD Inhalt wurde erfolgreich eingelesen!"_s });
     EXPECT_EQ(std::pair(m_catalog.store().selectByNumber(4).value.imageId,
                   m_catalog.store().selectByNumber(3).value.imageId),
-        std::pair(drive.id(), 0));
-    EXPECT_EQ(std::pair(m_main.refreshes(), m_main.sorts()), std::pair(1, 1));
+        std::pair(drive.serial, 0));
+    EXPECT_EQ(m_reloads, std::pair(1, 1));
     EXPECT_EQ(m_catalog.session().captureMode, u"0"_s);
     EXPECT_TRUE(m_dialog.isNull());
-    EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), drive.drive().listText());
+    EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), drive.listText());
     // The bytes are tested in the core; here the capture ran pruned.
     QFile file(image);
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     EXPECT_TRUE(
-        bytes.contains(drive.letter().toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
+        bytes.contains(drive.letter.toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
     EXPECT_FALSE(bytes.contains("Leer"));
 }
 
@@ -62,14 +61,14 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
 {
     if (qEnvironmentVariableIsEmpty("SILBERBUCH_SCREENSHOTS"))
         GTEST_SKIP() << "set SILBERBUCH_SCREENSHOTS to a folder for the picture";
-    const CaptureDrive system(m_catalog.settings(), u"/usr/share"_s);
+    const Drive system = DriveTable(m_catalog.settings()).driveForFolder(u"/usr/share"_s);
     m_catalog.session().captureMode = u"2"_s;
     open<abbild>();
     QPointer<class wait> window;
     QObject::connect(m_dialog.data(), &abbild::captureStarted, m_dialog.data(),
         [this, &window] { window = m_dialog->findChild<class wait *>(); });
     QSignalSpy ended(m_dialog.data(), &abbild::captureEnded);
-    ASSERT_TRUE(system.start(m_dialog));
+    ASSERT_TRUE(start(system, m_dialog));
     bool pictured = false;
     for (; window && !pictured; QTest::qWait(2))
         if (control<QLabel>(window, "lblProgress")->toolTip().contains(u'\\')) {

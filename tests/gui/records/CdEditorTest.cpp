@@ -1,5 +1,4 @@
 #include "CaptureDialogTest.h"
-#include "QStringPrinting.h"
 #include "Screenshot.h"
 
 #include "records/changecd.h"
@@ -32,7 +31,7 @@ protected:
 
     // Chooses a one-coloured cover of the given size, then captures the drive from the dialog
     // the editor opens.
-    void coverAndCapture(const CaptureDrive &drive, int width, int height, const char *captureMode)
+    void coverAndCapture(const Drive &drive, int width, int height, const char *captureMode)
     {
         const QString path = m_catalog.scratch(u"bilder"_s) + u"/cover%1.jpg"_s.arg(width);
         QImage image(width, height, QImage::Format_RGB32);
@@ -42,8 +41,8 @@ protected:
         click("Command4");
         click("Command2");
         EXPECT_EQ(m_catalog.session().captureMode, QLatin1String(captureMode));
-        ASSERT_TRUE(drive.capture(m_dialog->findChild<abbild *>()));
-        EXPECT_EQ(control<QLabel>("Label3")->text(), u"Vorhanden! ID: "_s + QString::number(drive.id()));
+        ASSERT_TRUE(capture(drive, m_dialog->findChild<abbild *>()));
+        EXPECT_EQ(control<QLabel>("Label3")->text(), u"Vorhanden! ID: "_s + QString::number(drive.serial));
     }
 
     // The row of CD `number`, checked against `expected` but for the cover, whose picture is
@@ -65,7 +64,7 @@ protected:
 // captured from a folder made a drive, and the row, cover file and image file that result.
 TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
 {
-    const CaptureDrive drive = volume(u"volume"_s,
+    const Drive drive = volume(u"volume"_s,
         { { u"liesmich.txt"_s, 1834, 1047462067 }, { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
     open<newCD>();
     setText("Text1", u"Urlaub 2003"_s);
@@ -82,17 +81,17 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     EXPECT_EQ(m_prompts.messages(),
         (QStringList { u"Der CD Inhalt wurde erfolgreich eingelesen!"_s, u"CD erfolgreich gespeichert!"_s }));
     expectRow(7,
-        { 7, u"Urlaub 2003"_s, drive.id(), u"Sta1|Word|Excel 2000|Treiber für Drucker|End1"_s, false, {} });
-    QFile image(datapaths::imageFile(m_catalog.dataFolder(), drive.id()));
+        { 7, u"Urlaub 2003"_s, drive.serial, u"Sta1|Word|Excel 2000|Treiber für Drucker|End1"_s, false, {} });
+    QFile image(datapaths::imageFile(m_catalog.dataFolder(), drive.serial));
     ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(image.readAll().contains(drive.letter().toLatin1() + "\\liesmich.txt|1834|"));
-    EXPECT_EQ(std::pair(m_main.refreshes(), m_main.sorts()), std::pair(1, 0));
+    EXPECT_TRUE(image.readAll().contains(drive.letter.toLatin1() + "\\liesmich.txt|1834|"));
+    EXPECT_EQ(m_reloads, std::pair(1, 0));
 }
 
 // The capture, the cover and the new title reach the row at saving only; its number stays.
 TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
 {
-    const CaptureDrive drive = volume(u"neu"_s, { { u"a.txt"_s, 1, 1044057600 } });
+    const Drive drive = volume(u"neu"_s, { { u"a.txt"_s, 1, 1044057600 } });
     m_catalog.archive().row({ 5, u"Fünf"_s, 77, u"Sta1|a|b|End1"_s, true, u"0"_s });
     open<changecd>(5);
     EXPECT_EQ(
@@ -107,7 +106,7 @@ TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
     EXPECT_EQ(m_catalog.store().selectByNumber(5).value.imageId, 77);
     save();
     EXPECT_EQ(m_prompts.messages().last(), u"CD erfolgreich gespeichert!"_s);
-    expectRow(5, { 5, u"Fünf neu"_s, drive.id(), u"Sta1|A|b|c|d|End1"_s, false, {} });
+    expectRow(5, { 5, u"Fünf neu"_s, drive.serial, u"Sta1|A|b|c|d|End1"_s, false, {} });
 }
 
 // The number rules themselves are tested in the core; here each refusal reaches the user and
@@ -133,5 +132,5 @@ TEST_F(CdEditorTest, SavingRefusesWithItsMessageAndLeavesTheDialogOpen)
         EXPECT_TRUE(m_prompts.shown()[0].icon == Prompts::Icon::Critical);
     }
     EXPECT_EQ(m_catalog.store().selectAll().value.size(), 2u);
-    EXPECT_EQ(m_main.refreshes(), 0);
+    EXPECT_EQ(m_reloads.first, 0);
 }

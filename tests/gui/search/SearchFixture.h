@@ -2,7 +2,6 @@
 
 #include "Control.h"
 #include "DesktopRun.h"
-#include "QStringPrinting.h"
 
 #include "app/Hauptfenster.h"
 #include "search/Form1.h"
@@ -38,10 +37,9 @@ protected:
             ">d:\r\nd:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n>d:\\Setup\r\n"
             "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\nd:\\Setup\\Word.exe|9|01.02.2003\r\n\r\n");
         m_run.image(1002,
-            ">e:\r\n>e:\\Bilder\r\ne:\\Bilder\\haus.jpg|482113|28.07.2002 "
-            "18:02:44\r\n>e:\\Bilder\\alt.zip\r\n"
-            "e:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\r\ne:\\Bilder\\alt.zip\\||\r\n"
-            "e:\\w\xF6rter\\word.doc|10|05.05.2005\r\n\r\n");
+            ">e:\r\n>e:\\Bilder\r\ne:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"
+            ">e:\\Bilder\\alt.zip\r\ne:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\r\n"
+            "e:\\Bilder\\alt.zip\\||\r\ne:\\w\xF6rter\\word.doc|10|05.05.2005\r\n\r\n");
         m_run.image(
             -1408263712, ">f:\r\n>f:\\Spiele\r\nf:\\Spiele\\Word7.exe|2048|03.03.2003 03:03:03\r\n\r\n");
         m_run.openArchive(QStringLiteral("Sammlung"));
