@@ -20,8 +20,7 @@ TEST(ArchiveCommands, CreateListDefaultAndDelete)
 
     EXPECT_EQ(cli.run(args({ "archive", "default", "Weg" })).lines.value(0),
         u"Archiv Weg wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs "
-        u"automatisch "
-        u"gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen"_s);
+        u"automatisch gestartet werden. Diese Option können Sie im Hauptfenster unter Optionen einstellen"_s);
     EXPECT_EQ(cli.run(args({ "archive", "delete", "Weg" })).exitCode, 0);
     EXPECT_EQ(cli.run(args({ "archive", "list" })).lines, args({ "alle Filme", "Musik" }));
     EXPECT_EQ(Settings(cli.settingsFile()).value(SettingKey::Standard), u"Weg"_s);
@@ -36,15 +35,13 @@ TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
     const CliRunner cli;
     ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s);
     cli.expectRefused({ { args({ "archive", "create", "Musik" }), 1,
-                            u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\nBitte wählen "
-                            u"Sie "
-                            u"einen anderen Namen"_s },
+                            u"Fehler! Es existiert bereits ein Archiv mit dem Namen Musik !\n"
+                            u"Bitte wählen Sie einen anderen Namen"_s },
         { args({ "archive", "create", "a/b" }), 1,
             u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
         { args({ "archive", "delete", "Filme" }), 1,
-            u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv wird "
-            u"aus "
-            u"der Liste entfernt!"_s },
+            u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. "
+            u"Das Archiv wird aus der Liste entfernt!"_s },
         { args({ "archive", "default", "musik" }), 1,
             u"Archiv nicht gefunden! Bitte wählen Sie ein anderes aus."_s },
         { args({ "archive", "umbenennen", "x" }), 2, u"Aufruf: silberbuch-cli archive"_s } });
