@@ -10,6 +10,9 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-liberation2 xvfb xauth poppler-utils
   hicolor-icon-theme adwaita-icon-theme zip
+  mdbtools-dev qt6-translations-l10n
+  desktop-file-utils appstream man-db groff-base dpkg-dev file
+  python3 ccache
 )
 
 missing=()
