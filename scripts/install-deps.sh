@@ -12,7 +12,7 @@ packages=(
   hicolor-icon-theme adwaita-icon-theme zip
   mdbtools-dev qt6-translations-l10n
   desktop-file-utils appstream man-db groff-base dpkg-dev file
-  python3 ccache
+  python3 ccache strace
 )
 
 missing=()
