@@ -2,10 +2,25 @@
 #include "CliData.h"
 
 #include "archives/ArchiveCatalog.h"
+#include "archives/ArchiveStore.h"
 
 namespace {
 
-const char *const kUsage = "archive list | create NAME | delete NAME | default NAME";
+const char *const kUsage = "archive list | create NAME | delete NAME | default NAME | convert NAME";
+
+// Converts an archive of the Windows version now rather than at its first use.
+int convert(CliData &data, const QString &name)
+{
+    QString problem;
+    const QString path = data.archivePathOf(name, &problem);
+    if (path.isEmpty())
+        return refuse(problem);
+    const StoreResult<std::vector<CdRow>> rows = ArchiveStore(path).selectAll();
+    if (!rows.ok())
+        return refuse(rows.error.message);
+    printLine(QString::number(rows.value.size()));
+    return ExitOk;
+}
 
 int archive(CliContext &context)
 {
@@ -13,7 +28,7 @@ int archive(CliContext &context)
     const QString action = words.value(0);
     const bool list = action == QLatin1String("list") && words.size() == 1;
     const bool named = (action == QLatin1String("create") || action == QLatin1String("delete")
-                           || action == QLatin1String("default"))
+                           || action == QLatin1String("default") || action == QLatin1String("convert"))
         && words.size() == 2;
     if (!list && !named)
         return usageError(kUsage);
@@ -34,6 +49,8 @@ int archive(CliContext &context)
         printLine(setDefaultArchive(data.settings(), name));
         return ExitOk;
     }
+    if (action == QLatin1String("convert"))
+        return convert(data, name);
     const ArchiveError error
         = action == QLatin1String("create") ? catalog.create(name, catalog.names()) : catalog.remove(name);
     return error.ok() ? ExitOk : refuse(error.message);

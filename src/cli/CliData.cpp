@@ -2,6 +2,7 @@
 
 #include "app/DataFolder.h"
 #include "archives/ArchiveCatalog.h"
+#include "archives/JetConversion.h"
 
 #include <QDir>
 
@@ -30,12 +31,25 @@ QString CliData::archivePath(QString *problem) const
             "an.");
         return {};
     }
+    return archivePathOf(name, problem);
+}
+
+QString CliData::archivePathOf(const QString &name, QString *problem) const
+{
     const ArchiveCatalog catalog(m_dataFolder);
     if (!catalog.names().contains(name)) {
         *problem = archiveNotFoundMessage();
         return {};
     }
-    return catalog.pathOf(name);
+    const QString path = catalog.pathOf(name);
+    const JetConversion conversion = convertIfJet(path);
+    if (!conversion.ok()) {
+        *problem = conversion.error.message;
+        return {};
+    }
+    if (conversion.converted)
+        printError(conversion.notice);
+    return path;
 }
 
 std::optional<int32_t> wholeNumber(const QString &word)

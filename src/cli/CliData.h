@@ -22,8 +22,11 @@ public:
     bool ok() const { return m_problem.isEmpty(); }
     const QString &problem() const { return m_problem; }
 
-    // The archive's file, or empty with the German reason in *problem.
+    // The archive's file, or empty with the German reason in *problem. An archive of the
+    // Windows version is converted first, with a word on stderr.
     QString archivePath(QString *problem) const;
+    // The same for the archive of that name.
+    QString archivePathOf(const QString &name, QString *problem) const;
 
 private:
     Settings m_settings;

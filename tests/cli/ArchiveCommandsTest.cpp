@@ -2,6 +2,7 @@
 
 #include "ArchiveBuilder.h"
 #include "app/Settings.h"
+#include "TestPaths.h"
 
 namespace {
 
@@ -51,6 +52,25 @@ TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
     EXPECT_EQ(std::pair(refused.exitCode, refused.error),
         std::pair(1, u"Der Datenordner \""_s + missing + u"\" existiert nicht."_s));
     EXPECT_FALSE(QFileInfo::exists(missing));
+}
+
+// The Windows version's Jet file is converted at its first use by any verb; one that cannot
+// be converted is refused by every verb alike and stays as it was.
+TEST(ArchiveCommands, ConvertCountsTheCdsAndRefusesAnUnreadableJetFile)
+{
+    const CliRunner cli;
+    ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s).cd(2, u"Zwei"_s);
+    EXPECT_EQ(cli.run(args({ "archive", "convert", "Musik" })).lines, args({ "2" }));
+
+    QFile jet(fixturePath(u"mdb/DateTestDatabase.mdb"_s));
+    ASSERT_TRUE(jet.open(QIODevice::ReadOnly));
+    cli.write(u"archive/Alt.mdb"_s, jet.readAll());
+    const QString refusal = u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden. "
+                            u"Die Jet-Datenbank \""_s
+        + QDir::toNativeSeparators(cli.dataPath(u"archive/Alt.mdb"_s))
+        + u"\" kann nicht gelesen werden: Sie enthält keine lesbare Tabelle \"cds\"."_s;
+    cli.expectRefused({ { args({ "archive", "convert", "Alt" }), 1, refusal },
+        { args({ "--archive", "Alt", "cd", "list" }), 1, refusal } });
 }
 
 } // namespace

@@ -20,6 +20,7 @@
 #include "app/Settings.h"
 #include "app/StartDecision.h"
 #include "archives/ArchiveStore.h"
+#include "archives/JetConversion.h"
 #include "archives/CdList.h"
 #include "screen/SplitterLayout.h"
 
@@ -249,6 +250,14 @@ void Hauptfenster::refresh_cdlist()
     const int remembered = m_ui->List2->currentRow();
     fillList({});
     m_ui->List1->clear();
+    // An archive of the Windows version becomes ours when it is first listed.
+    const JetConversion conversion = convertIfJet(m_program.session().archivePath);
+    if (!conversion.ok()) {
+        Prompts::message(this, conversion.error.message, Prompts::Icon::Critical);
+        return;
+    }
+    if (conversion.converted)
+        Prompts::message(this, conversion.notice, Prompts::Icon::Information);
     const StoreResult<std::vector<CdRow>> rows = ArchiveStore(m_program.session().archivePath).selectAll();
     if (!rows.ok()) {
         Prompts::message(this, rows.error.message, Prompts::Icon::Critical);
