@@ -5,11 +5,21 @@
 #include "app/Settings.h"
 #include "app/StartDecision.h"
 
+#include "app/Installation.h"
+
 #include <QApplication>
 #include <QIcon>
 
+#include <cstdio>
+#include <cstring>
+
 int main(int argc, char **argv)
 {
+    // Answered before the window system is asked for: it works without a display.
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+        std::puts(installation::versionText().toUtf8().constData());
+        return 0;
+    }
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Silberbuch"));
     QApplication::setApplicationName(QStringLiteral("Silberbuch"));

@@ -56,6 +56,8 @@ int archive(CliContext &context)
     return error.ok() ? ExitOk : refuse(error.message);
 }
 
-const CliCommand registration("archive", kUsage, &archive);
+const CliCommand registration(
+    "archive", kUsage, &archive,
+    "Archive auflisten, anlegen, löschen, als Standard festlegen oder ein Archiv der Windows-Version umwandeln (die Zahl seiner CDs wird ausgegeben).");
 
 } // namespace

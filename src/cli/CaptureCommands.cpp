@@ -97,6 +97,8 @@ int capture(CliContext &context)
     return ExitOk;
 }
 
-const CliCommand registration("capture", kUsage, &capture);
+const CliCommand registration(
+    "capture", kUsage, &capture,
+    "Nimmt das Laufwerksabbild eines Laufwerks oder Ordners auf und gibt seine ID aus; mit --cd wird es der CD zugeordnet.");
 
 } // namespace

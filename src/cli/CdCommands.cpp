@@ -216,6 +216,8 @@ int cd(CliContext &context)
     return usageError(kUsage);
 }
 
-const CliCommand registration("cd", kUsage, &cd);
+const CliCommand registration(
+    "cd", kUsage, &cd,
+    "CDs des Archivs auflisten, anlegen, ändern, zeigen und löschen.");
 
 } // namespace

@@ -38,6 +38,8 @@ int drives(CliContext &context)
     return ExitOk;
 }
 
-const CliCommand registration("drives", kUsage, &drives);
+const CliCommand registration(
+    "drives", kUsage, &drives,
+    "Zeigt die Laufwerke mit Buchstaben und Ordner; add nimmt einen Ordner als Laufwerk auf.");
 
 } // namespace

@@ -76,6 +76,8 @@ int image(CliContext &context)
     return ExitOk;
 }
 
-const CliCommand registration("image", kUsage, &image);
+const CliCommand registration(
+    "image", kUsage, &image,
+    "Zeigt ein Laufwerksabbild: die Ordner oder die Dateien eines Ordners.");
 
 } // namespace

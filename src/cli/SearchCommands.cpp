@@ -103,6 +103,8 @@ int search(CliContext &context)
     return runFileSearch(store, data.dataFolder(), word, cd, options.has(kExact), options.value(kSave));
 }
 
-const CliCommand registration("search", kUsage, &search);
+const CliCommand registration(
+    "search", kUsage, &search,
+    "Sucht Dateien in den Laufwerksabbildern oder mit --comments CDs nach Kommentaren; --save speichert die Treffer.");
 
 } // namespace

@@ -1,4 +1,6 @@
 #include "CliCommand.h"
+#include "CliHelp.h"
+#include "app/Installation.h"
 
 #include <QCoreApplication>
 
@@ -7,47 +9,44 @@
 
 namespace {
 
-struct Registered
+std::map<QString, RegisteredCommand> &commands()
 {
-    QString usage;
-    CliHandler handler;
-};
-
-std::map<QString, Registered> &commands()
-{
-    static std::map<QString, Registered> table;
+    static std::map<QString, RegisteredCommand> table;
     return table;
+}
+
+void writeUtf8(FILE *stream, const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
 }
 
 void printUsage(FILE *stream)
 {
-    std::fputs("silberbuch-cli [--data ORDNER] [--archive NAME] BEFEHL ...\n", stream);
-    for (const auto &[verb, entry] : commands())
-        std::fprintf(stream, "  %s\n", entry.usage.toUtf8().constData());
-}
-
-void writeUtf8(FILE *stream, const QString &line)
-{
-    const QByteArray bytes = line.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-    std::fputc('\n', stream);
+    writeUtf8(stream, helpText());
 }
 
 } // namespace
 
-CliCommand::CliCommand(const char *verb, const char *usage, CliHandler handler)
+CliCommand::CliCommand(const char *verb, const char *usage, CliHandler handler, const char *description)
 {
-    commands()[QString::fromUtf8(verb)] = Registered{QString::fromUtf8(usage), handler};
+    commands()[QString::fromUtf8(verb)]
+        = RegisteredCommand { QString::fromUtf8(usage), QString::fromUtf8(description), handler };
+}
+
+const std::map<QString, RegisteredCommand> &registeredCommands()
+{
+    return commands();
 }
 
 void printLine(const QString &line)
 {
-    writeUtf8(stdout, line);
+    writeUtf8(stdout, line + QLatin1Char('\n'));
 }
 
 void printError(const QString &message)
 {
-    writeUtf8(stderr, message);
+    writeUtf8(stderr, message + QLatin1Char('\n'));
 }
 
 int main(int argc, char **argv)
@@ -56,6 +55,15 @@ int main(int argc, char **argv)
     const QStringList arguments = app.arguments().mid(1);
     if (arguments.contains(QLatin1String("--help"))) {
         printUsage(stdout);
+        return ExitOk;
+    }
+    if (arguments == QStringList { QStringLiteral("--version") }) {
+        printLine(installation::versionText());
+        return ExitOk;
+    }
+    // Builds the manual page, so that it says what --help says.
+    if (arguments == QStringList { QStringLiteral("--manpage") }) {
+        writeUtf8(stdout, manPage());
         return ExitOk;
     }
     // The global options may stand before or after the verb.

@@ -1,21 +1,25 @@
 #include "Resources.h"
 
+#include "app/Installation.h"
+
 #include <QIcon>
 #include <QStandardPaths>
 #include <QtGlobal>
 
-// Outside any namespace, as the resource initialiser requires.
-static void initSilberbuchResources()
+namespace resources {
+
+namespace {
+
+QString shared(const char *name)
 {
-    Q_INIT_RESOURCE(silberbuch);
+    return installation::resourceFolder() + QLatin1Char('/') + QLatin1String(name);
 }
 
-namespace resources {
+} // namespace
 
 void init()
 {
     static const bool done = [] {
-        initSilberbuchResources();
         // Without a desktop theme the toolbar and file pictures come from the one installed
         // with the program's packages, found in the usual data folders.
         QStringList searchPaths = QIcon::themeSearchPaths();
@@ -34,17 +38,17 @@ void init()
 
 QString startupPicture()
 {
-    return QStringLiteral(":/silberbuch/Startup.png");
+    return shared("Startup.png");
 }
 
 QString programIcon()
 {
-    return QStringLiteral(":/silberbuch/Silberbuch.png");
+    return shared("Silberbuch.png");
 }
 
 QString helpPage()
 {
-    return QStringLiteral(":/silberbuch/Hilfe.html");
+    return shared("Hilfe.html");
 }
 
 } // namespace resources

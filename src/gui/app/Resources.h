@@ -2,11 +2,11 @@
 
 #include <QString>
 
-// The pictures and the help page that the program carries with it.
+// The pictures and the help page that the program carries with it, files of its resource
+// folder (installed or in the build folder).
 namespace resources {
 
-// Makes the resources of the window library and an icon theme available; safe to call
-// more than once.
+// Makes an icon theme available for the toolbar and file pictures; safe to call more than once.
 void init();
 
 QString startupPicture(); // the splash: 300 by 302 pixels on pure red

@@ -1,0 +1,50 @@
+#include "app/Installation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+void touch(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+// An installed program (<prefix>/bin) reads <prefix>/share/silberbuch; run from the build
+// folder it reads the build's copy; a share folder without the help page is not ours.
+TEST(Installation, ResourcesAreFoundBesideTheProgramOrInTheBuild)
+{
+    struct Case
+    {
+        const char *what;
+        QStringList files; // below the temporary folder
+        const char *expected; // relative to it, "" for none
+    };
+    const Case cases[] = {
+        { "installed", { u"usr/share/silberbuch/Hilfe.html"_s, u"build/share/silberbuch/Hilfe.html"_s },
+            "usr/share/silberbuch" },
+        { "build folder", { u"build/share/silberbuch/Hilfe.html"_s }, "build/share/silberbuch" },
+        { "foreign share folder", { u"usr/share/silberbuch/other.txt"_s, u"build/share/silberbuch/Hilfe.html"_s },
+            "build/share/silberbuch" },
+        { "neither", {}, "" },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        const QTemporaryDir temp;
+        QDir().mkpath(temp.filePath(u"usr/bin"_s));
+        for (const QString &file : c.files)
+            touch(temp.filePath(file));
+        const QString found = installation::findResourceFolder(
+            temp.filePath(u"usr/bin"_s), temp.filePath(u"build/share/silberbuch"_s));
+        EXPECT_EQ(found, *c.expected ? temp.filePath(QString::fromLatin1(c.expected)) : QString());
+    }
+}
+
+} // namespace
