@@ -3,6 +3,8 @@
 #include "ArchiveBuilder.h"
 #include "TreeBuilder.h"
 
+#include <sys/resource.h>
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -71,6 +73,27 @@ TEST_F(CaptureCommandsTest, RefusedCallsSayWhyAndChangeNothing)
             { { u"capture"_s, root, u"--cd"_s, u"drei"_s, u"--archive"_s, u"Musik"_s }, 1,
                 u"Die CD-Nummer muss eine ganze Zahl sein."_s },
             { { u"capture"_s, root, u"--leer"_s }, 2, u"Aufruf: silberbuch-cli capture"_s } });
+}
+
+// At the usual limits of a desktop session a 3000-level tree is captured whole: the walk
+// holds no folder open per level.
+TEST(CaptureCommands, ADeepTreeUnderAFileHandleLimitIsCapturedWhole)
+{
+    const CliRunner cli;
+    QTemporaryDir volume;
+    TreeBuilder tree(volume.path());
+    tree.deepFolders("d", 3000, "unten.txt");
+    const CliRun run = cli.run({ u"capture"_s, volume.path() }, true, [] {
+        const rlimit limit { 256, 256 };
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    });
+    TreeBuilder::removeDeep(tree.path(u"d"_s));
+    ASSERT_EQ(run.exitCode, 0) << run.error.toStdString();
+    QFile image(cli.dataPath(u"lws/%1.dat"_s.arg(run.lines.value(0))));
+    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
+    const QByteArray bytes = image.readAll();
+    EXPECT_EQ(bytes.count("\r\n>"), 3000);
+    EXPECT_TRUE(bytes.contains(QByteArray("\\d").repeated(3000) + "\\unten.txt|0|"));
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 
 // The words of a call, written as plain UTF-8 literals.
@@ -52,10 +53,13 @@ public:
             << relative.toStdString();
     }
 
-    // Without withData the program picks its own data folder.
-    CliRun run(const QStringList &arguments, bool withData = true) const
+    // Without withData the program picks its own data folder. inChild runs in the new
+    // process before the program starts (limits, say).
+    CliRun run(const QStringList &arguments, bool withData = true, const std::function<void()> &inChild = {}) const
     {
         QProcess process;
+        if (inChild)
+            process.setChildProcessModifier(inChild);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
         environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));

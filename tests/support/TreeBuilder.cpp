@@ -3,11 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <algorithm>
 #include <stdexcept>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,6 +21,28 @@ void check(bool ok, const char *what, const QString &relative)
 }
 
 } // namespace
+
+void TreeBuilder::deepFolders(const char *name, int levels, const char *bottomFile)
+{
+    int fd = ::open(QFile::encodeName(m_root).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    check(fd >= 0, "cannot open", m_root);
+    for (int level = 0; level < levels; ++level) {
+        check(::mkdirat(fd, name, 0755) == 0, "cannot make level", QString::number(level));
+        const int next = ::openat(fd, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        ::close(fd);
+        fd = next;
+        check(fd >= 0, "cannot open level", QString::number(level));
+    }
+    const int file = ::openat(fd, bottomFile, O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+    check(file >= 0, "cannot create", QString::fromUtf8(bottomFile));
+    ::close(file);
+    ::close(fd);
+}
+
+void TreeBuilder::removeDeep(const QString &folder)
+{
+    QProcess::execute(QStringLiteral("rm"), { QStringLiteral("-rf"), folder });
+}
 
 QString TreeBuilder::path(const QString &relative) const
 {
@@ -73,14 +95,3 @@ void TreeBuilder::setTime(const QString &relative, int64_t mtime, bool link) con
         "cannot time", relative);
 }
 
-QStringList TreeBuilder::listingOrder(const QString &relativeFolder) const
-{
-    QStringList names;
-    DIR *folder = ::opendir(QFile::encodeName(path(relativeFolder)).constData());
-    check(folder, "cannot list", relativeFolder);
-    while (const dirent *entry = ::readdir(folder))
-        if (const QString name = QFile::decodeName(entry->d_name); name != u"." && name != u"..")
-            names.append(name);
-    ::closedir(folder);
-    return names;
-}

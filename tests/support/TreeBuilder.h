@@ -25,10 +25,11 @@ public:
     void file(const QString &relative, int64_t size, int64_t mtime);
     void copy(const QString &source, const QString &relative, int64_t mtime);
     void symlink(const QString &target, const QString &relative, int64_t mtime);
-
-    // The names in `relativeFolder` in the order the file system lists them, "." and ".."
-    // left out: captures follow this order, so expected images are composed with it.
-    QStringList listingOrder(const QString &relativeFolder = {}) const;
+    // `levels` folders named `name`, each in the one before, from the root down, and an empty
+    // file `bottomFile` in the last. Built by handles, as the path outgrows what one call takes.
+    void deepFolders(const char *name, int levels, const char *bottomFile);
+    // Removes a tree of any depth (QTemporaryDir stops at the longest path the system takes).
+    static void removeDeep(const QString &folder);
 
 private:
     void setTime(const QString &relative, int64_t mtime, bool link) const;

@@ -15,42 +15,17 @@ namespace {
 // Lines are handed to the file system in pieces of about this size.
 constexpr size_t kWriteSize = size_t { 1 } << 20;
 
-// Removes every CR not followed by LF and every LF not preceded by such a CR, in place.
-// `size` bytes of whole lines, so no pair is cut at the end. Returns the new size.
-size_t removeStrayLineBreaks(char *data, size_t size)
+// A CR or LF inside a name would end its line and could inject others: it becomes "?", as a
+// character outside the code page does.
+void appendName(std::string_view name, std::string &out)
 {
-    char *write = data;
-    const char *read = data;
-    const char *end = data + size;
-    while (read < end) {
-        const auto *lf = static_cast<const char *>(std::memchr(read, '\n', static_cast<size_t>(end - read)));
-        const char *lineEnd = lf ? lf : end;
-        // A clean line: no CR before its final CR LF, and its LF preceded by that CR.
-        const char *body = (lf && lf > read && lf[-1] == '\r') ? lf - 1 : lineEnd;
-        const bool clean = body != lineEnd || !lf;
-        if (clean && !std::memchr(read, '\r', static_cast<size_t>(body - read))) {
-            const size_t length = static_cast<size_t>((lf ? lf + 1 : end) - read);
-            if (write != read)
-                std::memmove(write, read, length);
-            write += length;
-            read += length;
-            continue;
-        }
-        // Rare: a name brought a line break in. Byte by byte up to this LF.
-        const char *stop = lf ? lf + 1 : end;
-        for (; read < stop; ++read) {
-            if (*read == '\r') {
-                if (read + 1 < end && read[1] == '\n') {
-                    *write++ = '\r';
-                    *write++ = '\n';
-                    ++read;
-                }
-            } else if (*read != '\n') {
-                *write++ = *read;
-            }
-        }
-    }
-    return static_cast<size_t>(write - data);
+    const size_t start = out.size();
+    out.append(name);
+    if (name.find_first_of("\r\n") == std::string_view::npos)
+        return;
+    for (size_t i = start; i < out.size(); ++i)
+        if (out[i] == '\r' || out[i] == '\n')
+            out[i] = '?';
 }
 
 void appendNumber(long long value, std::string &out)
@@ -116,10 +91,10 @@ void ImageWriter::endLine()
 
 void ImageWriter::appendPath(std::string_view folder, std::string_view name)
 {
-    m_buffer.append(folder);
+    appendName(folder, m_buffer);
     if (folder.empty() || folder.back() != '\\')
         m_buffer.push_back('\\');
-    m_buffer.append(name);
+    appendName(name, m_buffer);
 }
 
 void ImageWriter::rootLine(std::string_view drive)
@@ -155,7 +130,7 @@ void ImageWriter::entryLine(std::string_view folder, std::string_view archive, s
     beginLine();
     appendPath(folder, archive);
     m_buffer.push_back('\\');
-    m_buffer.append(name);
+    appendName(name, m_buffer);
     m_buffer.push_back('|');
     m_buffer.append(size);
     m_buffer.push_back('|');
@@ -184,9 +159,8 @@ void ImageWriter::settle(size_t mayStillDrop)
 
 void ImageWriter::writeOut()
 {
-    const size_t cleaned = removeStrayLineBreaks(m_buffer.data(), m_finalEnd);
     const char *data = m_buffer.data();
-    size_t left = cleaned;
+    size_t left = m_finalEnd;
     while (left > 0 && m_error == 0 && m_fd >= 0) {
         const ssize_t n = ::write(m_fd, data, left);
         if (n < 0) {

@@ -14,9 +14,7 @@
 // back (the pruned walk drops the line of a folder that turned out empty), so the caller
 // says through settle() how many of the latest lines may still go.
 //
-// On the way out every CR that is not followed by LF and every LF that does not follow a CR
-// is removed: a name can bring a lone line break in. A CR LF pair inside a name stays and
-// so splits that line in two.
+// A CR or LF inside a folder, file or entry name becomes "?", so every name stays on its line.
 class ImageWriter
 {
 public:

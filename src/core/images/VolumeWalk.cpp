@@ -7,6 +7,7 @@
 
 #include "common/Cp1252.h"
 
+#include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,10 +23,9 @@ constexpr int64_t kZeroFileTime = -11644473600LL;
 constexpr auto kReportInterval = std::chrono::milliseconds(100);
 constexpr uint32_t kEntriesPerClockCheck = 512;
 
-bool isDotOrDotDot(const char *name)
-{
-    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
-}
+// Folders are opened by their path below an anchor folder that is held open; a deeper anchor
+// is taken before that path grows past what the system accepts in one call.
+constexpr size_t kMaxRelativePath = 2048;
 
 // Compared on the last four characters in lower case, so "A.ZIP" counts, "a.zip.bak" not.
 bool endsWithLower(std::string_view name, std::string_view suffix)
@@ -47,11 +47,28 @@ void appendImageName(std::string &path, std::string_view name)
     path.append(name);
 }
 
-void appendFsName(std::string &path, const char *name)
+void appendFsName(std::string &path, std::string_view name)
 {
     if (path.empty() || path.back() != '/')
         path.push_back('/');
     path.append(name);
+}
+
+QString reasonOf(int error)
+{
+    switch (error) {
+    case EMFILE:
+    case ENFILE:
+        return QStringLiteral("Es sind zu viele Dateien geöffnet");
+    case ENAMETOOLONG:
+        return QStringLiteral("Der Pfad ist zu lang");
+    case ENOMEM:
+        return QStringLiteral("Der Arbeitsspeicher reicht nicht aus");
+    case EIO:
+        return QStringLiteral("Der Datenträger meldet einen Lesefehler");
+    default:
+        return QStringLiteral("Fehlernummer ") + QString::number(error);
+    }
 }
 
 } // namespace
@@ -65,6 +82,11 @@ VolumeWalk::VolumeWalk(
 {
 }
 
+VolumeWalk::~VolumeWalk()
+{
+    closeAnchors(0);
+}
+
 bool VolumeWalk::run(const std::string &rootFolder, std::string_view drive)
 {
     m_imagePath.assign(drive);
@@ -72,94 +94,155 @@ bool VolumeWalk::run(const std::string &rootFolder, std::string_view drive)
     m_depth = 0;
     m_passedLevels = 0;
     m_lastReport = std::chrono::steady_clock::now() - kReportInterval; // the first folder reports at once
-    const int fd = ::open(rootFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    closeAnchors(0);
+    m_frames.clear();
+
+    // The root may be a link (a mount point's alias); below it nothing is followed.
+    const int rootFd = ::open(rootFolder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     struct stat root;
-    if (fd >= 0 && ::fstat(fd, &root) == 0)
+    if (rootFd >= 0 && ::fstat(rootFd, &root) == 0)
         m_device = root.st_dev;
-    walkFolder(fd);
+    if (rootFd >= 0) {
+        m_anchors.push_back({ rootFd, m_fsPath.size() });
+        openFolder(readFolder(rootFd, ".", m_device, m_filter));
+    } else {
+        FolderRead failed;
+        failed.error = errno;
+        failed.state = isUnlistable(failed.error) ? FolderRead::State::Unlistable : FolderRead::State::Failed;
+        openFolder(std::move(failed));
+    }
+    walk();
+    closeAnchors(0);
     if (m_progress && !stopped())
         m_progress->progress(m_folders, m_files, cp1252::toQString(m_imagePath));
     return !stopped();
 }
 
-void VolumeWalk::walkFolder(int folderFd)
+// Depth first over a stack of read folders, so that no folder stays open while the walk is
+// below it and the depth of a tree costs no call stack.
+void VolumeWalk::walk()
 {
-    reportProgress();
-    DIR *folder = folderFd >= 0 ? ::fdopendir(folderFd) : nullptr;
-    if (!folder) {
-        if (folderFd >= 0)
-            ::close(folderFd);
-        if (m_filter.passes({}))
-            writePassingFile({}, 0, kZeroFileTime);
-        return;
-    }
-    const int fd = ::dirfd(folder);
-    while (!stopped()) {
-        const dirent *entry = ::readdir(folder);
-        if (!entry)
-            break;
-        const char *name = entry->d_name;
-        if (isDotOrDotDot(name))
+    while (!m_frames.empty() && !stopped()) {
+        Frame &top = m_frames.back();
+        if (top.next == top.entries.size()) {
+            const bool isRoot = m_frames.size() == 1;
+            closeAnchors(top.anchorsBefore);
+            m_frames.pop_back();
+            if (!isRoot)
+                leaveFolder();
             continue;
-        m_name.clear();
-        cp1252::appendFromUtf8(name, m_name);
-        unsigned char type = entry->d_type;
-        if (type == DT_UNKNOWN) {
-            struct stat status;
-            if (::fstatat(fd, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-                continue;
-            type = static_cast<unsigned char>(IFTODT(status.st_mode));
         }
-        if (type == DT_DIR) {
-            enterFolder(fd, name);
-        } else {
-            ++m_files;
-            if (type == DT_REG && endsWithLower(m_name, ".zip"))
-                writeArchive(name, true);
-            else if (type == DT_REG && endsWithLower(m_name, ".rar"))
-                writeArchive(name, false);
-            else
-                writeFile(fd, name);
+        FolderEntry entry = std::move(top.entries[top.next++]);
+        m_name = std::move(entry.name1252);
+        if (entry.type == DT_DIR) {
+            enterFolder(entry);
+            continue;
         }
-        m_writer.settle(mayStillDrop());
-        tick();
+        ++m_files;
+        if (entry.type == DT_REG && endsWithLower(m_name, ".zip"))
+            writeArchive(entry.name, true);
+        else if (entry.type == DT_REG && endsWithLower(m_name, ".rar"))
+            writeArchive(entry.name, false);
+        else if (entry.statusKnown && m_filter.passes(m_name))
+            writePassingFile(m_name, entry.size, entry.mtimeSeconds);
+        settle();
     }
-    ::closedir(folder);
 }
 
-void VolumeWalk::enterFolder(int parentFd, const char *name)
+void VolumeWalk::enterFolder(const FolderEntry &entry)
 {
     ++m_folders;
     m_writer.folderLine(m_imagePath, m_name);
-    int fd = ::openat(parentFd, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    struct stat status;
-    const bool known
-        = fd >= 0 ? ::fstat(fd, &status) == 0 : ::fstatat(parentFd, name, &status, AT_SYMLINK_NOFOLLOW) == 0;
-    const bool otherFileSystem = known && status.st_dev != m_device;
-    if (otherFileSystem && fd >= 0) {
-        ::close(fd);
-        fd = -1;
-    }
-
-    const size_t imagePathLength = m_imagePath.size();
-    const size_t fsPathLength = m_fsPath.size();
+    m_levels.push_back({ m_imagePath.size(), m_fsPath.size() });
     appendImageName(m_imagePath, m_name);
-    appendFsName(m_fsPath, name);
+    appendFsName(m_fsPath, entry.name);
     ++m_depth;
-    if (!otherFileSystem)
-        walkFolder(fd);
+    if (entry.onOtherDevice) {
+        leaveFolder();
+        return;
+    }
+    const int anchor = anchorFor(m_fsPath.size());
+    if (anchor < 0)
+        return;
+    std::string_view relative = std::string_view(m_fsPath).substr(m_anchors.back().fsPathLength);
+    while (!relative.empty() && relative.front() == '/')
+        relative.remove_prefix(1);
+    openFolder(readFolder(anchor, std::string(relative).c_str(), m_device, m_filter));
+}
+
+// Pushes a read folder, or writes the nameless line of one that cannot be listed.
+void VolumeWalk::openFolder(FolderRead read)
+{
+    reportProgress();
+    const bool isRoot = m_depth == 0;
+    switch (read.state) {
+    case FolderRead::State::Read:
+        m_frames.push_back({ std::move(read.entries), 0, m_anchors.size() });
+        return;
+    case FolderRead::State::Unlistable:
+        if (m_filter.passes({}))
+            writePassingFile({}, 0, kZeroFileTime);
+        break;
+    case FolderRead::State::Failed:
+        fail(read.error);
+        return;
+    }
+    if (!isRoot)
+        leaveFolder();
+}
+
+// Ends the folder entered last: back to its parent's paths, and in a pruned walk its line
+// goes when nothing below it passed.
+void VolumeWalk::leaveFolder()
+{
     const bool passed = m_passedLevels > m_depth;
     --m_depth;
-    m_imagePath.resize(imagePathLength);
-    m_fsPath.resize(fsPathLength);
-
+    m_imagePath.resize(m_levels.back().imagePathLength);
+    m_fsPath.resize(m_levels.back().fsPathLength);
+    m_levels.pop_back();
     if (passed)
         m_passedLevels = m_depth + 1;
     else if (m_prune)
         m_writer.dropLastLine();
+    settle();
 }
 
-void VolumeWalk::writeArchive(const char *name, bool isZip)
+// The open folder from which the folder whose path is `pathLength` bytes of m_fsPath can be
+// reached; the parent becomes an anchor itself when the way down has grown too long.
+int VolumeWalk::anchorFor(size_t pathLength)
+{
+    if (pathLength - m_anchors.back().fsPathLength <= kMaxRelativePath)
+        return m_anchors.back().fd;
+    const size_t parentLength = m_levels.back().fsPathLength;
+    std::string_view parent = std::string_view(m_fsPath).substr(0, parentLength).substr(m_anchors.back().fsPathLength);
+    while (!parent.empty() && parent.front() == '/')
+        parent.remove_prefix(1);
+    const int fd = ::openat(m_anchors.back().fd, std::string(parent).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) {
+        fail(errno);
+        return -1;
+    }
+    m_anchors.push_back({ fd, parentLength });
+    return fd;
+}
+
+void VolumeWalk::closeAnchors(size_t keep)
+{
+    while (m_anchors.size() > keep) {
+        ::close(m_anchors.back().fd);
+        m_anchors.pop_back();
+    }
+}
+
+void VolumeWalk::fail(int error)
+{
+    m_error = QStringLiteral("Der Ordner \"") + cp1252::toQString(m_imagePath)
+        + QStringLiteral("\" kann nicht gelesen werden: ") + reasonOf(error)
+        + QStringLiteral(". Die Erstellung des Laufwerksabbilds wurde abgebrochen; das bisherige Abbild "
+                         "bleibt erhalten.");
+}
+
+void VolumeWalk::writeArchive(const std::string &name, bool isZip)
 {
     m_writer.folderLine(m_imagePath, m_name);
     m_scratch = m_fsPath;
@@ -173,20 +256,21 @@ void VolumeWalk::writeArchive(const char *name, bool isZip)
         m_writer.entryLine(m_imagePath, m_name, row.name, row.size, row.date);
 }
 
-void VolumeWalk::writeFile(int parentFd, const char *name)
-{
-    if (!m_filter.passes(m_name))
-        return;
-    struct stat status;
-    if (::fstatat(parentFd, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return; // gone since the folder was read
-    writePassingFile(m_name, status.st_size, status.st_mtim.tv_sec);
-}
-
 void VolumeWalk::writePassingFile(std::string_view name, int64_t size, int64_t mtimeSeconds)
 {
     m_writer.fileLine(m_imagePath, name, size, mtimeSeconds);
     m_passedLevels = m_depth + 1;
+}
+
+// Lines up to the open levels that can still take one back become final; now and then the
+// clock is read for progress and a cancel.
+void VolumeWalk::settle()
+{
+    m_writer.settle(mayStillDrop());
+    if (++m_sinceCheck < kEntriesPerClockCheck)
+        return;
+    m_sinceCheck = 0;
+    reportProgress();
 }
 
 // Only the open levels that hold no passing file yet can still take a line back, one each,
@@ -197,14 +281,6 @@ size_t VolumeWalk::mayStillDrop() const
         return 0;
     const size_t firstOpen = m_passedLevels > 1 ? m_passedLevels : 1;
     return m_depth >= firstOpen ? m_depth - firstOpen + 1 : 0;
-}
-
-void VolumeWalk::tick()
-{
-    if (++m_sinceCheck < kEntriesPerClockCheck)
-        return;
-    m_sinceCheck = 0;
-    reportProgress();
 }
 
 void VolumeWalk::reportProgress()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FolderEntries.h"
+
 #include <QString>
 
 #include <chrono>
@@ -7,16 +9,20 @@
 #include <string>
 #include <string_view>
 #include <sys/types.h>
+#include <vector>
 
 class CaptureFilter;
 class CaptureProgress;
 class ImageWriter;
 
-// The walk of one volume into image lines, depth first in the order the file system lists
-// each folder. "." and ".." are skipped, hidden entries taken, symbolic links written as
+// The walk of one volume into image lines, depth first, each folder's entries (folders and
+// files together) in the order the Windows file system lists them. Each folder is read whole
+// and closed before the walk goes down, and the walk keeps its own stack, so neither open
+// files nor the call stack grow with the depth of the tree. "." and ".." are skipped, hidden entries taken, symbolic links written as
 // files and never followed, and the walk stays on the file system of the root (a folder that
 // is a mount point is written but not entered). A folder that cannot be listed yields one
-// nameless file with size 0 and the date of a zero file time, which the filter then judges.
+// nameless file with size 0 and the date of a zero file time, which the filter then judges;
+// any other failure to read a folder stops the walk with error() set.
 // Files named "*.zip" or "*.rar" (in any case) become archive folders with their entries,
 // whatever the filter says.
 //
@@ -27,6 +33,9 @@ class VolumeWalk
 {
 public:
     VolumeWalk(ImageWriter &writer, const CaptureFilter &filter, bool prune, CaptureProgress *progress);
+    ~VolumeWalk();
+    VolumeWalk(const VolumeWalk &) = delete;
+    VolumeWalk &operator=(const VolumeWalk &) = delete;
 
     // Walks `rootFolder` (file system bytes) as the drive whose image path is `drive` ("d:").
     // The root line is the caller's. False when the walk stopped: cancelled() or error().
@@ -39,13 +48,34 @@ public:
     uint32_t files() const { return m_files; }
 
 private:
-    void walkFolder(int folderFd);
-    void enterFolder(int parentFd, const char *name);
-    void writeArchive(const char *name, bool isZip);
-    void writeFile(int parentFd, const char *name);
+    struct Frame
+    {
+        std::vector<FolderEntry> entries;
+        size_t next = 0;
+        size_t anchorsBefore = 0; // anchors taken while this folder is walked are its own
+    };
+    struct Level
+    {
+        size_t imagePathLength = 0; // of the parent's paths, to go back to
+        size_t fsPathLength = 0;
+    };
+    struct Anchor
+    {
+        int fd = -1;
+        size_t fsPathLength = 0;
+    };
+
+    void walk();
+    void enterFolder(const FolderEntry &entry);
+    void openFolder(FolderRead read);
+    void leaveFolder();
+    int anchorFor(size_t pathLength);
+    void closeAnchors(size_t keep);
+    void fail(int error);
+    void writeArchive(const std::string &name, bool isZip);
     void writePassingFile(std::string_view name, int64_t size, int64_t mtimeSeconds);
+    void settle();
     size_t mayStillDrop() const;
-    void tick();
     void reportProgress();
     bool stopped() const { return m_cancelled || !m_error.isEmpty(); }
 
@@ -59,7 +89,10 @@ private:
     std::string m_fsPath; // file system bytes of the current folder
     std::string m_name; // code page 1252 name of the current entry
     std::string m_scratch;
-    // Folder levels below the root that are open, and how many levels from the root down
+    std::vector<Frame> m_frames;
+    std::vector<Level> m_levels;
+    std::vector<Anchor> m_anchors;
+    // Folder levels below the root that are entered, and how many levels from the root down
     // already hold a passing file: those levels will not take a line back.
     size_t m_depth = 0;
     size_t m_passedLevels = 0;

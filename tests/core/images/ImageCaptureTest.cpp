@@ -15,6 +15,10 @@
 
 #include <map>
 
+#include <QThread>
+
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -72,7 +76,9 @@ QByteArray archive(const QByteArray &path, bool rar = false)
 }
 
 // One entry of the fixture volume and the lines it gives when all files are captured and
-// nothing is pruned. `made`: empty for a file of `size` bytes, "/" for a folder, "->x" for
+// nothing is pruned. The entries stand in the order a capture writes them: depth first, each
+// folder sorted as the Windows file system lists it (upper-cased UTF-16 units, so "." before
+// letters, "A.ZIP" before "Archiv", "Leer" before "liesmich.txt", "ß" after "Z"). `made`: empty for a file of `size` bytes, "/" for a folder, "->x" for
 // a link to x, else the fixture it is a copy of.
 struct Entry
 {
@@ -86,53 +92,46 @@ std::vector<Entry> fixtureVolume()
     const char *twoFiles = "zip/two_files_and_folder.zip";
     const char *basicRar = "rar/rar4_basic_windows.rar";
     return {
-        { "liesmich.txt", "", 1834, kLiesmich, "d:\\liesmich.txt|1834|12.03.2003 09:41:07" },
-        { "Bilder", "/", 0, 0, ">d:\\Bilder" },
-        { "Bilder/haus.jpg", "", 482113, kBilder, "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44" },
-        { "Bilder/alt.zip", twoFiles, 0, kBilder, archive("d:\\Bilder\\alt.zip") },
-        { "Bilder/notiz.txt", "", 5, kNotiz, "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06" },
-        { "Nur jpg", "/", 0, 0, ">d:\\Nur jpg" },
-        { "Nur jpg/a.jpg", "", 10, kBilder, "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44" },
-        { "Leer", "/", 0, 0, ">d:\\Leer" },
-        { "Leer/Tiefer", "/", 0, 0, ">d:\\Leer\\Tiefer" },
+        { ".versteckt", "", 1, kNotiz, "d:\\.versteckt|1|03.02.2001 04:05:06" },
+        { "A.ZIP", "zip/not_a_zip.zip", 0, kNotiz, ">d:\\A.ZIP\r\nd:\\A.ZIP\\||" },
+        { "a.zip.bak", "", 3, kNotiz, "d:\\a.zip.bak|3|03.02.2001 04:05:06" },
         { "Archiv", "/", 0, 0, ">d:\\Archiv" },
         { "Archiv/pack.zip", twoFiles, 0, kBilder, archive("d:\\Archiv\\pack.zip") },
-        { "Setup", "/", 0, 0, ">d:\\Setup" },
-        { "Setup/daten.rar", basicRar, 0, kStart, archive("d:\\Setup\\daten.rar", true) },
-        { "Setup/start.exe", "", 65536, kStart, "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31" },
+        { "Bilder", "/", 0, 0, ">d:\\Bilder" },
+        { "Bilder/alt.zip", twoFiles, 0, kBilder, archive("d:\\Bilder\\alt.zip") },
+        { "Bilder/haus.jpg", "", 482113, kBilder, "d:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44" },
+        { "Bilder/notiz.txt", "", 5, kNotiz, "d:\\Bilder\\notiz.txt|5|03.02.2001 04:05:06" },
+        { "Grüße", "/", 0, 0, ">d:\\Gr\374\337e" }, // code page 1252, in octal
+        { "Grüße/Größe.txt", "", 2, kNotiz, "d:\\Gr\374\337e\\Gr\366\337e.txt|2|03.02.2001 04:05:06" },
+        { "Grüße/日本.txt", "", 4, kNotiz, "d:\\Gr\374\337e\\??.txt|4|03.02.2001 04:05:06" },
+        { "Leer", "/", 0, 0, ">d:\\Leer" },
+        { "Leer/Tiefer", "/", 0, 0, ">d:\\Leer\\Tiefer" },
+        { "liesmich.txt", "", 1834, kLiesmich, "d:\\liesmich.txt|1834|12.03.2003 09:41:07" },
+        // Links are files with the length of their target, never followed.
+        { "link-auf-bilder", "->Bilder", 0, kNotiz, "d:\\link-auf-bilder|6|03.02.2001 04:05:06" },
+        { "link.zip", "->Bilder/alt.zip", 0, kNotiz, "d:\\link.zip|14|03.02.2001 04:05:06" },
         { "Nur Archiv tief", "/", 0, 0, ">d:\\Nur Archiv tief" },
         { "Nur Archiv tief/Unter", "/", 0, 0, ">d:\\Nur Archiv tief\\Unter" },
         { "Nur Archiv tief/Unter/tief.zip", twoFiles, 0, kBilder,
             archive("d:\\Nur Archiv tief\\Unter\\tief.zip") },
+        { "Nur jpg", "/", 0, 0, ">d:\\Nur jpg" },
+        { "Nur jpg/a.jpg", "", 10, kBilder, "d:\\Nur jpg\\a.jpg|10|28.07.2002 18:02:44" },
+        { "Setup", "/", 0, 0, ">d:\\Setup" },
+        { "Setup/daten.rar", basicRar, 0, kStart, archive("d:\\Setup\\daten.rar", true) },
+        { "Setup/start.exe", "", 65536, kStart, "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31" },
         { "x.rar", "/", 0, 0, ">d:\\x.rar" },
         { "x.rar/inner.txt", "", 3, kNotiz, "d:\\x.rar\\inner.txt|3|03.02.2001 04:05:06" },
-        { "A.ZIP", "zip/not_a_zip.zip", 0, kNotiz, ">d:\\A.ZIP\r\nd:\\A.ZIP\\||" },
-        { "a.zip.bak", "", 3, kNotiz, "d:\\a.zip.bak|3|03.02.2001 04:05:06" },
-        { ".versteckt", "", 1, kNotiz, "d:\\.versteckt|1|03.02.2001 04:05:06" },
-        // Links are files with the length of their target, never followed.
-        { "link-auf-bilder", "->Bilder", 0, kNotiz, "d:\\link-auf-bilder|6|03.02.2001 04:05:06" },
-        { "link.zip", "->Bilder/alt.zip", 0, kNotiz, "d:\\link.zip|14|03.02.2001 04:05:06" },
-        { "Grüße", "/", 0, 0, ">d:\\Gr\374\337e" }, // code page 1252, in octal
-        { "Grüße/Größe.txt", "", 2, kNotiz, "d:\\Gr\374\337e\\Gr\366\337e.txt|2|03.02.2001 04:05:06" },
-        { "Grüße/日本.txt", "", 4, kNotiz, "d:\\Gr\374\337e\\??.txt|4|03.02.2001 04:05:06" },
     };
 }
 
-// The image from the lines of each entry, in the order the file system lists each folder,
-// which is the order a capture must follow.
-QByteArray compose(
-    const TreeBuilder &tree, const std::map<QString, QByteArray> &lines, const QString &folder = {})
+// The image from the lines of the entries, in the order of the fixture table.
+QByteArray compose(const std::map<QString, QByteArray> &lines)
 {
-    QByteArray out;
-    for (const QString &name : tree.listingOrder(folder)) {
-        const QString relative = folder.isEmpty() ? name : folder + u'/' + name;
-        if (const auto found = lines.find(relative); found != lines.end() && !found->second.isEmpty())
+    QByteArray out = ">d:\r\n";
+    for (const Entry &e : fixtureVolume())
+        if (const auto found = lines.find(QString::fromUtf8(e.path)); found != lines.end() && !found->second.isEmpty())
             out += found->second + "\r\n";
-        const QFileInfo info(tree.path(relative));
-        if (info.isDir() && !info.isSymLink())
-            out += compose(tree, lines, relative);
-    }
-    return folder.isEmpty() ? ">d:\r\n" + out + "\r\n" : out;
+    return out + "\r\n";
 }
 
 } // namespace
@@ -182,7 +181,7 @@ TEST(ImageCapture, EachFilterAndPruneGivesItsImageOfTheFixtureVolume)
             }
         const CaptureResult result = w.capture(filter, prune);
         ASSERT_TRUE(result.ok() && result.imageId == 4711) << result.error.toStdString();
-        EXPECT_EQ(w.image(), compose(w.tree, lines));
+        EXPECT_EQ(w.image(), compose(lines));
         EXPECT_EQ(w.lwsFiles(), QStringList { QStringLiteral("4711.dat") });
     }
 }
@@ -232,6 +231,63 @@ TEST(ImageCapture, RefusedFailedOrCancelledCapturesKeepTheOldImage)
     QFile::remove(w.tree.path(QStringLiteral("zuviel.zip")));
     ASSERT_TRUE(w.capture("*.*", false).ok());
     EXPECT_EQ(w.image(), ">d:\r\n>d:\\a\r\nd:\\a\\b.txt|1|03.02.2001 04:05:06\r\n\r\n");
+}
+
+// A folder that cannot be read for a reason other than its permissions (here: no file handle
+// left) must not leave a silently short image: with too few handles the capture fails with a
+// message and the old image stays; with enough it is complete.
+TEST(ImageCapture, RunningOutOfFileHandlesNeverGivesAShortImage)
+{
+    Workspace w;
+    QDir().mkpath(w.data.filePath(QStringLiteral("lws")));
+    w.tree.file(QStringLiteral("a/b/c.txt"), 1, kNotiz);
+    const QByteArray complete
+        = ">d:\r\n>d:\\a\r\n>d:\\a\\b\r\nd:\\a\\b\\c.txt|1|03.02.2001 04:05:06\r\n\r\n";
+    rlimit saved {};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &saved), 0);
+    bool walkStopped = false;
+    for (int spare = 1; spare <= 8; ++spare) {
+        SCOPED_TRACE(spare);
+        QFile old(w.data.filePath(QStringLiteral("lws/4711.dat")));
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write(kOldImage) == kOldImage.size());
+        old.close();
+        rlimit low = saved;
+        low.rlim_cur = 128;
+        ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
+        std::vector<int> held;
+        for (int fd; (fd = ::open("/dev/null", O_RDONLY | O_CLOEXEC)) >= 0;)
+            held.push_back(fd);
+        for (int i = 0; i < spare && !held.empty(); ++i) {
+            ::close(held.back());
+            held.pop_back();
+        }
+        const CaptureResult result = w.capture("*.*", false);
+        for (const int fd : held)
+            ::close(fd);
+        ::setrlimit(RLIMIT_NOFILE, &saved);
+        EXPECT_EQ(w.image(), result.ok() ? complete : kOldImage) << result.error.toStdString();
+        walkStopped = walkStopped || result.error.contains(QStringLiteral("Es sind zu viele Dateien geöffnet"));
+    }
+    EXPECT_TRUE(walkStopped);
+}
+
+// Deep trees cost neither call stack nor open handles: a capture in a thread with a small
+// stack walks 3000 levels whole.
+TEST(ImageCapture, ADeepTreeIsWalkedWholeOnASmallStack)
+{
+    Workspace w;
+    w.tree.deepFolders("d", 3000, "unten.txt");
+    CaptureResult result;
+    const std::unique_ptr<QThread> thread(QThread::create([&] { result = w.capture("*.*", false); }));
+    thread->setStackSize(128 * 1024);
+    thread->start();
+    thread->wait();
+    TreeBuilder::removeDeep(w.tree.path(QStringLiteral("d")));
+    ASSERT_TRUE(result.ok()) << result.error.toStdString();
+    EXPECT_EQ(result.folders, 3000u);
+    const QByteArray image = w.image();
+    EXPECT_EQ(image.count("\r\n>d:\\d"), 3000);
+    EXPECT_TRUE(image.contains("\r\nd:" + QByteArray("\\d").repeated(3000) + "\\unten.txt|0|"));
 }
 
 // The nameless line counts as a file: pruned, it keeps its folder.

@@ -44,13 +44,18 @@ TEST(ImageWriter, LinesWrapTheSizeDropTheTimeAtMidnightAndRewriteLineBreaks)
     for (const auto &[folder, size, mtime, line] : cases)
         EXPECT_EQ(written([&](ImageWriter &w) { w.fileLine(folder, "x", size, mtime); }),
             QByteArray(line) + "\r\n\r\n");
-    // A lone CR or LF in an entry's name goes; a CR LF pair stays and splits the line.
-    const std::pair<const char *, const char *> names[] = { { "a\rb", "ab" }, { "a\nb", "ab" },
-        { "a\r\nb", "a\r\nb" }, { "a\r\r\nb", "a\r\nb" }, { "a\r\n\nb", "a\r\nb" }, { "back\r", "back" } };
-    for (const auto &[name, kept] : names)
+    // A CR or LF in any name becomes "?": no name can end its line or inject another (the
+    // ZIP entry "a\r\n>d:\r\nb.txt" would hide the rest of the tree).
+    const std::pair<const char *, const char *> names[] = { { "a\rb", "a?b" }, { "a\nb", "a?b" },
+        { "a\r\n>d:\r\nb.txt", "a?\?>d:?\?b.txt" }, { "back\r", "back?" } };
+    for (const auto &[name, kept] : names) {
         EXPECT_EQ(written([&](ImageWriter &w) { w.entryLine("d:", "a.zip", name, "4", "03.02.2001"); }),
             QByteArray("d:\\a.zip\\") + kept + "|4|03.02.2001\r\n\r\n")
             << name;
+        EXPECT_EQ(written([&](ImageWriter &w) { w.folderLine(std::string("d:\\") + name, name); }),
+            QByteArray(">d:\\") + kept + "\\" + kept + "\r\n\r\n")
+            << name;
+    }
 }
 
 TEST(ImageWriter, TakesBackOnlyLinesThatAreNotFinal)
