@@ -30,6 +30,9 @@ std::string_view tableType(std::string_view fullPath)
 // overlap at the end stay within the `size` bytes of both.
 inline bool sameBytes(const char *a, const char *b, size_t size)
 {
+    // The empty folder text may have no bytes at all behind it.
+    if (size == 0)
+        return true;
 #if defined(__SSE2__)
     if (size >= 16) {
         const auto equal16 = [](const char *x, const char *y) {
@@ -274,7 +277,7 @@ bool ImageIndex::index(int fd, uint64_t size)
     return reader.readWhole();
 }
 
-std::string ImageIndex::readRuns(int32_t firstRun, uint32_t lines) const
+std::string ImageIndex::readRuns(int32_t firstRun, uint32_t lines, std::vector<size_t> &runEnds) const
 {
     std::string bytes;
     if (lines == 0)
@@ -289,10 +292,13 @@ std::string ImageIndex::readRuns(int32_t firstRun, uint32_t lines) const
         const size_t at = bytes.size();
         bytes.resize(at + static_cast<size_t>(run.end - run.begin));
         whole = readAt(fd, bytes.data() + at, bytes.size() - at, run.begin);
+        runEnds.push_back(bytes.size());
     }
     ::close(fd);
-    if (!whole)
+    if (!whole) {
         bytes.clear();
+        runEnds.clear();
+    }
     return bytes;
 }
 
@@ -302,14 +308,21 @@ ImageIndex::Listing ImageIndex::listFolder(std::string_view folder, Icons icons)
     std::vector<imageline::FileFields> lines;
     if (const int32_t number = m_placeNumbers.find(folder); number >= 0) {
         const Place &place = m_places[static_cast<size_t>(number)];
-        const auto bytes = std::make_shared<const std::string>(readRuns(place.firstRun, place.lines));
+        std::vector<size_t> runEnds;
+        const auto bytes = std::make_shared<const std::string>(readRuns(place.firstRun, place.lines, runEnds));
         listing.lines = bytes;
         lines.reserve(place.lines);
-        linescanner::forEachLine(bytes->data(), bytes->size(), [&lines](std::string_view line, size_t) {
-            imageline::FileFields fields;
-            if (imageline::cutFileLine(line, fields))
-                lines.push_back(fields);
-        });
+        // Run by run: a run may end in a lone CR and the next begin with an LF, which read
+        // together would make one line end of two.
+        size_t runStart = 0;
+        for (const size_t runEnd : runEnds) {
+            linescanner::forEachLine(bytes->data() + runStart, runEnd - runStart, [&lines](std::string_view line, size_t) {
+                imageline::FileFields fields;
+                if (imageline::cutFileLine(line, fields))
+                    lines.push_back(fields);
+            });
+            runStart = runEnd;
+        }
     }
 
     const auto findType = [&listing](std::string_view type) -> int32_t {

@@ -100,8 +100,9 @@ private:
     ImageIndex() = default;
     // Indexes the lines of the open file as they are read; false when it could not be read whole.
     bool index(int fd, uint64_t size);
-    // The bytes of the folder's runs, one after the other; empty when the file has changed.
-    std::string readRuns(int32_t firstRun, uint32_t lines) const;
+    // The bytes of the folder's runs, one after the other, and where each run ends in them;
+    // empty when the file has changed.
+    std::string readRuns(int32_t firstRun, uint32_t lines, std::vector<size_t> &runEnds) const;
 
     // The state of the one pass that builds the index.
     struct Indexing;

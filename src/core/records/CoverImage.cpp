@@ -5,6 +5,8 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace coverimage {
 
 QSize fitCoverSize(int32_t w, int32_t h, int32_t maxWidth, int32_t maxHeight)
@@ -14,7 +16,9 @@ QSize fitCoverSize(int32_t w, int32_t h, int32_t maxWidth, int32_t maxHeight)
     const double sx = static_cast<double>(maxWidth) / w;
     const double sy = static_cast<double>(maxHeight) / h;
     const double scale = bankersRound(w * sy) > maxWidth ? sx : sy;
-    return { static_cast<int>(bankersRound(w * scale)), static_cast<int>(bankersRound(h * scale)) };
+    // A very narrow picture would round to no width at all and be lost: a side keeps a pixel.
+    const auto side = [scale](int32_t length) { return std::max(1, static_cast<int>(bankersRound(length * scale))); };
+    return { side(w), side(h) };
 }
 
 QImage fitCover(const QImage &picture, int32_t maxWidth, int32_t maxHeight)

@@ -101,6 +101,9 @@ TEST_F(ImageIndexTest, ListsTheFilesOfExactlyOneFolderInFileOrder)
         { "lines end at CR LF or a lone CR, not at a lone LF",
             ">d:\rd:\\a.txt|1|x\r\nd:\\b\nc.txt|2|y\r\nd:\\last.txt|3|z",
             "d:", { "a.txt|1|x", "b\nc.txt|2|y", "last.txt|3|z" } },
+        { "the empty folder text is compared without touching bytes", "r\r\\", "", {} },
+        { "a run ending in a lone CR is not joined to the next run's LF", "a|1|x\r\r\n\n|2|y", "",
+            { "a|1|x", "\n|2|y" } },
         { "a duplicate name hands its size and date to the row before",
             ">d:\r\n>d:\\z.zip\r\nd:\\z.zip\\a.txt|1|01.01.2001\r\nd:\\z.zip\\b.txt|2|02.02.2002\r\nd:\\z."
             "zip\\a.txt|3|03.03.2003\r\nd:\\z.zip\\||\r\nd:\\z.zip\\||\r\n",

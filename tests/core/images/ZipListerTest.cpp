@@ -62,3 +62,39 @@ TEST(ZipLister, BlockEdgesCutHeadersLimitAndMissingFile)
     EXPECT_EQ(listZip(QFile::encodeName(missing).toStdString()).error,
         QStringLiteral("Datei nicht gefunden: „%1“").arg(missing));
 }
+
+// Names marked as UTF-8 (flag bit 11, or a Unicode path extra field, whose name then counts)
+// reach the image in code page 1252 like file names; other names stay the packer's bytes.
+TEST(ZipLister, Utf8NamesAreConvertedOthersStayBytes)
+{
+    const std::string umlauts = "Gr\xC3\xBC\xC3\x9F" "e.txt"; // "Grüße.txt" in UTF-8
+    const std::string cp1252 = "Gr\xFC\xDF" "e.txt";
+    const auto unicodePath = [](const std::string &utf8) {
+        std::string field = "\x75\x70";
+        field += static_cast<char>((utf8.size() + 5) & 0xFF);
+        field += static_cast<char>((utf8.size() + 5) >> 8);
+        return field + "\x01" + "CRC!" + utf8;
+    };
+    struct Case
+    {
+        const char *what;
+        std::string entry;
+        std::string listed;
+    };
+    const Case cases[] = {
+        { "flag bit 11", zipEntry(umlauts, "x", 0x0800), cp1252 },
+        { "no flag: bytes as written", zipEntry(umlauts, "x"), umlauts },
+        { "code page name without flag", zipEntry(cp1252, "x"), cp1252 },
+        { "outside the code page", zipEntry("\xE6\x97\xA5.txt", "x", 0x0800), "?.txt" },
+        { "Unicode path field wins", zipEntry("alt.txt", "x", 0, std::string("\x0a\x00\x00\x00", 4) + unicodePath(umlauts)),
+            cp1252 },
+        { "cut field is ignored", zipEntry("alt.txt", "x", 0, unicodePath(umlauts).substr(0, 9)), "alt.txt" },
+    };
+    QTemporaryDir dir;
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        const ArchiveListing listing = listZip(writeZip(dir.filePath(QStringLiteral("u.zip")), c.entry));
+        ASSERT_EQ(listing.rows.size(), 2u);
+        EXPECT_EQ(listing.rows[0].name, c.listed);
+    }
+}

@@ -16,7 +16,8 @@ TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
 {
     const std::pair<QSize, QSize> cases[]
         = { { { 600, 300 }, { 300, 150 } }, { { 100, 50 }, { 300, 150 } }, { { 300, 600 }, { 150, 300 } },
-              { { 600, 301 }, { 300, 150 } }, { { 600, 303 }, { 300, 152 } }, { { 0, 10 }, {} } };
+              { { 600, 301 }, { 300, 150 } }, { { 600, 303 }, { 300, 152 } }, { { 0, 10 }, {} },
+              { { 1, 1000 }, { 1, 300 } }, { { 1000, 1 }, { 300, 1 } } }; // a side keeps one pixel
     for (const auto &[picture, fitted] : cases)
         EXPECT_EQ(coverimage::fitCoverSize(picture.width(), picture.height(), 300, 300), fitted)
             << picture.width() << "x" << picture.height();
