@@ -46,7 +46,10 @@ int archive(CliContext &context)
     if (action == QLatin1String("default")) {
         if (!catalog.names().contains(name))
             return refuse(archiveNotFoundMessage());
-        printLine(setDefaultArchive(data.settings(), name));
+        const QString confirmation = setDefaultArchive(data.settings(), name);
+        if (confirmation.isEmpty())
+            return refuse(data.settings().writeFailure());
+        printLine(confirmation);
         return ExitOk;
     }
     if (action == QLatin1String("convert"))

@@ -36,6 +36,10 @@ std::optional<Drive> driveOf(DriveTable &table, const QString &word, QString *pr
         return std::nullopt;
     }
     const Drive drive = table.driveForFolder(QDir(word).absolutePath());
+    if (!table.problem().isEmpty()) {
+        *problem = table.problem();
+        return std::nullopt;
+    }
     if (drive.letter.isEmpty()) {
         *problem = QStringLiteral("Für den Ordner \"%1\" ist kein Laufwerksbuchstabe mehr frei.")
                        .arg(QDir::toNativeSeparators(word));
@@ -83,6 +87,8 @@ int capture(CliContext &context)
     if (!drive)
         return refuse(problem);
     const int32_t id = table.getSerial(*drive);
+    if (!table.problem().isEmpty())
+        return refuse(table.problem());
     const CaptureResult result
         = ImageCapture(data.dataFolder())
               .capture(drive->letter, drive->mountPoint, id, filter, !options.has(kKeepEmpty));

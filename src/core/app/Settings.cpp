@@ -1,5 +1,8 @@
 #include "Settings.h"
 
+#include <QDir>
+#include <QLockFile>
+
 #include "DataFolder.h"
 
 #include <QVariant>
@@ -100,14 +103,34 @@ QString Settings::value(SettingKey key, const QString &readerDefault) const
     return read(settingsKey(key), readerDefault);
 }
 
+Settings::Update::Update(Settings &settings)
+    : m_settings(settings)
+{
+    if (m_settings.m_updates++ > 0)
+        return;
+    m_lock = std::make_unique<QLockFile>(m_settings.fileName() + QStringLiteral(".update-lock"));
+    // Not QSettings's own ".lock", which it takes while it writes. A process that died holding
+    // the lock leaves it behind; its pid tells that it is stale.
+    m_lock->setStaleLockTime(30000);
+    // Where no lock can be made the folder is read-only: the writes will fail and say so.
+    if (!m_lock->lock())
+        m_lock.reset();
+    m_settings.m_store.sync();
+}
+
+Settings::Update::~Update()
+{
+    --m_settings.m_updates;
+}
+
 bool Settings::contains(SettingKey key) const
 {
     return m_store.contains(settingsKey(key));
 }
 
-void Settings::setValue(SettingKey key, const QString &text)
+bool Settings::setValue(SettingKey key, const QString &text)
 {
-    write(settingsKey(key), text);
+    return write(settingsKey(key), text);
 }
 
 QString Settings::groupValue(const QString &group, const QString &key, const QString &def) const
@@ -115,9 +138,9 @@ QString Settings::groupValue(const QString &group, const QString &key, const QSt
     return read(groupKey(group, key), def);
 }
 
-void Settings::setGroupValue(const QString &group, const QString &key, const QString &text)
+bool Settings::setGroupValue(const QString &group, const QString &key, const QString &text)
 {
-    write(groupKey(group, key), text);
+    return write(groupKey(group, key), text);
 }
 
 QStringList Settings::groupKeys(const QString &group) const
@@ -128,10 +151,17 @@ QStringList Settings::groupKeys(const QString &group) const
     return keys;
 }
 
-void Settings::removeGroupValue(const QString &group, const QString &key)
+bool Settings::removeGroupValue(const QString &group, const QString &key)
 {
     m_store.remove(groupKey(group, key));
-    m_store.sync();
+    return saved();
+}
+
+QString Settings::writeFailure() const
+{
+    return QStringLiteral("Die Einstellungen konnten nicht gespeichert werden: Die Datei \"")
+        + QDir::toNativeSeparators(fileName())
+        + QStringLiteral("\" ist schreibgeschützt, oder auf dem Datenträger ist kein Platz mehr.");
 }
 
 QString Settings::read(const QString &fullKey, const QString &def) const
@@ -145,9 +175,15 @@ QString Settings::read(const QString &fullKey, const QString &def) const
     return stored.toString();
 }
 
-void Settings::write(const QString &fullKey, const QString &text)
+bool Settings::write(const QString &fullKey, const QString &text)
 {
     m_store.setValue(fullKey, text);
-    // Written at once: a later crash must not lose the start counter or a window layout.
+    return saved();
+}
+
+// Written at once: a later crash must not lose the start counter or a window layout.
+bool Settings::saved()
+{
     m_store.sync();
+    return m_store.status() == QSettings::NoError;
 }

@@ -4,6 +4,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class QLockFile;
+
 // The keys of the group "Settings". Each has one declared default (see Settings.cpp); a
 // reader that needs another default passes it explicitly.
 enum class SettingKey {
@@ -23,9 +27,27 @@ enum class SettingKey {
 
 // The user's settings: an INI file, every value a text. Each value is read at the moment
 // it is needed and written at once, so two instances in one process see each other's writes.
+// Several processes of the program share the file: whoever reads a value to decide what to
+// write (a free drive letter, the next start count) holds an Update from the read to the write.
 class Settings
 {
 public:
+    // Holds the settings file for this process from a read to the write that follows it:
+    // a lock file beside the settings, taken by the outermost Update of a Settings, and the
+    // file read afresh once the lock is held.
+    class Update
+    {
+    public:
+        explicit Update(Settings &settings);
+        ~Update();
+        Update(const Update &) = delete;
+        Update &operator=(const Update &) = delete;
+
+    private:
+        Settings &m_settings;
+        std::unique_ptr<QLockFile> m_lock;
+    };
+
     // The user's store: the file named by $SILBERBUCH_CONFIG when set, else the per-user
     // store of the application "Silberbuch".
     Settings();
@@ -42,19 +64,25 @@ public:
     // The stored text, or this reader's own default when the key is missing.
     QString value(SettingKey key, const QString &readerDefault) const;
     bool contains(SettingKey key) const;
-    void setValue(SettingKey key, const QString &text);
+    // Writes reach the file at once; false when it could not be written (read-only, disk
+    // full), and writeFailure() then says so.
+    bool setValue(SettingKey key, const QString &text);
 
     // Other groups ("Drives", "Printer").
     QString groupValue(const QString &group, const QString &key, const QString &def = {}) const;
-    void setGroupValue(const QString &group, const QString &key, const QString &text);
+    bool setGroupValue(const QString &group, const QString &key, const QString &text);
     QStringList groupKeys(const QString &group) const;
-    void removeGroupValue(const QString &group, const QString &key);
+    bool removeGroupValue(const QString &group, const QString &key);
 
     QString fileName() const { return m_store.fileName(); }
+    // The German message for a write that did not reach the file.
+    QString writeFailure() const;
 
 private:
     QString read(const QString &fullKey, const QString &def) const;
-    void write(const QString &fullKey, const QString &text);
+    bool write(const QString &fullKey, const QString &text);
+    bool saved();
 
     mutable QSettings m_store;
+    int m_updates = 0;
 };

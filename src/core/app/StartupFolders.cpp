@@ -32,6 +32,7 @@ bool createFolderWithPlaceholder(const QString &folder, const QString &placehold
 
 bool countStart(Settings &settings)
 {
+    const Settings::Update update(settings);
     const std::optional<double> count = parseNumberText(settings.value(SettingKey::Start, QStringLiteral("0")));
     // A counter that is no whole number is treated like a failed step: the start counts as
     // the first one.

@@ -98,7 +98,8 @@ QString defaultArchive(const Settings &settings)
 
 QString setDefaultArchive(Settings &settings, const QString &name)
 {
-    settings.setValue(SettingKey::Standard, name);
+    if (!settings.setValue(SettingKey::Standard, name))
+        return {};
     return QStringLiteral("Archiv ") + name
         + QStringLiteral(
             " wurde als Standard festgelegt. Nun kann dieses bei jedem Start des Silberbuchs automatisch "

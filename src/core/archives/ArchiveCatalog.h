@@ -36,7 +36,8 @@ bool archiveNameMatches(const QString &typed, const QStringList &entries);
 
 // The default archive, opened at a start without asking; empty when none was chosen.
 QString defaultArchive(const Settings &settings);
-// Makes name the default archive and returns the confirmation to show.
+// Makes name the default archive and returns the confirmation to show; empty when the
+// settings could not be written (Settings::writeFailure() says why).
 QString setDefaultArchive(Settings &settings, const QString &name);
 
 // Shown when a name typed or asked for is not among the archives.

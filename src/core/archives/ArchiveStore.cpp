@@ -2,13 +2,23 @@
 
 #include "ArchiveConnection.h"
 
+#include "common/Temporaries.h"
+
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <unistd.h>
 
 #include <sqlite3.h>
 
 namespace {
 
 using Kind = ArchiveError::Kind;
+
+const QString kTemporaryPrefix = QStringLiteral(".archive-");
 
 // The six fields in the order of creation. Rows are kept in key order (no row ids), which
 // is the order every "Select * FROM cds" must deliver without an ORDER BY.
@@ -78,16 +88,35 @@ ArchiveStore::ArchiveStore(const QString &mdbPath)
 
 ArchiveError ArchiveStore::create(const QString &mdbPath)
 {
+    if (QFileInfo::exists(mdbPath))
+        return ArchiveConnection(mdbPath, ArchiveConnection::Mode::Create).openError();
+    // Made under a name of this process and given its own name only when complete, so a
+    // killed creation leaves no file that blocks the name; its debris goes next time.
+    const QString folder = QFileInfo(mdbPath).absolutePath();
+    temporaries::removeStale(folder, kTemporaryPrefix);
+    const QString temporary = temporaries::freshName(folder, kTemporaryPrefix);
     ArchiveError error;
     {
-        ArchiveConnection connection(mdbPath, ArchiveConnection::Mode::Create);
-        if (!connection.openError().ok())
-            return connection.openError();
-        error = connection.transaction([&] { return connection.run(QString::fromLatin1(kCreateTable)); });
+        ArchiveConnection connection(temporary, ArchiveConnection::Mode::Create);
+        error = connection.openError();
+        if (error.ok())
+            error = connection.transaction([&] { return connection.run(QString::fromLatin1(kCreateTable)); });
     }
-    // A file without its table would only be in the way of the next attempt.
-    if (!error.ok())
-        QFile::remove(mdbPath);
+    // A link never replaces an archive that another process made meanwhile; file systems
+    // without links (a FAT stick) get a rename after one more look.
+    const QByteArray from = QFile::encodeName(temporary);
+    const QByteArray to = QFile::encodeName(mdbPath);
+    if (error.ok() && ::link(from.constData(), to.constData()) != 0) {
+        if (errno == EEXIST || QFileInfo::exists(mdbPath))
+            error = ArchiveConnection(mdbPath, ArchiveConnection::Mode::Create).openError();
+        else
+            ::rename(from.constData(), to.constData());
+    }
+    if (error.ok() && !QFileInfo::exists(mdbPath))
+        error = { Kind::FileError,
+            QStringLiteral("Die Archivdatei \"") + QDir::toNativeSeparators(mdbPath)
+                + QStringLiteral("\" kann nicht angelegt werden.") };
+    QFile::remove(temporary);
     return error;
 }
 

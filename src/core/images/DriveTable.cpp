@@ -47,6 +47,7 @@ DriveTable::DriveTable(Settings &settings, VolumeSources sources)
 
 std::vector<Drive> DriveTable::drives()
 {
+    const Settings::Update update(m_settings);
     const std::vector<Mount> mounts = readMountInfo(m_sources.mountInfo);
     std::vector<Drive> result;
     for (const Entry &entry : entriesWithNewMounts(mounts))
@@ -56,6 +57,7 @@ std::vector<Drive> DriveTable::drives()
 
 std::optional<Drive> DriveTable::find(const QString &letter)
 {
+    const Settings::Update update(m_settings);
     const std::vector<Mount> mounts = readMountInfo(m_sources.mountInfo);
     const std::optional<Entry> entry = entryOf(normalLetter(letter), entriesWithNewMounts(mounts));
     if (!entry)
@@ -65,6 +67,7 @@ std::optional<Drive> DriveTable::find(const QString &letter)
 
 AddDriveResult DriveTable::addFolder(const QString &letter, const QString &folder)
 {
+    const Settings::Update update(m_settings);
     AddDriveResult result;
     const QString drive = normalLetter(letter);
     if (drive.isEmpty()) {
@@ -92,11 +95,14 @@ AddDriveResult DriveTable::addFolder(const QString &letter, const QString &folde
     }
     result.drive
         = describe(store(drive, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()), true), mounts);
+    if (!problem().isEmpty())
+        return { {}, problem() };
     return result;
 }
 
 Drive DriveTable::driveForFolder(const QString &folder)
 {
+    const Settings::Update update(m_settings);
     if (!QFileInfo(folder).isDir())
         return {};
     const std::vector<Mount> mounts = readMountInfo(m_sources.mountInfo);
@@ -108,11 +114,13 @@ Drive DriveTable::driveForFolder(const QString &folder)
     const QString letter = nextFreeLetter(known);
     if (letter.isEmpty())
         return {};
-    return describe(store(letter, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()), true), mounts);
+    const Drive drive = describe(store(letter, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()), true), mounts);
+    return problem().isEmpty() ? drive : Drive {};
 }
 
 int32_t DriveTable::getSerial(const Drive &drive)
 {
+    const Settings::Update update(m_settings);
     const std::optional<Entry> entry = entryOf(normalLetter(drive.letter), entries());
     if (!entry)
         return 0;
@@ -123,6 +131,11 @@ QString DriveTable::volumeName(const QString &letter)
 {
     const std::optional<Drive> drive = find(letter);
     return drive && drive->serial != 0 ? drive->label : QString();
+}
+
+QString DriveTable::problem() const
+{
+    return m_writeFailed ? m_settings.writeFailure() : QString();
 }
 
 QString DriveTable::normalLetter(const QString &text)
@@ -195,11 +208,12 @@ QString DriveTable::nextFreeLetter(const std::vector<Entry> &known) const
 
 DriveTable::Entry DriveTable::store(const QString &letter, const QString &mountPoint, bool folder)
 {
-    m_settings.setGroupValue(kGroup, keyOf(letter), mountPoint);
+    bool saved = m_settings.setGroupValue(kGroup, keyOf(letter), mountPoint);
     if (folder)
-        m_settings.setGroupValue(kGroup, keyOf(letter, ".folder"), QStringLiteral("1"));
+        saved = m_settings.setGroupValue(kGroup, keyOf(letter, ".folder"), QStringLiteral("1")) && saved;
     else if (!m_settings.groupValue(kGroup, keyOf(letter, ".folder")).isEmpty())
-        m_settings.removeGroupValue(kGroup, keyOf(letter, ".folder"));
+        saved = m_settings.removeGroupValue(kGroup, keyOf(letter, ".folder")) && saved;
+    m_writeFailed = m_writeFailed || !saved;
     return { letter, mountPoint, folder };
 }
 
@@ -232,6 +246,7 @@ int32_t DriveTable::keptId(const QString &letter)
     int32_t drawn = 0;
     while (drawn == 0)
         drawn = static_cast<int32_t>(QRandomGenerator::system()->generate());
-    m_settings.setGroupValue(kGroup, keyOf(letter, ".id"), QString::number(drawn));
+    if (!m_settings.setGroupValue(kGroup, keyOf(letter, ".id"), QString::number(drawn)))
+        m_writeFailed = true;
     return drawn;
 }

@@ -24,7 +24,8 @@ struct AddDriveResult
 // file system, every other mounted file system of the user gets the next free letter from
 // d: the first time it is seen and keeps it, also while it is not mounted, and any folder
 // can be made a drive. Each call reads the mount table afresh, so a medium that came or
-// went since the last call is seen.
+// went since the last call is seen, and holds the settings from its read to its write, so
+// two processes never hand out one letter twice.
 class DriveTable
 {
 public:
@@ -49,6 +50,10 @@ public:
     // letter has no drive or nothing is mounted there.
     QString volumeName(const QString &letter);
 
+    // Why a letter or an id just given could not be kept: the settings could not be written.
+    // Empty when everything was saved.
+    QString problem() const;
+
     // "d:" for "d", "D" or "D:"; empty for anything that is no drive letter.
     static QString normalLetter(const QString &text);
 
@@ -70,4 +75,5 @@ private:
 
     Settings &m_settings;
     VolumeSources m_sources;
+    bool m_writeFailed = false;
 };

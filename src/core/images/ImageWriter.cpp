@@ -1,16 +1,19 @@
 #include "ImageWriter.h"
 
 #include "common/DateText.h"
+#include "common/Temporaries.h"
+
+#include <QFile>
 
 #include <cerrno>
 #include <charconv>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <random>
 #include <unistd.h>
 
 namespace {
+
+const QString kTemporaryPrefix = QStringLiteral(".capture-");
 
 // Lines are handed to the file system in pieces of about this size.
 constexpr size_t kWriteSize = size_t { 1 } << 20;
@@ -59,24 +62,17 @@ ImageWriter::~ImageWriter()
 
 bool ImageWriter::open()
 {
-    // A fresh name of our own, created exclusively, so the file gets the usual permissions.
-    std::random_device device;
-    std::mt19937_64 random(device());
-    const std::string folder = folderOfPath(m_targetPath);
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        char suffix[17];
-        std::snprintf(suffix, sizeof suffix, "%016llx", static_cast<unsigned long long>(random()));
-        const std::string candidate = folder + "/.capture-" + suffix + ".tmp";
-        m_fd = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (m_fd >= 0) {
-            m_tempPath = candidate;
-            return true;
-        }
-        if (errno != EEXIST)
-            break;
+    // Named after this process, so that a later capture can tell the file of a killed one.
+    const QString folder = QFile::decodeName(QByteArray::fromStdString(folderOfPath(m_targetPath)));
+    temporaries::removeStale(folder, kTemporaryPrefix);
+    const std::string candidate = QFile::encodeName(temporaries::freshName(folder, kTemporaryPrefix)).toStdString();
+    m_fd = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (m_fd < 0) {
+        m_error = errno;
+        return false;
     }
-    m_error = errno;
-    return false;
+    m_tempPath = candidate;
+    return true;
 }
 
 void ImageWriter::beginLine()

@@ -3,8 +3,7 @@
 #include "ResultColumns.h"
 
 #include "common/Cp1252.h"
-
-#include <QSaveFile>
+#include "common/Temporaries.h"
 
 namespace {
 
@@ -42,9 +41,7 @@ std::optional<RuntimeFailure> ResultsFile::save(const QString &path, const QStri
     const auto bytes = text(searchWord, hitEntries, now);
     if (const auto *failure = std::get_if<RuntimeFailure>(&bytes))
         return *failure;
-    QSaveFile file(path);
-    const QByteArray &content = std::get<QByteArray>(bytes);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    if (!temporaries::replaceFile(path, std::get<QByteArray>(bytes)))
         return RuntimeFailure{75, QStringLiteral("Fehler beim Zugriff auf Pfad/Datei")};
     return std::nullopt;
 }

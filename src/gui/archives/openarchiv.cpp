@@ -4,6 +4,7 @@
 #include "app/Program.h"
 #include "ui_openarchiv.h"
 
+#include "app/Settings.h"
 #include "archives/ArchiveCatalog.h"
 #include "common/Prompts.h"
 
@@ -169,7 +170,9 @@ void openarchiv::Command5_Click()
         Prompts::message(this, QStringLiteral("Fehler: Kein Archiv ausgewählt!"), Prompts::Icon::Critical);
         return;
     }
-    Prompts::message(this, setDefaultArchive(m_program.settings(), item->text()));
+    const QString confirmation = setDefaultArchive(m_program.settings(), item->text());
+    Prompts::message(this, confirmation.isEmpty() ? m_program.settings().writeFailure() : confirmation,
+        confirmation.isEmpty() ? Prompts::Icon::Critical : Prompts::Icon::None);
 }
 
 void openarchiv::mdelete_Click()
