@@ -1,6 +1,10 @@
 #include "app/Program.h"
 #include "app/Resources.h"
 #include "app/Startup.h"
+#include "services/Abouts.h"
+#include "services/Form8.h"
+#include "services/frmOptions.h"
+#include "services/frmupdate.h"
 
 #include "app/Settings.h"
 #include "app/StartDecision.h"
@@ -31,6 +35,10 @@ int main(int argc, char **argv)
 
     Settings settings;
     Program program(settings, wholeCommandLine(QApplication::arguments()));
+    program.setOpener(QStringLiteral("frmOptions"), [](Program &p) { p.show<frmOptions>(); });
+    program.setOpener(QStringLiteral("frmupdate"), [](Program &p) { p.show<frmupdate>(); });
+    program.setOpener(QStringLiteral("Form8"), [](Program &p) { p.show<Form8>(); });
+    program.setOpener(QStringLiteral("Abouts"), [](Program &p) { p.show<Abouts>(); });
     QObject::connect(&program, &Program::allUnloaded, &application, &QApplication::quit);
     program.show<Startup>();
     return QApplication::exec();

@@ -65,6 +65,6 @@ bool isMinimizedStart(const QString &commandLine)
 
 QString minimizedStartNotice()
 {
-    return QStringLiteral("Hinweis: Die Option den Silberbuch mit Windows mitstarten ist aktiviert. Sie macht "
+    return QStringLiteral("Hinweis: Die Option den Silberbuch mit dem System mitstarten ist aktiviert. Sie macht "
                           "jedoch nur Sinn, wenn Sie ein Archiv als Standard auswählen.");
 }

@@ -35,6 +35,11 @@ QString vendorWebAddressText()
     return text;
 }
 
+QString vendorMailAddress()
+{
+    return QStringLiteral("support@silberbuch.example.org");
+}
+
 QString userName()
 {
     const passwd *entry = ::getpwuid(::getuid());

@@ -14,6 +14,8 @@ QString baseAddress();
 QString vendorWebAddress();
 // The site without its scheme and closing "/", as the About window shows it.
 QString vendorWebAddressText();
+// Where the maker takes mail.
+QString vendorMailAddress();
 
 // The user's name sent along: the login name, empty when there is none.
 QString userName();

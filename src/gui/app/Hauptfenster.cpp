@@ -3,7 +3,6 @@
 #include "Program.h"
 #include "Resources.h"
 #include "ShellOpen.h"
-#include "VendorAddresses.h"
 #include "archives/CdDetailView.h"
 #include "archives/openarchiv.h"
 #include "common/Prompts.h"
@@ -20,6 +19,7 @@
 #include "app/Settings.h"
 #include "app/StartDecision.h"
 #include "archives/ArchiveStore.h"
+#include "services/ServiceRequest.h"
 #include "archives/JetConversion.h"
 #include "archives/CdList.h"
 #include "screen/SplitterLayout.h"
@@ -207,12 +207,12 @@ void Hauptfenster::connectMenus()
     connect(ui.mnuoptionss, &QAction::triggered, this, openNamed("frmOptions"));
     connect(ui.hilfe, &QAction::triggered, this, &Hauptfenster::hilfe_Click);
     connect(ui.mnusupport, &QAction::triggered, this, [] {
-        shellopen::open(QUrl(QStringLiteral("mailto:") + vendor::mailAddress()
+        shellopen::open(QUrl(QStringLiteral("mailto:") + service::vendorMailAddress()
             + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
     });
     connect(ui.mnuwunsch, &QAction::triggered, this, openNamed("Form8"));
     connect(ui.mnuUpdate, &QAction::triggered, this, openNamed("frmupdate"));
-    connect(ui.mnusofthome, &QAction::triggered, this, [] { shellopen::open(QUrl(vendor::webAddress())); });
+    connect(ui.mnusofthome, &QAction::triggered, this, [] { shellopen::open(QUrl(service::vendorWebAddress())); });
     connect(ui.about3, &QAction::triggered, this, openNamed("Abouts"));
     connect(ui.mntray, &QAction::triggered, this, &Hauptfenster::mntray_Click);
 

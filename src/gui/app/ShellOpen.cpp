@@ -1,6 +1,7 @@
 #include "ShellOpen.h"
 
 #include <QDesktopServices>
+#include <QProcess>
 
 namespace shellopen {
 
@@ -17,6 +18,15 @@ bool open(const QUrl &url)
         return true;
     }
     return QDesktopServices::openUrl(url);
+}
+
+bool startDetached(const QString &program, const QStringList &arguments)
+{
+    if (activeRecorder) {
+        activeRecorder->m_started << (QStringList { program } + arguments);
+        return true;
+    }
+    return QProcess::startDetached(program, arguments);
 }
 
 ShellRecorder::ShellRecorder()

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QList>
+#include <QStringList>
 #include <QUrl>
 
-// Opens a file or an address with the program the desktop has for it. While a ShellRecorder
-// is alive nothing is started: the requests are recorded, so tests can see them.
+// Opens a file or an address with the program the desktop has for it, or starts a program.
+// While a ShellRecorder is alive nothing is started: the requests are recorded, so tests can
+// see them.
 namespace shellopen {
 
 bool open(const QUrl &url);
+// Starts the program as a process of its own that outlives this one.
+bool startDetached(const QString &program, const QStringList &arguments);
 
 class ShellRecorder
 {
@@ -18,11 +22,15 @@ public:
     ShellRecorder &operator=(const ShellRecorder &) = delete;
 
     const QList<QUrl> &opened() const { return m_opened; }
+    // Each started program with its arguments, one list each.
+    const QList<QStringList> &started() const { return m_started; }
 
 private:
     friend bool open(const QUrl &url);
+    friend bool startDetached(const QString &program, const QStringList &arguments);
     ShellRecorder *m_previous;
     QList<QUrl> m_opened;
+    QList<QStringList> m_started;
 };
 
 } // namespace shellopen

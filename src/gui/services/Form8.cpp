@@ -1,0 +1,72 @@
+#include "Form8.h"
+
+#include "app/Program.h"
+#include "common/Prompts.h"
+
+#include "app/Settings.h"
+#include "services/HttpGet.h"
+#include "services/ServiceRequest.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+Form8::Form8(Program &program)
+    : QDialog(nullptr)
+    , m_program(program)
+{
+    m_program.adopt(this);
+    setObjectName(QStringLiteral("Form8"));
+    setWindowTitle(QStringLiteral("Wunschfunktion"));
+    auto *label1 = new QLabel(QStringLiteral("Hier haben Sie die Möglichkeit Ihre Wünsche bezüglich neuer Funktionen, "
+                                             "Designänderungen, Verbesserungen, etc direkt an Ravelin zu senden. "),
+        this);
+    label1->setObjectName(QStringLiteral("Label1"));
+    label1->setWordWrap(true);
+    m_text1 = new QPlainTextEdit(this);
+    m_text1->setObjectName(QStringLiteral("Text1"));
+    auto *label2 = new QLabel(QStringLiteral("Optional: Ihre E-Mail Adresse für eventuelle Rückfragen:"), this);
+    label2->setObjectName(QStringLiteral("Label2"));
+    m_text2 = new QLineEdit(this);
+    m_text2->setObjectName(QStringLiteral("Text2"));
+    auto *command1 = new QPushButton(QStringLiteral("Wünsche senden"), this);
+    command1->setObjectName(QStringLiteral("Command1"));
+    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
+    command2->setObjectName(QStringLiteral("Command2"));
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(command1);
+    buttons->addWidget(command2);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(label1);
+    layout->addWidget(m_text1);
+    layout->addWidget(label2);
+    layout->addWidget(m_text2);
+    layout->addLayout(buttons);
+    resize(460, 340);
+    connect(command1, &QPushButton::clicked, this, &Form8::Command1_Click);
+    connect(command2, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void Form8::Command1_Click()
+{
+    // The text box of the wish ends its lines in CR LF, as the server expects them.
+    QString wish = m_text1->toPlainText();
+    wish.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+    const QString start = m_program.settings().value(SettingKey::Start, QStringLiteral("3"));
+    setCursor(Qt::WaitCursor);
+    const QByteArray reply = service::httpGetOnce(
+        service::wishAddress(service::baseAddress(), start, m_text2->text(), wish, service::userName()));
+    if (service::isThanks(reply))
+        Prompts::message(this,
+            QStringLiteral("Vielen Dank für Ihren Vorschlag!\r\nIch werde versuchen ihn in der nächsten Version "
+                           "umzusetzen."),
+            Prompts::Icon::Information);
+    else
+        Prompts::message(this, QStringLiteral("Fehler: Bitte wenden Sie sich an den Support!"));
+    unsetCursor();
+    close();
+}

@@ -1,0 +1,205 @@
+#include "DesktopRun.h"
+#include "FakeHttpServer.h"
+
+#include "services/Abouts.h"
+#include "services/Form8.h"
+#include "services/frmOptions.h"
+#include "services/frmnewVersion.h"
+#include "services/frmupdate.h"
+
+#include "app/AutostartEntry.h"
+#include "app/DataFolder.h"
+#include "services/ServiceRequest.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The dialogs ask the test's server instead of the maker's.
+class ServiceDialogsTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { qputenv("SILBERBUCH_SERVICE_URL", m_server.baseAddress().toUtf8()); }
+    void TearDown() override { qunsetenv("SILBERBUCH_SERVICE_URL"); }
+
+    template <class T> static T *child(QWidget *window, const char *name)
+    {
+        T *found = window->findChild<T *>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    FakeHttpServer m_server;
+};
+
+TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
+{
+    const QString none = u"Es ist zur Zeit keine aktualisierte Version vorhanden!"_s;
+    struct Case
+    {
+        const char *what;
+        QByteArray body;
+        QString message; // empty: frmnewVersion opens
+        QString shownVersion;
+    };
+    const Case cases[] = {
+        { "empty reply", "", none, {} },
+        { "same version", "5.0", none, {} },
+        { "point release", "5.0.1", {}, u"5.0.1"_s },
+        { "this version counts as news", "5.1", {}, u"5.1"_s },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        DesktopRun run;
+        run.settings().setValue(SettingKey::Start, u"17"_s);
+        m_server.answer(c.body);
+        frmupdate *dialog = run.program().show<frmupdate>();
+        dialog->Command1_Click();
+        run.settle();
+        EXPECT_EQ(m_server.requestLine(),
+            "GET /members/Tolvan/updates.pl?value1=17|" + service::userName().toUtf8() + " HTTP/1.0");
+        EXPECT_EQ(run.prompts().messages(), c.message.isEmpty() ? QStringList() : QStringList { c.message });
+        frmnewVersion *found = run.form<frmnewVersion>();
+        EXPECT_EQ(found != nullptr, c.message.isEmpty());
+        if (found) {
+            EXPECT_EQ(child<QLabel>(found, "Label1")->text(), c.shownVersion);
+            EXPECT_EQ(child<QLabel>(found, "Label3")->text(), u"5.1"_s);
+            child<QPushButton>(found, "Command1")->click();
+            EXPECT_EQ(run.opened(), QList<QUrl> { QUrl(service::vendorWebAddress()) });
+            EXPECT_NE(run.form<frmupdate>(), nullptr); // stays behind the news
+        } else {
+            EXPECT_EQ(run.form<frmupdate>(), nullptr);
+        }
+    }
+}
+
+TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
+{
+    const QString thanks
+        = u"Vielen Dank für Ihren Vorschlag!\r\nIch werde versuchen ihn in der nächsten Version umzusetzen."_s;
+    const QString failure = u"Fehler: Bitte wenden Sie sich an den Support!"_s;
+    struct Case
+    {
+        const char *what;
+        QByteArray body;
+        QString message;
+    };
+    const Case cases[] = {
+        { "thanks", "Danke", thanks },
+        { "thanks with a line end", "Danke\r\n", failure },
+        { "another word", "danke", failure },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        DesktopRun run;
+        m_server.answer(c.body);
+        Form8 *dialog = run.program().show<Form8>();
+        child<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
+        child<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
+        dialog->Command1_Click();
+        run.settle();
+        EXPECT_EQ(m_server.requestLine(),
+            "GET /members/Tolvan/wunsch.pl?value1=3|a@b.de|Mehr%20Gr%F6%DFe%20%232%20bitte|"
+                + service::userName().toUtf8() + " HTTP/1.0");
+        EXPECT_EQ(run.prompts().messages(), QStringList { c.message });
+        EXPECT_EQ(run.form<Form8>(), nullptr);
+    }
+}
+
+// The save flow: which keys are written, when a restart is offered and what it starts, and
+// the autostart entry written and removed.
+TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
+{
+    QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    struct Case
+    {
+        const char *what;
+        const char *storedPath; // nullptr: never stored
+        bool chooseFolder;
+        QString typedPath;
+        bool autostart;
+        bool restartOffered;
+    };
+    const Case cases[] = {
+        { "first save always offers a restart", nullptr, false, {}, false, true },
+        { "nothing changed", "/daten", true, u"/daten"_s, false, false },
+        { "another folder", "/daten", true, u"/mnt/netz/silberbuch"_s, true, true },
+        { "a path with slashes stays as typed", "/daten", true, u"/daten/"_s, false, true },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        DesktopRun run;
+        if (c.storedPath) {
+            run.settings().setValue(SettingKey::pfad, u"False"_s);
+            run.settings().setValue(SettingKey::path, QString::fromUtf8(c.storedPath));
+        }
+        shellopen::ShellRecorder shell;
+        frmOptions *dialog = run.program().show<frmOptions>();
+        EXPECT_EQ(child<QLineEdit>(dialog, "Text1")->isEnabled(), c.storedPath != nullptr);
+        if (c.chooseFolder) {
+            child<QRadioButton>(dialog, "Option2")->click();
+            child<QLineEdit>(dialog, "Text1")->setText(c.typedPath);
+        }
+        child<QCheckBox>(dialog, "Check1")->setChecked(c.autostart);
+        child<QCheckBox>(dialog, "Check3")->setChecked(true);
+        run.prompts().answerMessage(Prompts::Answer::Ok);
+        run.prompts().answerMessage(Prompts::Answer::Yes);
+        dialog->Command1_Click();
+        run.settle();
+        QStringList expected { u"Einstellungen gespeichert!"_s };
+        if (c.restartOffered)
+            expected << u"Hinweis: Die Änderungen werden erst nach einem Neustart der Anwendung wirksam. "
+                        u"Anwendung neustarten?"_s;
+        EXPECT_EQ(run.prompts().messages(), expected);
+        EXPECT_EQ(shell.started().size(), c.restartOffered ? 1 : 0);
+        if (c.restartOffered) {
+            EXPECT_EQ(shell.started().value(0).value(1), u"-minimized"_s);
+        }
+        EXPECT_EQ(run.program().loadedCount(), 0);
+        EXPECT_EQ(run.settings().value(SettingKey::autostart), c.autostart ? u"1"_s : u"0"_s);
+        EXPECT_EQ(run.settings().value(SettingKey::autoarchiv), u"1"_s);
+        EXPECT_EQ(run.settings().value(SettingKey::pfad), c.chooseFolder ? u"False"_s : u"True"_s);
+        EXPECT_EQ(run.settings().value(SettingKey::path), c.chooseFolder ? c.typedPath : programFolder());
+        EXPECT_EQ(QFileInfo::exists(autostart::entryPath()), c.autostart);
+    }
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(ServiceDialogsTest, OptionsLoadFallsBackOnAValueThatIsNoNumber)
+{
+    DesktopRun run;
+    run.settings().setValue(SettingKey::autostart, u"ja"_s);
+    run.settings().setValue(SettingKey::pfad, u"False"_s);
+    run.settings().setValue(SettingKey::path, u"/daten"_s);
+    frmOptions *dialog = run.program().show<frmOptions>();
+    EXPECT_TRUE(child<QRadioButton>(dialog, "Option1")->isChecked());
+    EXPECT_EQ(child<QLineEdit>(dialog, "Text1")->text(), programFolder());
+    EXPECT_EQ(run.settings().value(SettingKey::autostart), u"0"_s);
+    EXPECT_EQ(run.settings().value(SettingKey::pfad), u"True"_s);
+    child<QAbstractButton>(dialog, "Command10")->click();
+    EXPECT_EQ(run.prompts().shown().back().title, u"Infos: Datenbank-Pfad ändern"_s);
+}
+
+TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
+{
+    DesktopRun run;
+    Abouts *about = run.program().show<Abouts>();
+    EXPECT_EQ(child<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
+    QPushButton *site = child<QPushButton>(about, "Command15");
+    EXPECT_EQ(site->text(), service::vendorWebAddressText());
+    site->click();
+    EXPECT_EQ(run.opened(), QList<QUrl> { QUrl(service::vendorWebAddress()) });
+    child<QPushButton>(about, "Command1")->click();
+    run.settle();
+    EXPECT_EQ(run.form<Abouts>(), nullptr);
+}
+
+} // namespace
