@@ -3,48 +3,80 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-// The pattern rule read straight from the pattern text, by backtracking: slow and plain, the
-// reference the compiled matcher must agree with.
+// The pattern rule read straight from the pattern text, by backtracking with a memo of the
+// positions tried: slow and plain, the reference the compiled matcher must agree with.
+class Reference
+{
+public:
+    Reference(std::string_view pattern, std::string_view text)
+        : m_pattern(pattern)
+        , m_text(text)
+        , m_memo((pattern.size() + 1) * (text.size() + 1), -1)
+    {
+    }
+
+    bool matches() { return match(0, 0); }
+
+private:
+    bool match(size_t p, size_t t)
+    {
+        signed char &known = m_memo[p * (m_text.size() + 1) + t];
+        if (known < 0)
+            known = step(p, t) ? 1 : 0;
+        return known == 1;
+    }
+
+    bool step(size_t p, size_t t)
+    {
+        if (p == m_pattern.size())
+            return t == m_text.size();
+        const char c = m_pattern[p];
+        if (c == '*')
+            return match(p + 1, t) || (t < m_text.size() && match(p, t + 1));
+        if (c == '[') {
+            const size_t close = m_pattern.find(']', p + 1);
+            std::string_view list = m_pattern.substr(p + 1, close - p - 1);
+            if (list.empty())
+                return match(close + 1, t);
+            if (t == m_text.size())
+                return false;
+            bool negate = false;
+            if (list.front() == '!') {
+                negate = true;
+                list.remove_prefix(1);
+            }
+            const auto x = static_cast<unsigned char>(m_text[t]);
+            bool member = false;
+            for (size_t k = 0; k < list.size(); ++k) {
+                const auto from = static_cast<unsigned char>(list[k]);
+                if (k + 2 < list.size() && list[k + 1] == '-') {
+                    member = member || (x >= from && x <= static_cast<unsigned char>(list[k + 2]));
+                    k += 2;
+                } else {
+                    member = member || x == from;
+                }
+            }
+            return member != negate && match(close + 1, t + 1);
+        }
+        if (t == m_text.size())
+            return false;
+        const char x = m_text[t];
+        const bool one = c == '?' || (c == '#' ? x >= '0' && x <= '9' : x == c);
+        return one && match(p + 1, t + 1);
+    }
+
+    std::string_view m_pattern;
+    std::string_view m_text;
+    std::vector<signed char> m_memo;
+};
+
 bool referenceMatch(std::string_view pattern, std::string_view text)
 {
-    if (pattern.empty())
-        return text.empty();
-    const char p = pattern.front();
-    if (p == '*')
-        return referenceMatch(pattern.substr(1), text) || (!text.empty() && referenceMatch(pattern, text.substr(1)));
-    if (p == '[') {
-        const size_t close = pattern.find(']', 1);
-        std::string_view list = pattern.substr(1, close - 1);
-        const std::string_view rest = pattern.substr(close + 1);
-        if (list.empty())
-            return referenceMatch(rest, text);
-        if (text.empty())
-            return false;
-        bool negate = false;
-        if (list.front() == '!') {
-            negate = true;
-            list.remove_prefix(1);
-        }
-        const auto c = static_cast<unsigned char>(text.front());
-        bool member = false;
-        for (size_t k = 0; k < list.size(); ++k) {
-            const auto from = static_cast<unsigned char>(list[k]);
-            if (k + 2 < list.size() && list[k + 1] == '-') {
-                member = member || (c >= from && c <= static_cast<unsigned char>(list[k + 2]));
-                k += 2;
-            } else {
-                member = member || c == from;
-            }
-        }
-        return member != negate && referenceMatch(rest, text.substr(1));
-    }
-    if (text.empty())
-        return false;
-    const bool one = p == '?' || (p == '#' ? text.front() >= '0' && text.front() <= '9' : text.front() == p);
-    return one && referenceMatch(pattern.substr(1), text.substr(1));
+    return Reference(pattern, text).matches();
 }
 
 } // namespace
