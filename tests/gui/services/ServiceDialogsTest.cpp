@@ -1,5 +1,6 @@
 #include "DesktopRun.h"
 #include "FakeHttpServer.h"
+#include "Screenshot.h"
 
 #include "services/Abouts.h"
 #include "services/Form8.h"
@@ -61,6 +62,7 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         run.settings().setValue(SettingKey::Start, u"17"_s);
         m_server.answer(c.body);
         frmupdate *dialog = run.program().show<frmupdate>();
+        screenshot(dialog, u"frmupdate"_s);
         dialog->Command1_Click();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
@@ -69,6 +71,7 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         frmnewVersion *found = run.form<frmnewVersion>();
         EXPECT_EQ(found != nullptr, c.message.isEmpty());
         if (found) {
+            screenshot(found, u"frmnewVersion"_s);
             EXPECT_EQ(child<QLabel>(found, "Label1")->text(), c.shownVersion);
             EXPECT_EQ(child<QLabel>(found, "Label3")->text(), u"5.1"_s);
             child<QPushButton>(found, "Command1")->click();
@@ -103,6 +106,7 @@ TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
         Form8 *dialog = run.program().show<Form8>();
         child<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
         child<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
+        screenshot(dialog, u"Form8"_s);
         dialog->Command1_Click();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
@@ -150,6 +154,7 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
         }
         child<QCheckBox>(dialog, "Check1")->setChecked(c.autostart);
         child<QCheckBox>(dialog, "Check3")->setChecked(true);
+        screenshot(dialog, u"frmOptions"_s);
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
         dialog->Command1_Click();
@@ -192,6 +197,7 @@ TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
 {
     DesktopRun run;
     Abouts *about = run.program().show<Abouts>();
+    screenshot(about, u"Abouts"_s);
     EXPECT_EQ(child<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
     QPushButton *site = child<QPushButton>(about, "Command15");
     EXPECT_EQ(site->text(), service::vendorWebAddressText());
