@@ -1,3 +1,4 @@
+#include "app/GermanQtTexts.h"
 #include "app/Program.h"
 #include "app/Resources.h"
 #include "app/Startup.h"
@@ -25,6 +26,7 @@ int main(int argc, char **argv)
         return 0;
     }
     QApplication application(argc, argv);
+    installGermanQtTexts(application);
     QApplication::setOrganizationName(QStringLiteral("Silberbuch"));
     QApplication::setApplicationName(QStringLiteral("Silberbuch"));
     // The run ends when the last window is unloaded, not when the last one is hidden:

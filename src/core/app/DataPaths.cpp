@@ -1,5 +1,8 @@
 #include "DataPaths.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace datapaths {
 
 QString archiveFolder(const QString &dataFolder)
@@ -9,7 +12,16 @@ QString archiveFolder(const QString &dataFolder)
 
 QString archiveFile(const QString &dataFolder, const QString &name)
 {
-    return archiveFolder(dataFolder) + name + QStringLiteral(".mdb");
+    const QString path = archiveFolder(dataFolder) + name + QStringLiteral(".mdb");
+    if (QFileInfo::exists(path))
+        return path;
+    // An archive copied in from Windows may be called "X.MDB": the extension in any case.
+    const QStringList present = QDir(archiveFolder(dataFolder)).entryList({ name + QStringLiteral(".*") }, QDir::Files);
+    for (const QString &file : present)
+        if (file.size() == name.size() + 4 && file.startsWith(name)
+            && file.endsWith(QStringLiteral(".mdb"), Qt::CaseInsensitive))
+            return archiveFolder(dataFolder) + file;
+    return path;
 }
 
 QString imageFolder(const QString &dataFolder)

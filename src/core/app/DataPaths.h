@@ -9,7 +9,7 @@
 namespace datapaths {
 
 QString archiveFolder(const QString &dataFolder);                     // <data>/archive/
-QString archiveFile(const QString &dataFolder, const QString &name);  // <data>/archive/<name>.mdb
+QString archiveFile(const QString &dataFolder, const QString &name);  // <data>/archive/<name>.mdb, ".MDB" too
 QString imageFolder(const QString &dataFolder);                       // <data>/lws/
 QString imageFile(const QString &dataFolder, int32_t imageId);        // <data>/lws/<id>.dat
 QString coverFolder(const QString &dataFolder);                       // <data>/Covers/

@@ -35,7 +35,8 @@ QStringList ArchiveCatalog::names() const
     QStringList names;
     for (const QFileInfo &file : files) {
         const QString fileName = file.fileName();
-        if (fileName.endsWith(kExtension))
+        // Archives from Windows may end in ".MDB": its file system did not tell the cases apart.
+        if (fileName.endsWith(kExtension, Qt::CaseInsensitive))
             names.append(fileName.left(fileName.size() - kExtension.size()));
     }
     std::sort(names.begin(), names.end(), byListOrder);

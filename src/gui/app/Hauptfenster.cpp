@@ -25,6 +25,7 @@
 #include "screen/SplitterLayout.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QFile>
 #include <QMouseEvent>
 #include <QStyle>
@@ -206,13 +207,13 @@ void Hauptfenster::connectMenus()
     connect(ui.printt, &QAction::triggered, this, openNamed("Form2"));
     connect(ui.mnuoptionss, &QAction::triggered, this, openNamed("frmOptions"));
     connect(ui.hilfe, &QAction::triggered, this, &Hauptfenster::hilfe_Click);
-    connect(ui.mnusupport, &QAction::triggered, this, [] {
-        shellopen::open(QUrl(QStringLiteral("mailto:") + service::vendorMailAddress()
+    connect(ui.mnusupport, &QAction::triggered, this, [this] {
+        shellopen::open(this, QUrl(QStringLiteral("mailto:") + service::vendorMailAddress()
             + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
     });
     connect(ui.mnuwunsch, &QAction::triggered, this, openNamed("Form8"));
     connect(ui.mnuUpdate, &QAction::triggered, this, openNamed("frmupdate"));
-    connect(ui.mnusofthome, &QAction::triggered, this, [] { shellopen::open(QUrl(service::vendorWebAddress())); });
+    connect(ui.mnusofthome, &QAction::triggered, this, [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
     connect(ui.about3, &QAction::triggered, this, openNamed("Abouts"));
     connect(ui.mntray, &QAction::triggered, this, &Hauptfenster::mntray_Click);
 
@@ -575,20 +576,12 @@ void Hauptfenster::showSearch()
 
 void Hauptfenster::hilfe_Click()
 {
-    // The page travels with the program and is put into the program folder for the browser.
+    // The page travels with the program and is put into the program folder for the browser,
+    // unless one lies there already: the user's own page is never overwritten.
     const QString path = programFolder() + QStringLiteral("/Hilfe.html");
-    QFile shipped(resources::helpPage());
-    QFile placed(path);
-    if (shipped.open(QIODevice::ReadOnly)) {
-        const QByteArray page = shipped.readAll();
-        if (!placed.open(QIODevice::ReadOnly) || placed.readAll() != page) {
-            placed.close();
-            if (placed.open(QIODevice::WriteOnly | QIODevice::Truncate))
-                placed.write(page);
-        }
-        placed.close();
-    }
-    shellopen::open(QUrl::fromLocalFile(path));
+    if (!QFileInfo::exists(path))
+        QFile::copy(resources::helpPage(), path);
+    shellopen::open(this, QUrl::fromLocalFile(path));
 }
 
 void Hauptfenster::mntray_Click()

@@ -1,6 +1,9 @@
 #include "ShellOpen.h"
 
+#include "common/Prompts.h"
+
 #include <QDesktopServices>
+#include <QDir>
 #include <QProcess>
 
 namespace shellopen {
@@ -11,13 +14,22 @@ ShellRecorder *activeRecorder = nullptr;
 
 } // namespace
 
-bool open(const QUrl &url)
+bool open(QWidget *parent, const QUrl &url)
 {
+    bool opened = true;
     if (activeRecorder) {
         activeRecorder->m_opened << url;
-        return true;
+        opened = !activeRecorder->m_refusing;
+    } else {
+        opened = QDesktopServices::openUrl(url);
     }
-    return QDesktopServices::openUrl(url);
+    if (!opened) {
+        const QString what = url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : url.toString();
+        Prompts::message(parent,
+            QStringLiteral("Es ist kein Programm zum Öffnen von ") + what + QStringLiteral(" eingerichtet."),
+            Prompts::Icon::Warning);
+    }
+    return opened;
 }
 
 bool startDetached(const QString &program, const QStringList &arguments)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QList>
+
+class QWidget;
 #include <QStringList>
 #include <QUrl>
 
@@ -9,7 +11,8 @@
 // see them.
 namespace shellopen {
 
-bool open(const QUrl &url);
+// Opens url; when the desktop has no program for it, says so in a message over parent.
+bool open(QWidget *parent, const QUrl &url);
 // Starts the program as a process of its own that outlives this one.
 bool startDetached(const QString &program, const QStringList &arguments);
 
@@ -24,13 +27,17 @@ public:
     const QList<QUrl> &opened() const { return m_opened; }
     // Each started program with its arguments, one list each.
     const QList<QStringList> &started() const { return m_started; }
+    // From now on the desktop has no program for anything: open() fails.
+    void refuse() { m_refusing = true; }
 
 private:
-    friend bool open(const QUrl &url);
+    friend // Opens url; when the desktop has no program for it, says so in a message over parent.
+bool open(QWidget *parent, const QUrl &url);
     friend bool startDetached(const QString &program, const QStringList &arguments);
     ShellRecorder *m_previous;
     QList<QUrl> m_opened;
     QList<QStringList> m_started;
+    bool m_refusing = false;
 };
 
 } // namespace shellopen

@@ -200,7 +200,7 @@ void ImageBrowser::ItemDblClick()
     DriveTable drives(m_settings);
     const QString local = mediumPath(target, drives);
     if (!local.isEmpty() && QFileInfo::exists(local)) {
-        shellopen::open(QUrl::fromLocalFile(local));
+        shellopen::open(m_listView->window(), QUrl::fromLocalFile(local));
         return;
     }
     Prompts::message(m_window,

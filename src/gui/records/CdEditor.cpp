@@ -271,7 +271,7 @@ void CdEditor::showImageInfo()
 void CdEditor::chooseCover()
 {
     cCommonDialog dialog(this);
-    dialog.Filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif");
+    dialog.Filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif;*.png");
     dialog.ShowOpen();
     if (dialog.filename.isEmpty())
         return;

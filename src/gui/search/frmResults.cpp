@@ -119,7 +119,7 @@ void frmResults::itemDoubleClicked()
     DriveTable drives(m_windows.settings());
     const QString path = mediumPath(m_selectedFile, drives);
     if (!path.isEmpty() && fileExists(path)) {
-        shellopen::open(QUrl::fromLocalFile(path));
+        shellopen::open(this, QUrl::fromLocalFile(path));
         return;
     }
     Prompts::message(this, QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + m_selectedFile +

@@ -84,6 +84,6 @@ Abouts::Abouts(Program &program)
     layout->addWidget(picture1);
     layout->addWidget(command1, 0, Qt::AlignRight);
     setMinimumWidth(440);
-    connect(command15, &QPushButton::clicked, this, [] { shellopen::open(QUrl(service::vendorWebAddress())); });
+    connect(command15, &QPushButton::clicked, this, [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
     connect(command1, &QPushButton::clicked, this, &QDialog::close);
 }

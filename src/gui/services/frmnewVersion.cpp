@@ -49,7 +49,7 @@ frmnewVersion::frmnewVersion(Program &program)
     layout->addWidget(command1, 5, 0);
     layout->addWidget(command2, 5, 1);
     setMinimumWidth(420);
-    connect(command1, &QPushButton::clicked, this, [] { shellopen::open(QUrl(service::vendorWebAddress())); });
+    connect(command1, &QPushButton::clicked, this, [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
     connect(command2, &QPushButton::clicked, this, &QDialog::close);
 }
 

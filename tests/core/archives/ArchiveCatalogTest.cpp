@@ -33,7 +33,10 @@ TEST_F(ArchiveCatalogTest, NamesAreTheMdbFilesLessTheirExtension)
         touch(u"archive/"_s + QString::fromUtf8(file));
     touch(u"lws/1.mdb"_s);
     QDir().mkpath(path(u"archive/Ordner.mdb"_s));
-    EXPECT_EQ(m_catalog.names(), (QStringList { u"apfel"_s, u"b"_s, u"Zebra"_s, u"zebra"_s }));
+    // An archive copied in from Windows keeps its ".MDB" and is found by its name.
+    EXPECT_EQ(m_catalog.names(), (QStringList { u"apfel"_s, u"b"_s, u"GROSS"_s, u"Zebra"_s, u"zebra"_s }));
+    EXPECT_EQ(m_catalog.pathOf(u"GROSS"_s), path(u"archive/GROSS.MDB"_s));
+    EXPECT_EQ(m_catalog.pathOf(u"neu"_s), path(u"archive/neu.mdb"_s));
 }
 
 TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)

@@ -1,0 +1,67 @@
+#include "MainWindowRun.h"
+
+#include "app/DataFolder.h"
+#include "app/GermanQtTexts.h"
+#include "app/Resources.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Qt's own dialogs speak German once the system's translations of Qt are loaded.
+TEST(DesktopDefects, QtsOwnButtonsSpeakGerman)
+{
+    ASSERT_TRUE(installGermanQtTexts(*QCoreApplication::instance()));
+    QDialogButtonBox buttons(QDialogButtonBox::Cancel | QDialogButtonBox::Open);
+    EXPECT_EQ(buttons.button(QDialogButtonBox::Cancel)->text(), u"Abbrechen"_s);
+    EXPECT_EQ(buttons.button(QDialogButtonBox::Open)->text(), u"Öffnen"_s);
+}
+
+// "Hilfe" puts the bundled page into the program folder only where none is, and says so when
+// the desktop has no program to show it.
+TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
+{
+    struct Case
+    {
+        const char *what;
+        QByteArray present; // empty: no page yet
+        bool desktopRefuses;
+    };
+    const Case cases[] = {
+        { "no page yet", {}, false },
+        { "the user's own page", "<html>meine Hilfe</html>", false },
+        { "no program for it", {}, true },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        MainWindowRun m;
+        m.show();
+        const QString page = programFolder() + u"/Hilfe.html"_s;
+        QFile::remove(page);
+        if (!c.present.isEmpty()) {
+            QFile file(page);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(c.present);
+        }
+        shellopen::ShellRecorder shell;
+        if (c.desktopRefuses)
+            shell.refuse();
+        m.main->hilfe_Click();
+        EXPECT_EQ(bytesOf(page), c.present.isEmpty() ? bytesOf(resources::helpPage()) : c.present);
+        EXPECT_EQ(shell.opened(), QList<QUrl> { QUrl::fromLocalFile(page) });
+        EXPECT_EQ(m.run.prompts().messages(),
+            c.desktopRefuses ? QStringList { u"Es ist kein Programm zum Öffnen von "_s + page + u" eingerichtet."_s }
+                             : QStringList());
+    }
+}
+
+} // namespace
