@@ -5,7 +5,7 @@
 
 namespace {
 
-const char *const kUsage = "drives [add BUCHSTABE ORDNER]";
+const char *const kUsage = "drives [add BUCHSTABE ORDNER | remove BUCHSTABE]";
 
 // One drive a line: letter, label, mount point and serial (the image id), tab-separated.
 void printDrive(const Drive &drive)
@@ -25,6 +25,14 @@ int drives(CliContext &context)
             printDrive(drive);
         return ExitOk;
     }
+    if (words.first() == QLatin1String("remove") && words.size() == 2) {
+        const QString problem = table.removeFolder(words[1]);
+        if (!problem.isEmpty()) {
+            printError(problem);
+            return ExitRefused;
+        }
+        return ExitOk;
+    }
     if (words.first() != QLatin1String("add") || words.size() != 3) {
         printError(QStringLiteral("Aufruf: silberbuch-cli ") + QString::fromUtf8(kUsage));
         return ExitUsage;
@@ -40,6 +48,6 @@ int drives(CliContext &context)
 
 const CliCommand registration(
     "drives", kUsage, &drives,
-    "Zeigt die Laufwerke mit Buchstaben und Ordner; add nimmt einen Ordner als Laufwerk auf.");
+    "Zeigt die Laufwerke mit Buchstaben und Ordner; add nimmt einen Ordner als Laufwerk auf, remove entfernt ihn wieder.");
 
 } // namespace

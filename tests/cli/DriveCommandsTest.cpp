@@ -28,7 +28,14 @@ TEST(DriveCommands, ListTheRootAndAddedFoldersAndRefuseBadOnes)
         { { u"drives"_s, u"add"_s, u"y"_s, cli.dataFolder() }, 1,
             u"Der Laufwerksbuchstabe y: ist bereits vergeben (%1)."_s.arg(musik) },
         { { u"drives"_s, u"add"_s, u"x"_s, missing }, 1, u"Der Ordner „%1“ existiert nicht."_s.arg(missing) },
-        { args({ "drives", "zeigen" }), 2, u"Aufruf: silberbuch-cli drives"_s } });
+        { args({ "drives", "zeigen" }), 2, u"Aufruf: silberbuch-cli drives"_s },
+        { args({ "drives", "remove", "c" }), 1,
+            u"Das Laufwerk c: ist kein hinzugefügter Ordner und kann nicht entfernt werden."_s } });
+
+    // An added folder goes again, and with it its letter.
+    const CliRun removed = cli.run(args({ "drives", "remove", "Y" }));
+    EXPECT_EQ(std::pair(removed.exitCode, removed.error), std::pair(0, QString()));
+    EXPECT_FALSE(cli.run({ u"drives"_s }).lines.contains(added.lines.value(0)));
 }
 
 } // namespace

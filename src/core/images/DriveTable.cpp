@@ -100,6 +100,26 @@ AddDriveResult DriveTable::addFolder(const QString &letter, const QString &folde
     return result;
 }
 
+bool DriveTable::isAddedFolder(const QString &letter)
+{
+    const std::optional<Entry> entry = entryOf(normalLetter(letter), entries());
+    return entry && entry->folder && entry->letter != kRootLetter;
+}
+
+QString DriveTable::removeFolder(const QString &letter)
+{
+    const Settings::Update update(m_settings);
+    const QString drive = normalLetter(letter);
+    if (drive.isEmpty())
+        return QStringLiteral("„%1“ ist kein gültiger Laufwerksbuchstabe. Erlaubt sind a: bis z:.").arg(letter);
+    if (!isAddedFolder(drive))
+        return QStringLiteral("Das Laufwerk %1 ist kein hinzugefügter Ordner und kann nicht entfernt werden.").arg(drive);
+    bool saved = m_settings.removeGroupValue(kGroup, keyOf(drive));
+    for (const char *suffix : { ".folder", ".id" })
+        saved = m_settings.removeGroupValue(kGroup, keyOf(drive, suffix)) && saved;
+    return saved ? QString() : m_settings.writeFailure();
+}
+
 Drive DriveTable::driveForFolder(const QString &folder)
 {
     const Settings::Update update(m_settings);

@@ -37,6 +37,11 @@ public:
     std::optional<Drive> find(const QString &letter);
     // Makes an existing folder the drive of a free letter.
     AddDriveResult addFolder(const QString &letter, const QString &folder);
+    // Whether the letter is a folder the user made a drive (not a mounted volume).
+    bool isAddedFolder(const QString &letter);
+    // Takes a folder drive out of the table, its kept id with it; mounted volumes keep their
+    // letters. The German reason when it cannot be done.
+    QString removeFolder(const QString &letter);
     // The drive that stands for the folder; a folder that is none yet becomes one under the
     // next free letter. The letter is empty when the folder does not exist or no letter is
     // free.

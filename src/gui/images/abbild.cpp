@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QMenu>
 #include <QThread>
 
 namespace {
@@ -49,6 +50,33 @@ abbild::abbild(Session &session, Settings &settings, MainWindowLink link, QWidge
     connect(m_ui->cmdAddFolder, &QPushButton::clicked, this, &abbild::addFolder);
     connect(m_ui->aufnahhme, &QPushButton::clicked, this, &abbild::aufnahhme);
     connect(m_ui->Command1, &QPushButton::clicked, this, &QWidget::close);
+    m_ui->Drive1->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_ui->Drive1, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
+        if (QMenu *menu = driveMenu())
+            menu->exec(m_ui->Drive1->mapToGlobal(at));
+    });
+}
+
+QMenu *abbild::driveMenu()
+{
+    DriveTable table(m_settings);
+    if (!table.isAddedFolder(m_ui->Drive1->letter()))
+        return nullptr;
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(QStringLiteral("Laufwerk entfernen")), &QAction::triggered, this, &abbild::removeDrive);
+    return menu;
+}
+
+void abbild::removeDrive()
+{
+    DriveTable table(m_settings);
+    const QString problem = table.removeFolder(m_ui->Drive1->letter());
+    if (!problem.isEmpty())
+        Prompts::message(this, problem, Prompts::Icon::Critical);
+    m_ui->Drive1->reload(table);
+    if (m_ui->Drive1->currentIndex() < 0)
+        m_ui->Drive1->selectDrive(QStringLiteral("c:"));
 }
 
 abbild::~abbild()

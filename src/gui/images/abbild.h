@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QMenu;
+
 #include <memory>
 
 class CaptureRelay;
@@ -30,6 +32,10 @@ public:
     abbild(Session &session, Settings &settings, MainWindowLink link, QWidget *parent = nullptr);
     ~abbild() override;
 
+    // The drive list's context menu for the chosen drive: "Laufwerk entfernen" for a folder the
+    // user added, nothing (null) for a mounted volume.
+    QMenu *driveMenu();
+    void removeDrive();
 
 signals:
     // The capture is about to run: `wait` stands and takes a cancel from now on.

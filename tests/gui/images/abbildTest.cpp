@@ -4,6 +4,7 @@
 #include "images/wait.h"
 
 #include <QLabel>
+#include <QMenu>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -77,4 +78,24 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
         }
     ASSERT_TRUE(!ended.isEmpty() || ended.wait(60000));
     EXPECT_TRUE(pictured) << "the capture ended before it reported a folder";
+}
+
+// A folder added as a drive can be taken out again from the drive list's context menu; a
+// mounted volume (here the root, c:) offers no such entry.
+TEST_F(AbbildTest, AnAddedFolderCanBeRemovedFromTheDriveList)
+{
+    const Drive drive = volume(u"ordner"_s, { { u"a.txt"_s, 1, 981173106 } });
+    open<abbild>(0);
+    auto *drives = control<DriveListBox>(m_dialog, "Drive1");
+    ASSERT_TRUE(drives->selectDrive(u"c:"_s));
+    EXPECT_EQ(m_dialog->driveMenu(), nullptr);
+    ASSERT_TRUE(drives->selectDrive(drive.letter));
+    QMenu *menu = m_dialog->driveMenu();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 1);
+    EXPECT_EQ(menu->actions().first()->text(), u"Laufwerk entfernen"_s);
+    menu->actions().first()->trigger();
+    EXPECT_EQ(drives->findData(drive.letter), -1);
+    EXPECT_EQ(drives->letter(), u"c:"_s);
+    EXPECT_FALSE(DriveTable(m_catalog.settings()).find(drive.letter).has_value());
 }
