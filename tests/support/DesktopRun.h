@@ -6,6 +6,7 @@
 #include "app/DataPaths.h"
 #include "app/Program.h"
 #include "app/ShellOpen.h"
+#include "app/TrayAvailability.h"
 #include "common/PromptScript.h"
 
 #include <QTest>
@@ -79,5 +80,7 @@ private:
     QString m_home;
     PromptScript m_prompts;
     shellopen::ShellRecorder m_shell;
+    // The offscreen platform has no tray; the tests of the tray's own flows assume one.
+    tray::TrayOverride m_tray { true };
     std::unique_ptr<Program> m_program;
 };

@@ -2,6 +2,7 @@
 
 #include "Program.h"
 #include "Resources.h"
+#include "TrayAvailability.h"
 #include "ShellOpen.h"
 #include "archives/CdDetailView.h"
 #include "archives/openarchiv.h"
@@ -586,6 +587,22 @@ void Hauptfenster::hilfe_Click()
 
 void Hauptfenster::mntray_Click()
 {
+    goToTray();
+    if (!tray::available() && !m_noTraySaid) {
+        m_noTraySaid = true;
+        Prompts::message(this,
+            QStringLiteral("Es ist kein Infobereich vorhanden: Das Fenster wird stattdessen minimiert."),
+            Prompts::Icon::Information);
+    }
+}
+
+void Hauptfenster::goToTray()
+{
+    // Without a tray the window goes to the task bar: hidden, nothing would bring it back.
+    if (!tray::available()) {
+        showMinimized();
+        return;
+    }
     hide();
     // A second add fails while the icon is there, so the first tip stays.
     if (!m_tray->isVisible()) {

@@ -49,6 +49,8 @@ public:
     void getsettings();
     // Hides the window behind an icon in the tray.
     void mntray_Click();
+    // To the tray, or minimized where the desktop has none; the start with -minimized.
+    void goToTray();
     // Ends the run: tray icon gone, every window unloaded.
     void unloadall();
     // A new image for the selected CD.
@@ -102,6 +104,7 @@ private:
     std::unique_ptr<CdDetailView> m_detail;
     SearchWindows *m_search;
     QSystemTrayIcon *m_tray;
+    bool m_noTraySaid = false; // the missing tray is told once a run
     TrayDoubleClick m_trayClicks { QGuiApplication::styleHints()->mouseDoubleClickInterval() };
     QElapsedTimer m_trayClock;
     QTimer *m_timer1; // the list's column widths, shortly after a resize

@@ -67,7 +67,7 @@ void Startup::Timer1_Timer()
         break;
     case StartDecision::Window::Hauptfenster:
         if (Hauptfenster *main = program.show<Hauptfenster>(); main && decision.goToTray)
-            main->mntray_Click();
+            main->goToTray();
         break;
     }
     program.unload(this);

@@ -3,9 +3,11 @@
 #include "app/DataFolder.h"
 #include "app/GermanQtTexts.h"
 #include "app/Resources.h"
+#include "app/TrayAvailability.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
 
@@ -65,3 +67,41 @@ TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
 }
 
 } // namespace
+
+// "In Tray" on a desktop without a tray minimises to the task bar and says so once; with a
+// tray the window hides behind its icon. The start with -minimized does the same, silently.
+TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
+{
+    struct Case
+    {
+        const char *what;
+        bool trayThere;
+        bool byMenu; // "In Tray" twice, else the start's -minimized
+        bool visible;
+        bool minimized;
+        int messages;
+    };
+    const Case cases[] = {
+        { "menu, tray there", true, true, false, false, 0 },
+        { "menu, no tray: told once", false, true, true, true, 1 },
+        { "minimized start, no tray", false, false, true, true, 0 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        MainWindowRun m;
+        m.show();
+        const tray::TrayOverride tray(c.trayThere);
+        if (c.byMenu) {
+            m.main->mntray_Click();
+            m.main->showNormal();
+            m.main->mntray_Click();
+        } else {
+            m.main->goToTray();
+        }
+        m.run.settle();
+        EXPECT_EQ(m.main->isVisible(), c.visible);
+        EXPECT_EQ(m.main->isMinimized(), c.minimized);
+        EXPECT_EQ(m.main->trayIcon()->isVisible(), c.trayThere);
+        EXPECT_EQ(m.run.prompts().messages().size(), c.messages);
+    }
+}
