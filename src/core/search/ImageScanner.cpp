@@ -21,6 +21,13 @@ ImageScanner::ImageScanner(const ImageLineMatcher &matcher, SearchProgress *prog
 {
 }
 
+// A hit must be a folder line or a file line with its "|": the result list takes nothing else
+// apart, and "*" alone would otherwise bring in the image's empty end line.
+bool ImageScanner::isListableHit(std::string_view line)
+{
+    return !line.empty() && (line.front() == '>' || line.find('|') != std::string_view::npos);
+}
+
 bool ImageScanner::scanText(std::string_view text, ImageScanJob &job) const
 {
     std::vector<std::string_view> lines;
@@ -32,7 +39,8 @@ bool ImageScanner::scanText(std::string_view text, ImageScanJob &job) const
         lines.clear();
         m_matcher.scan(text.substr(from, to - from), lines);
         for (const std::string_view line : lines)
-            job.hits.append(job.entryPrefix, line);
+            if (isListableHit(line))
+                job.hits.append(job.entryPrefix, line);
         from = to;
     }
     return true;

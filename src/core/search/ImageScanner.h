@@ -23,6 +23,7 @@ public:
 
     // Scans one loaded image into `job`; false when cancelled on the way.
     bool scanText(std::string_view text, ImageScanJob &job) const;
+    static bool isListableHit(std::string_view line);
 
 private:
     const ImageLineMatcher &m_matcher;

@@ -1,22 +1,12 @@
 #include "ResultNavigator.h"
 
-namespace {
-
-RuntimeFailure subscriptOutOfRange()
-{
-    return {9, QStringLiteral("Index außerhalb des gültigen Bereichs")};
-}
-
-} // namespace
-
 ResultNavigator::ResultNavigator(std::vector<QString> foundCdNumbers)
     : m_numbers(std::move(foundCdNumbers))
 {
     showPosition();
-    if (count() < 2) {
-        m_previousEnabled = false;
-        m_nextEnabled = false;
-    }
+    // Nothing lies before the first CD, so "<" starts disabled; ">" needs a second CD.
+    m_previousEnabled = false;
+    m_nextEnabled = count() > 1;
 }
 
 QString ResultNavigator::currentNumber() const
@@ -24,28 +14,26 @@ QString ResultNavigator::currentNumber() const
     return inRange() ? m_numbers[static_cast<size_t>(m_index)] : QString();
 }
 
-std::optional<RuntimeFailure> ResultNavigator::next()
+void ResultNavigator::next()
 {
+    if (m_index + 1 >= count())
+        return;
     ++m_index;
-    if (!inRange())
-        return subscriptOutOfRange();
     showPosition();
     m_previousEnabled = true;
     if (m_index == count() - 1)
         m_nextEnabled = false;
-    return std::nullopt;
 }
 
-std::optional<RuntimeFailure> ResultNavigator::previous()
+void ResultNavigator::previous()
 {
+    if (m_index == 0)
+        return;
     --m_index;
-    if (!inRange())
-        return subscriptOutOfRange();
     showPosition();
     m_nextEnabled = true;
     if (m_index == 0)
         m_previousEnabled = false;
-    return std::nullopt;
 }
 
 void ResultNavigator::showPosition()

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "RuntimeFailure.h"
-
 #include <QString>
 #include <QStringList>
 
-#include <optional>
 #include <vector>
 
 // The navigator over the CDs that a comment search found: which one is on display, the texts
@@ -14,8 +11,7 @@
 class ResultNavigator
 {
 public:
-    // Opens at the first found CD. With fewer than two CDs both buttons are disabled; with two
-    // or more both stay enabled, "<" included.
+    // Opens at the first found CD: "<" disabled, ">" enabled when there is a second CD.
     explicit ResultNavigator(std::vector<QString> foundCdNumbers);
 
     int count() const { return static_cast<int>(m_numbers.size()); }
@@ -31,10 +27,10 @@ public:
     // One found CD: the window shows it, then gives way to searchmessages::oneCdFound().
     bool givesWayToMessage() const { return count() == 1; }
 
-    // ">" and "<". The index moves first; when it has left the found CDs the step fails, and
-    // labels and buttons stay as they were (so "<" pressed at the first CD fails).
-    std::optional<RuntimeFailure> next();
-    std::optional<RuntimeFailure> previous();
+    // ">" and "<". At the last and the first CD, where their buttons are disabled, they do
+    // nothing.
+    void next();
+    void previous();
 
     // The entry of the CD list that shows `number`: the first whose text up to its first blank
     // equals it, or -1 when there is none (then nothing is selected, without a message).

@@ -54,12 +54,14 @@ void Form1::keyPressEvent(QKeyEvent *event)
 
 void Form1::Command1_Click()
 {
-    stepped(m_navigator.previous());
+    m_navigator.previous();
+    stepped();
 }
 
 void Form1::Command2_Click()
 {
-    stepped(m_navigator.next());
+    m_navigator.next();
+    stepped();
 }
 
 void Form1::Command3_Click()
@@ -77,12 +79,8 @@ void Form1::Timer1_Timer()
     Prompts::message(mainWindow, searchmessages::oneCdFound());
 }
 
-void Form1::stepped(const std::optional<RuntimeFailure> &failure)
+void Form1::stepped()
 {
-    if (failure) {
-        Prompts::runtimeError(this, failure->number, failure->text);
-        return;
-    }
     findStep();
     showState();
 }

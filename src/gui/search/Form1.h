@@ -37,7 +37,7 @@ private:
     void Command3_Click();
     void Timer1_Timer();
     // Shows the outcome of a step: the CD selected in the list, position and buttons.
-    void stepped(const std::optional<RuntimeFailure> &failure);
+    void stepped();
     // Selects the entry of the CD list that shows the found CD on display.
     void findStep();
     void showState();

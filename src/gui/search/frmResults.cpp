@@ -71,12 +71,13 @@ bool frmResults::getResults(const std::vector<QString> &results, const QString &
         }
         rows.push_back(std::get<ResultColumns>(std::move(columns)));
     }
-    m_model->setRows(std::move(rows));
-    setColumnWidths();
+    // A failed search leaves list, heading and saved results all as they were.
     if (failure) {
         Prompts::runtimeError(this, failure->number, failure->text);
         return false;
     }
+    m_model->setRows(std::move(rows));
+    setColumnWidths();
     m_ui->Label1->setText(QStringLiteral("Ergebnis der Suche nach ") + word);
     m_searchWord = word;
     return true;
