@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QEvent>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QMenu>
@@ -49,6 +50,7 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     m_sorted->setDynamicSortFilter(true);
     m_listView->setModel(m_sorted);
     connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::ColumnClick);
+    m_listView->installEventFilter(this);
     connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::ItemDblClick);
     connect(m_listView, &FileListView::contextMenuRequested, this,
         [this](const QPoint &position) { m_rrh->popup(position); });
@@ -105,6 +107,7 @@ void ImageBrowser::show_folder(const std::string &folder)
     for (const std::string_view type : listing.iconTypes)
         icons.push_back(m_icons.icon(cp1252::toQString(type)));
     m_files->setListing(listing, std::move(icons));
+    fitColumns();
 }
 
 QString ImageBrowser::firstNodeText() const
@@ -206,6 +209,13 @@ void ImageBrowser::ItemDblClick()
     Prompts::message(m_window,
         QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + target
             + QStringLiteral(" vorhanden ist!"));
+}
+
+bool ImageBrowser::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_listView && event->type() == QEvent::Resize)
+        fitColumns();
+    return QObject::eventFilter(watched, event);
 }
 
 void ImageBrowser::fitColumns()

@@ -63,11 +63,15 @@ public:
     void ColumnClick(int section);
     // Opens the file of the selected item, or asks for its medium.
     void ItemDblClick();
-    // The three columns share the list's width as the designer laid them out.
+    // The three columns share the list's width as the designer laid them out, at every load
+    // and whenever the list's width changes.
     void fitColumns();
 
     QMenu *popup() const { return m_rrh; }
     QSortFilterProxyModel *listModel() const { return m_sorted; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void showNode(const QModelIndex &node);
@@ -87,5 +91,5 @@ private:
     FolderListModel *m_files;
     QSortFilterProxyModel *m_sorted;
     FileTypeIcons m_icons;
-    bool m_descending = true; // the first click sorts ascending
+    bool m_descending = false; // the list starts ascending; each click turns the order round
 };

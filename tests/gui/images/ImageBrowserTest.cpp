@@ -88,3 +88,37 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
         (QList<QUrl> { QUrl::fromLocalFile(medium + u"/Bilder/haus.jpg"_s),
             QUrl::fromLocalFile(medium + u"/Bilder/alt.zip"_s) }));
 }
+
+// The columns take their shares of the list at every folder shown and at every change of the
+// list's width, not only when the main window is resized.
+TEST_F(ImageBrowserTest, ColumnsTakeTheirSharesAtEveryLoadAndWidth)
+{
+    load();
+    auto *list = m.control<FileListView>("LV");
+    for (const int width : { 0, 700, 333 }) {
+        SCOPED_TRACE(width);
+        if (width > 0)
+            list->resize(width, list->height());
+        else
+            m.clickNode(u"Bilder"_s);
+        m.run.settle();
+        const int listWidth = list->width();
+        EXPECT_EQ(list->columnWidth(0), listWidth * 2935 / 5010);
+        EXPECT_EQ(list->columnWidth(1), listWidth * 639 / 5010);
+        EXPECT_EQ(list->columnWidth(2), listWidth * 1352 / 5010);
+    }
+}
+
+// The list starts ascending and each header click turns the order round, the first one too,
+// as in the result list.
+TEST_F(ImageBrowserTest, HeaderClicksTurnTheOrderRound)
+{
+    load();
+    m.clickNode(u"Bilder"_s);
+    EXPECT_EQ(column(0), u"haus.jpg|garten.jpg"_s); // the image's own order
+    m_browser->ColumnClick(0);
+    EXPECT_EQ(column(0), u"haus.jpg|garten.jpg"_s); // descending by name
+    m_browser->ColumnClick(0);
+    EXPECT_EQ(column(0), u"garten.jpg|haus.jpg"_s);
+}
+
