@@ -9,6 +9,7 @@
 #include "common/Prompts.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -151,6 +152,13 @@ void openarchiv::Command2_Click()
 void openarchiv::Command3_Click()
 {
     Session &session = m_program.session();
+    // The open archive was deleted here: there is nothing to go back to but another archive.
+    if (session.changingArchive && !QFileInfo::exists(session.archivePath)) {
+        Prompts::message(this,
+            QStringLiteral("Das geöffnete Archiv wurde gelöscht. Bitte wählen Sie ein anderes Archiv aus."),
+            Prompts::Icon::Information);
+        return;
+    }
     if (session.changingArchive) {
         m_program.show<Hauptfenster>();
         session.archiveChosen = true;
@@ -194,9 +202,12 @@ void openarchiv::mdelete_Click()
 
 void openarchiv::closeEvent(QCloseEvent *event)
 {
-    // At a start, going away without a choice ends the run.
+    // At a start, or when the open archive has been deleted, going away without a choice
+    // ends the run.
     const Session &session = m_program.session();
-    if (!session.changingArchive && !session.archiveChosen)
+    const bool openArchiveGone = session.changingArchive && !session.archiveChosen
+        && !QFileInfo::exists(session.archivePath);
+    if ((!session.changingArchive && !session.archiveChosen) || openArchiveGone)
         m_program.unloadAll();
     QWidget::closeEvent(event);
 }

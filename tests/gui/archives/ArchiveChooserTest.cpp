@@ -100,6 +100,31 @@ TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChangingAndEndUnloadsAll
     }
 }
 
+// Deleting the open archive leaves nothing to return to: cancel keeps the chooser and says
+// why, closing it ends the run, choosing another archive goes on with that one.
+TEST(openarchiv, AfterDeletingTheOpenArchiveOnlyAnotherArchiveOrTheEndRemains)
+{
+    DesktopRun run;
+    run.session().changingArchive = true;
+    openarchiv *shown = chooser(run);
+    run.openArchive(u"A"_s);
+    bool ended = false;
+    QObject::connect(&run.program(), &Program::allUnloaded, [&ended] { ended = true; });
+    textBox(shown)->setText(u"A"_s);
+    run.prompts().answerMessage(Prompts::Answer::Yes);
+    shown->mdelete_Click();
+    ASSERT_FALSE(QFileInfo::exists(run.session().archivePath));
+    shown->Command3_Click();
+    run.settle();
+    EXPECT_EQ(run.form<openarchiv>(), shown);
+    EXPECT_EQ(run.form<Hauptfenster>(), nullptr);
+    EXPECT_EQ(run.prompts().messages().last(),
+        u"Das geöffnete Archiv wurde gelöscht. Bitte wählen Sie ein anderes Archiv aus."_s);
+    shown->close();
+    run.settle();
+    EXPECT_TRUE(ended);
+}
+
 TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
 {
     // typed, first option, file, standard ("-": not stored), autoarchiv
