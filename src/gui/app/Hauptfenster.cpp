@@ -98,6 +98,9 @@ Hauptfenster::Hauptfenster(Program &program)
     connect(m_ui->Command6, &QPushButton::clicked, m_browser, &ImageBrowser::Command6_Click);
     connect(m_ui->Command7, &QPushButton::clicked, this, [this] { m_program.open(QStringLiteral("Form2")); });
 
+    // The bar's clamps are the layout's own: the list's frame would otherwise hold it at the
+    // width of its title.
+    m_ui->Frame3->setMinimumWidth(twipsToPixels(SplitterLimits::mainWindow().objectLeftMinWidth));
     m_ui->splitterMain->setStretchFactor(0, 0);
     m_ui->splitterMain->setStretchFactor(1, 1);
     m_ui->splitterMain->installEventFilter(this);

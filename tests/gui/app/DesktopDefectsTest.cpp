@@ -1,12 +1,14 @@
 #include "MainWindowRun.h"
 
 #include "app/DataFolder.h"
+#include "app/MainWindowLayout.h"
 #include "app/GermanQtTexts.h"
 #include "app/Resources.h"
 #include "app/TrayAvailability.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QSplitter>
 #include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
@@ -104,4 +106,21 @@ TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
         EXPECT_EQ(m.main->trayIcon()->isVisible(), c.trayThere);
         EXPECT_EQ(m.run.prompts().messages().size(), c.messages);
     }
+}
+
+// The bar between the CD list and the right pane goes as far left as the layout's clamps
+// allow (margin and least list width), not only down to the width of the list's title.
+TEST(DesktopDefects, TheSplitterGoesDownToTheLayoutsClamp)
+{
+    MainWindowRun m;
+    m.show();
+    auto *splitter = m.control<QSplitter>("splitterMain");
+    const int before = splitter->sizes().value(0);
+    ASSERT_GT(before, 100);
+    const int total = splitter->sizes().value(0) + splitter->sizes().value(1);
+    splitter->setSizes({ 30, total - 30 }); // where a drag leaves it
+    emit splitter->splitterMoved(30, 1);
+    m.run.settle();
+    EXPECT_LE(splitter->sizes().value(0), 35);
+    EXPECT_GE(splitter->sizes().value(0), twipsToPixels(300));
 }
