@@ -440,8 +440,12 @@ void Hauptfenster::layoutPanes()
 
 void Hauptfenster::splitterStep()
 {
+    // The print button goes where the tree's pane is narrow, and also where its caption would
+    // be cut: a button reading "Ordnerstruk" helps nobody.
     const QList<int> sizes = m_ui->Splitter1->sizes();
-    m_ui->Command7->setVisible(!sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom);
+    const bool room = !sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom
+        && sizes[0] >= m_ui->Command7->sizeHint().width();
+    m_ui->Command7->setVisible(room);
 }
 
 void Hauptfenster::resizeEvent(QResizeEvent *event)

@@ -4,6 +4,8 @@
 
 void DriveListBox::reload(DriveTable &table)
 {
+    // As wide as its longest entry: "d: [volume]" is never cut to "d: [vo".
+    setSizeAdjustPolicy(QComboBox::AdjustToContents);
     const QString before = letter();
     clear();
     for (const Drive &drive : table.drives())

@@ -16,6 +16,8 @@
 
 #include <QDateTime>
 #include <QHeaderView>
+
+#include <algorithm>
 #include <QSortFilterProxyModel>
 #include <QUrl>
 
@@ -86,9 +88,14 @@ bool frmResults::getResults(const std::vector<QString> &results, const QString &
 void frmResults::setColumnWidths()
 {
     const int listWidth = m_ui->ListView1->width();
+    QHeaderView *header = m_ui->ListView1->header();
     for (int column = 0; column < ResultsModel::ColumnCount; ++column)
-        m_ui->ListView1->header()->resizeSection(
-            column, qRound(listWidth * columnFactors[static_cast<size_t>(column)]));
+        header->resizeSection(column, qRound(listWidth * columnFactors[static_cast<size_t>(column)]));
+    // Dates are never cut: the last column is at least as wide as its longest text.
+    const int date = ResultsModel::ColumnCount - 1;
+    const int share = header->sectionSize(date);
+    m_ui->ListView1->resizeColumnToContents(date);
+    header->resizeSection(date, std::max(share, header->sectionSize(date)));
 }
 
 void frmResults::resizeEvent(QResizeEvent *event)

@@ -124,3 +124,23 @@ TEST(DesktopDefects, TheSplitterGoesDownToTheLayoutsClamp)
     EXPECT_LE(splitter->sizes().value(0), 35);
     EXPECT_GE(splitter->sizes().value(0), twipsToPixels(300));
 }
+
+// At the default size no caption of the image tab is cut: the print button under the tree is
+// whole or not there at all.
+TEST(DesktopDefects, ThePrintButtonIsWholeOrHidden)
+{
+    MainWindowRun m;
+    m.show();
+    m.showTab(2);
+    auto *splitter = m.control<QSplitter>("Splitter1");
+    auto *print = m.control<QPushButton>("Command7");
+    const int total = splitter->sizes().value(0) + splitter->sizes().value(1);
+    for (const int treeWidth : { total / 2, print->sizeHint().width() - 10, 60 }) {
+        SCOPED_TRACE(treeWidth);
+        splitter->setSizes({ treeWidth, total - treeWidth });
+        emit splitter->splitterMoved(treeWidth, 1);
+        m.run.settle();
+        EXPECT_TRUE(print->isHidden() || print->width() >= print->sizeHint().width()) << print->width();
+    }
+}
+

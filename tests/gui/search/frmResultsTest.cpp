@@ -68,6 +68,13 @@ TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
         "2-Fotos|e:\\Bilder\\alt.zip\\2001/haus.jpg|120455|04.11.2001\n"
         "2-Fotos|e:\\Bilder\\alt.zip\\||\n2-Fotos|e:\\wörter\\word.doc|10|05.05.2005\n"_s);
     clickHeader(0); // the tester watches the sort, too
+    // The dates are whole in their column, at the window's own width too.
+    const int dateWidth = m_view->fontMetrics().horizontalAdvance(u"28.07.2002 18:02:44"_s);
+    for (const int width : { 700, 450 }) {
+        m_window->resize(width, 400);
+        m_window->getResults(session().lastResults, u"e:"_s);
+        EXPECT_GT(m_view->header()->sectionSize(3), dateWidth) << width;
+    }
 }
 
 // The file holds the hits in the order of the search, whatever the list's order; a name
