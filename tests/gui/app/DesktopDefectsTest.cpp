@@ -1,4 +1,5 @@
 #include "MainWindowRun.h"
+#include "Screenshot.h"
 
 #include "app/DataFolder.h"
 #include "app/MainWindowLayout.h"
@@ -7,6 +8,7 @@
 #include "app/TrayAvailability.h"
 
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QPushButton>
 #include <QSplitter>
 #include <QSystemTrayIcon>
@@ -28,6 +30,11 @@ TEST(DesktopDefects, QtsOwnButtonsSpeakGerman)
     QDialogButtonBox buttons(QDialogButtonBox::Cancel | QDialogButtonBox::Open);
     EXPECT_EQ(buttons.button(QDialogButtonBox::Cancel)->text(), u"Abbrechen"_s);
     EXPECT_EQ(buttons.button(QDialogButtonBox::Open)->text(), u"Öffnen"_s);
+    QFileDialog dialog(nullptr, u"Cover-Bild laden"_s);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilter(u"Bilddateien (*.jpg *.gif *.bmp *.tif *.png)"_s);
+    dialog.show();
+    screenshot(&dialog, u"dateidialog"_s);
 }
 
 // "Hilfe" puts the bundled page into the program folder only where none is, and says so when

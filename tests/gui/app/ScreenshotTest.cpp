@@ -1,4 +1,5 @@
 #include "MainWindowRun.h"
+#include "Screenshot.h"
 
 #include "images/ImageBrowser.h"
 
@@ -23,4 +24,5 @@ TEST(Screenshot, MainWindowWithTheCdListAndABrowsedImage)
     const QString folder = QCoreApplication::applicationDirPath() + u"/screenshots"_s;
     QDir().mkpath(folder);
     EXPECT_TRUE(m.main->grab().toImage().save(folder + u"/Hauptfenster.png"_s));
+    screenshot(m.main, u"hauptfenster-cd-abbild"_s);
 }

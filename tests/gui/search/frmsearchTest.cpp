@@ -1,3 +1,4 @@
+#include "Screenshot.h"
 #include "SearchFixture.h"
 
 #include "search/ResultColumns.h"
@@ -75,5 +76,6 @@ TEST_F(frmsearchTest, AStarAloneListsEveryLineTheListCanShow)
     for (const QString &hit : hits)
         EXPECT_TRUE(std::holds_alternative<ResultColumns>(ResultColumns::cut(hit))) << hit.toStdString();
     EXPECT_EQ(window<frmResults>()->searchWord(), u"*"_s);
+    screenshot(window<frmResults>(), u"ergebnisse-nach-stern"_s);
     EXPECT_EQ(control<QTreeView>(window<frmResults>(), "ListView1")->model()->rowCount(), static_cast<int>(hits.size()));
 }
