@@ -1,5 +1,6 @@
 #include "frmOptions.h"
 
+#include "app/Hauptfenster.h"
 #include "app/Program.h"
 #include "app/ShellOpen.h"
 #include "common/Prompts.h"
@@ -129,7 +130,11 @@ void frmOptions::Command1_Click()
                Prompts::Icon::None, {}, Prompts::Buttons::YesNo)
             == Prompts::Answer::Yes) {
         const QString executable = QCoreApplication::applicationFilePath();
-        m_program.unloadAll();
+        // The main window's own close routine stores its layout and unloads every window.
+        if (Hauptfenster *main = m_program.form<Hauptfenster>())
+            main->close();
+        else
+            m_program.unloadAll();
         shellopen::startDetached(executable, { QStringLiteral("-minimized") });
         return;
     }

@@ -84,9 +84,12 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
 // mounted volume (here the root, c:) offers no such entry.
 TEST_F(AbbildTest, AnAddedFolderCanBeRemovedFromTheDriveList)
 {
-    const Drive drive = volume(u"ordner"_s, { { u"a.txt"_s, 1, 981173106 } });
+    const Drive drive = volume(u"ordner-mit-einem-recht-langen-namen"_s, { { u"a.txt"_s, 1, 981173106 } });
     open<abbild>(0);
     auto *drives = control<DriveListBox>(m_dialog, "Drive1");
+    // The box is as wide as its longest drive: nothing reads "d: [or".
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    EXPECT_GE(drives->width(), drives->fontMetrics().horizontalAdvance(drive.listText()));
     ASSERT_TRUE(drives->selectDrive(u"c:"_s));
     EXPECT_EQ(m_dialog->driveMenu(), nullptr);
     ASSERT_TRUE(drives->selectDrive(drive.letter));
