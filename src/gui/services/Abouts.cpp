@@ -1,5 +1,7 @@
 #include "Abouts.h"
 
+#include "DialogParts.h"
+
 #include "app/Program.h"
 #include "app/Resources.h"
 #include "app/ShellOpen.h"
@@ -13,14 +15,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-QLabel *label(const char *name, const QString &text, QWidget *parent)
-{
-    auto *made = new QLabel(text, parent);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setWordWrap(true);
-    return made;
-}
 
 QLabel *picture(const char *name, int size, QWidget *parent)
 {
@@ -39,7 +33,7 @@ Abouts::Abouts(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("Abouts"));
     setWindowTitle(QStringLiteral("About"));
-    QLabel *label17 = label("Label17", QStringLiteral(">> About..."), this);
+    QLabel *label17 = dialogparts::label("Label17", QStringLiteral(">> About..."), this);
     QFont heading = label17->font();
     heading.setBold(true);
     heading.setPointSizeF(heading.pointSizeF() * 1.4);
@@ -51,7 +45,7 @@ Abouts::Abouts(Program &program)
     auto *picture1 = new QFrame(this);
     picture1->setObjectName(QStringLiteral("Picture1"));
     picture1->setFrameShape(QFrame::StyledPanel);
-    QLabel *label6 = label("Label6", QStringLiteral("Silberbuch 5.1"), picture1);
+    QLabel *label6 = dialogparts::label("Label6", QStringLiteral("Silberbuch 5.1"), picture1);
     label6->setFont(heading);
     const QString site = service::vendorWebAddressText();
     auto *command15 = new QPushButton(site, picture1);
@@ -59,9 +53,9 @@ Abouts::Abouts(Program &program)
     auto *inner = new QGridLayout(picture1);
     inner->addWidget(picture("Image2", 32, picture1), 0, 0);
     inner->addWidget(label6, 0, 1);
-    inner->addWidget(label("Label1", QStringLiteral("Diese Software wurde entwickelt von:"), picture1), 1, 0, 1, 2);
-    inner->addWidget(label("Label2", QStringLiteral("Ravelin - Softwareentwicklung , Webdesign"), picture1), 2, 0, 1, 2);
-    inner->addWidget(label("Label37",
+    inner->addWidget(dialogparts::label("Label1", QStringLiteral("Diese Software wurde entwickelt von:"), picture1), 1, 0, 1, 2);
+    inner->addWidget(dialogparts::label("Label2", QStringLiteral("Ravelin - Softwareentwicklung , Webdesign"), picture1), 2, 0, 1, 2);
+    inner->addWidget(dialogparts::label("Label37",
                          QStringLiteral("Besuchen Sie Ravelin im Internet auf ") + site
                              + QStringLiteral(", hier gibt es immer die aktuelle Version dieses Programmes, sowie "
                                               "andere Programme und Spiele:"),
@@ -69,8 +63,8 @@ Abouts::Abouts(Program &program)
         3, 0, 1, 2);
     inner->addWidget(command15, 4, 0, 1, 2);
     inner->addWidget(
-        label("Label9", QStringLiteral("Speziellen Dank für die Mithilfe und Betatesting geht an:"), picture1), 5, 0, 1, 2);
-    inner->addWidget(label("Label10", QStringLiteral("Alle, die die Version 5.1 unter Linux erprobt haben."), picture1),
+        dialogparts::label("Label9", QStringLiteral("Speziellen Dank für die Mithilfe und Betatesting geht an:"), picture1), 5, 0, 1, 2);
+    inner->addWidget(dialogparts::label("Label10", QStringLiteral("Alle, die die Version 5.1 unter Linux erprobt haben."), picture1),
         6, 0, 1, 2);
 
     auto *command1 = new QPushButton(QStringLiteral("Zurück"), this);

@@ -1,5 +1,7 @@
 #include "Form8.h"
 
+#include "DialogParts.h"
+
 #include "app/Program.h"
 #include "common/Prompts.h"
 
@@ -21,25 +23,18 @@ Form8::Form8(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("Form8"));
     setWindowTitle(QStringLiteral("Wunschfunktion"));
-    auto *label1 = new QLabel(QStringLiteral("Hier haben Sie die Möglichkeit Ihre Wünsche bezüglich neuer Funktionen, "
-                                             "Designänderungen, Verbesserungen, etc direkt an Ravelin zu senden. "),
+    QLabel *label1 = dialogparts::label("Label1",
+        QStringLiteral("Hier haben Sie die Möglichkeit Ihre Wünsche bezüglich neuer Funktionen, Designänderungen, "
+                       "Verbesserungen, etc direkt an Ravelin zu senden. "),
         this);
-    label1->setObjectName(QStringLiteral("Label1"));
-    label1->setWordWrap(true);
     m_text1 = new QPlainTextEdit(this);
     m_text1->setObjectName(QStringLiteral("Text1"));
     auto *label2 = new QLabel(QStringLiteral("Optional: Ihre E-Mail Adresse für eventuelle Rückfragen:"), this);
     label2->setObjectName(QStringLiteral("Label2"));
     m_text2 = new QLineEdit(this);
     m_text2->setObjectName(QStringLiteral("Text2"));
-    auto *command1 = new QPushButton(QStringLiteral("Wünsche senden"), this);
-    command1->setObjectName(QStringLiteral("Command1"));
-    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
-    command2->setObjectName(QStringLiteral("Command2"));
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(command1);
-    buttons->addWidget(command2);
+    QLayout *buttons = nullptr;
+    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Wünsche senden"), &buttons);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label1);
     layout->addWidget(m_text1);
@@ -48,7 +43,6 @@ Form8::Form8(Program &program)
     layout->addLayout(buttons);
     resize(460, 340);
     connect(command1, &QPushButton::clicked, this, &Form8::Command1_Click);
-    connect(command2, &QPushButton::clicked, this, &QDialog::close);
 }
 
 void Form8::Command1_Click()

@@ -1,5 +1,7 @@
 #include "frmOptions.h"
 
+#include "DialogParts.h"
+
 #include "app/Hauptfenster.h"
 #include "app/Program.h"
 #include "app/ShellOpen.h"
@@ -60,14 +62,8 @@ frmOptions::frmOptions(Program &program)
     frameLayout->addWidget(m_text1, 2, 0, 1, 2);
     frameLayout->addWidget(m_command3, 2, 2);
 
-    auto *command1 = new QPushButton(QStringLiteral("Einstellungen speichern"), this);
-    command1->setObjectName(QStringLiteral("Command1"));
-    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
-    command2->setObjectName(QStringLiteral("Command2"));
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(command1);
-    buttons->addWidget(command2);
+    QLayout *buttons = nullptr;
+    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Einstellungen speichern"), &buttons);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label2);
     layout->addWidget(m_check1);
@@ -95,7 +91,6 @@ frmOptions::frmOptions(Program &program)
             this, options::pathInformation(), Prompts::Icon::Information, options::pathInformationTitle());
     });
     connect(command1, &QPushButton::clicked, this, &frmOptions::Command1_Click);
-    connect(command2, &QPushButton::clicked, this, &QDialog::close);
     showLoaded();
 }
 

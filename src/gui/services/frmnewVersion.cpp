@@ -1,5 +1,7 @@
 #include "frmnewVersion.h"
 
+#include "DialogParts.h"
+
 #include "app/Program.h"
 #include "app/ShellOpen.h"
 
@@ -9,18 +11,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace {
-
-QLabel *label(const char *name, const QString &text, QWidget *parent)
-{
-    auto *made = new QLabel(text, parent);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setWordWrap(true);
-    return made;
-}
-
-} // namespace
-
 frmnewVersion::frmnewVersion(Program &program)
     : QDialog(nullptr)
     , m_program(program)
@@ -28,23 +18,23 @@ frmnewVersion::frmnewVersion(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("frmnewVersion"));
     setWindowTitle(QStringLiteral("Neue Version gefunden"));
-    m_label1 = label("Label1", QStringLiteral("Fehler!"), this);
+    m_label1 = dialogparts::label("Label1", QStringLiteral("Fehler!"), this);
     auto *command1 = new QPushButton(QStringLiteral("Downloadseite aufrufen"), this);
     command1->setObjectName(QStringLiteral("Command1"));
     auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
     command2->setObjectName(QStringLiteral("Command2"));
     auto *layout = new QGridLayout(this);
-    layout->addWidget(label("Label2",
+    layout->addWidget(dialogparts::label("Label2",
                           QStringLiteral("Es wurde eine Aktualisierung für den Silberbuch gefunden. Die aktuelle "
                                          "Versionsnummer beträgt:"),
                           this),
         0, 0, 1, 2);
-    layout->addWidget(label("Label3", QStringLiteral("5.1"), this), 1, 0, 1, 2);
+    layout->addWidget(dialogparts::label("Label3", QStringLiteral("5.1"), this), 1, 0, 1, 2);
     layout->addWidget(
-        label("Label4", QStringLiteral("Die verfügbare Aktualisierung trägt die Versionsnummer:"), this), 2, 0, 1, 2);
+        dialogparts::label("Label4", QStringLiteral("Die verfügbare Aktualisierung trägt die Versionsnummer:"), this), 2, 0, 1, 2);
     layout->addWidget(m_label1, 3, 0, 1, 2);
     layout->addWidget(
-        label("Label5", QStringLiteral("Klicken Sie hier um auf die Downloadseite für das Update zu gelangen:"), this),
+        dialogparts::label("Label5", QStringLiteral("Klicken Sie hier um auf die Downloadseite für das Update zu gelangen:"), this),
         4, 0, 1, 2);
     layout->addWidget(command1, 5, 0);
     layout->addWidget(command2, 5, 1);

@@ -1,5 +1,6 @@
 #include "frmupdate.h"
 
+#include "DialogParts.h"
 #include "frmnewVersion.h"
 
 #include "app/Program.h"
@@ -23,31 +24,23 @@ frmupdate::frmupdate(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("frmupdate"));
     setWindowTitle(QStringLiteral("Nach Updates suchen"));
-    auto *label1 = new QLabel(QStringLiteral("Klicken Sie auf die Schaltfläche \"Nach Updates suchen\" um auf dem "
-                                             "Server von Ravelin mögliche Aktualisierungen für dieses Programm zu "
-                                             "finden. (Hierzu müssen Sie mit dem Internet verbunden sein.)"),
+    QLabel *label1 = dialogparts::label("Label1",
+        QStringLiteral("Klicken Sie auf die Schaltfläche \"Nach Updates suchen\" um auf dem Server von Ravelin "
+                       "mögliche Aktualisierungen für dieses Programm zu finden. (Hierzu müssen Sie mit dem "
+                       "Internet verbunden sein.)"),
         this);
-    label1->setObjectName(QStringLiteral("Label1"));
-    label1->setWordWrap(true);
     // The query's work field: the user has no business with it.
     m_text1 = new QLineEdit(this);
     m_text1->setObjectName(QStringLiteral("Text1"));
     m_text1->setVisible(false);
-    auto *command1 = new QPushButton(QStringLiteral("Nach Updates suchen"), this);
-    command1->setObjectName(QStringLiteral("Command1"));
-    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
-    command2->setObjectName(QStringLiteral("Command2"));
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(command1);
-    buttons->addWidget(command2);
+    QLayout *buttons = nullptr;
+    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Nach Updates suchen"), &buttons);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label1);
     layout->addWidget(m_text1);
     layout->addLayout(buttons);
     setMinimumWidth(460);
     connect(command1, &QPushButton::clicked, this, &frmupdate::Command1_Click);
-    connect(command2, &QPushButton::clicked, this, &QDialog::close);
 }
 
 void frmupdate::Command1_Click()
