@@ -1,0 +1,338 @@
+#include "Backup.h"
+
+#include "app/DataFolder.h"
+#include "app/DataPaths.h"
+#include "archives/ArchiveStore.h"
+#include "archives/JetConversion.h"
+#include "common/Cp1252.h"
+#include "common/Temporaries.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <unistd.h>
+#include <vector>
+
+namespace backup {
+
+namespace {
+
+// A length below this is stored in two bytes; this value itself marks four more bytes.
+constexpr quint32 kLongForm = 0xFFFF;
+constexpr qint64 kCopyBlock = qint64 { 1 } << 20;
+
+struct Packed
+{
+    QString path; // the file on disk
+    QByteArray name; // as stored: code page 1252, "\" between folders
+    qint64 size = 0;
+};
+
+QByteArray storedName(const QString &path)
+{
+    QString name = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    name.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    return QByteArray::fromStdString(cp1252::fromQString(name));
+}
+
+qint64 lengthFieldSize(qint64 length)
+{
+    return length < kLongForm ? 2 : 6;
+}
+
+qint64 recordSize(qint64 nameLength, qint64 contentLength)
+{
+    return lengthFieldSize(nameLength) + nameLength + lengthFieldSize(contentLength) + contentLength;
+}
+
+QByteArray lengthField(qint64 length)
+{
+    QByteArray field;
+    const auto put = [&field](quint32 value, int bytes) {
+        for (int i = 0; i < bytes; ++i, value >>= 8)
+            field.append(static_cast<char>(value & 0xFF));
+    };
+    if (length < kLongForm) {
+        put(static_cast<quint32>(length), 2);
+    } else {
+        put(kLongForm, 2);
+        put(static_cast<quint32>(length), 4);
+    }
+    return field;
+}
+
+// The database, then each existing image, then each existing cover, in the order of the two
+// queries; a file that several rows share is packed once per row.
+std::optional<std::vector<Packed>> filesOf(const QString &mdbPath, const QString &dataFolder, QString *error)
+{
+    std::vector<Packed> files { { mdbPath, storedName(mdbPath), QFileInfo(mdbPath).size() } };
+    const ArchiveStore store(mdbPath);
+    const auto images = store.selectNumbers(QStringLiteral("Select cd_seriennummer FROM cds WHERE cd_seriennummer<>0"));
+    const auto covers = store.selectNumbers(QStringLiteral("Select cd_cover FROM cds WHERE cd_cover<>''"));
+    if (!images.ok() || !covers.ok()) {
+        *error = images.ok() ? covers.error.message : images.error.message;
+        return std::nullopt;
+    }
+    const auto add = [&](const QString &path) {
+        const QFileInfo info(path);
+        if (info.isFile())
+            files.push_back({ path, storedName(path), info.size() });
+    };
+    for (const int32_t id : images.value)
+        add(datapaths::imageFile(dataFolder, id));
+    for (const int32_t cover : covers.value)
+        add(datapaths::coverFile(dataFolder, QString::number(cover)));
+    return files;
+}
+
+QString cannotWrite(const QString &path)
+{
+    return QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(path)
+        + QStringLiteral("\" kann nicht geschrieben werden (Datenträger voll oder schreibgeschützt?).");
+}
+
+bool writeAll(QFile &out, const QByteArray &bytes)
+{
+    return out.write(bytes) == bytes.size();
+}
+
+// Copies exactly `size` bytes of the file at `path` to `out`, a block at a time.
+bool copyInto(QFile &out, const QString &path, qint64 size)
+{
+    QFile in(path);
+    if (!in.open(QIODevice::ReadOnly) || in.size() != size)
+        return false;
+    while (size > 0) {
+        const QByteArray block = in.read(std::min(size, kCopyBlock));
+        if (block.isEmpty() || !writeAll(out, block))
+            return false;
+        size -= block.size();
+    }
+    return true;
+}
+
+// One record as the file holds it: where its name and its content lie.
+struct Record
+{
+    qint64 nameAt = 0;
+    qint64 nameLength = 0;
+    qint64 contentAt = 0;
+    qint64 contentLength = 0;
+    qint64 end = 0;
+};
+
+// Reads a record's header at `at`; nothing when a length runs past `limit`.
+std::optional<Record> recordAt(QFile &file, qint64 at, qint64 limit)
+{
+    const auto length = [&](qint64 &position) -> std::optional<qint64> {
+        if (position + 2 > limit || !file.seek(position))
+            return std::nullopt;
+        const QByteArray two = file.read(2);
+        if (two.size() != 2)
+            return std::nullopt;
+        quint32 value = static_cast<quint8>(two[0]) | (static_cast<quint32>(static_cast<quint8>(two[1])) << 8);
+        position += 2;
+        if (value == kLongForm) {
+            const QByteArray four = file.read(4);
+            if (position + 4 > limit || four.size() != 4)
+                return std::nullopt;
+            value = 0;
+            for (int i = 3; i >= 0; --i)
+                value = (value << 8) | static_cast<quint8>(four[i]);
+            position += 4;
+        }
+        return static_cast<qint64>(value);
+    };
+    Record record;
+    qint64 position = at;
+    const std::optional<qint64> nameLength = length(position);
+    if (!nameLength || position + *nameLength > limit)
+        return std::nullopt;
+    record.nameAt = position;
+    record.nameLength = *nameLength;
+    position += *nameLength;
+    const std::optional<qint64> contentLength = length(position);
+    if (!contentLength || position + *contentLength > limit)
+        return std::nullopt;
+    record.contentAt = position;
+    record.contentLength = *contentLength;
+    record.end = position + *contentLength;
+    return record;
+}
+
+QByteArray bytesAt(QFile &file, qint64 at, qint64 length)
+{
+    return file.seek(at) ? file.read(length) : QByteArray();
+}
+
+QString notABackup(const QString &file)
+{
+    return QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file)
+        + QStringLiteral("\" ist kein vollständiges Backup. Es wurde nichts wiederhergestellt.");
+}
+
+// Where a packed file goes, by the last four characters of its leaf name; empty for none.
+QString targetOf(const QString &leaf, const QString &dataFolder)
+{
+    const QString ending = leaf.right(4);
+    if (ending == QLatin1String(".mdb"))
+        return datapaths::archiveFolder(dataFolder) + leaf;
+    if (ending == QLatin1String(".dat"))
+        return datapaths::imageFolder(dataFolder) + leaf;
+    if (ending == QLatin1String(".bmp"))
+        return datapaths::coverFolder(dataFolder) + leaf;
+    return {};
+}
+
+} // namespace
+
+QString leafName(const QString &path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
+}
+
+QString replaceQuestion(const QString &archiveName)
+{
+    return QStringLiteral("Das Archiv ") + archiveName
+        + QStringLiteral(" ist bereits vorhanden. Wollen Sie es durch das Archiv aus dem Backup ersetzen?");
+}
+
+QString write(const QString &mdbPath, const QString &dataFolder, const QString &target, bool replace,
+    const std::function<void(int done, int total)> &progress)
+{
+    if (QFileInfo::exists(target) && !replace)
+        return QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(target)
+            + QStringLiteral("\" ist bereits vorhanden. Mit --replace wird sie ersetzt.");
+    QString error;
+    const std::optional<std::vector<Packed>> files = filesOf(mdbPath, dataFolder, &error);
+    if (!files)
+        return error;
+    if (files->size() > 32767)
+        return QStringLiteral("Überlauf: Das Archiv hat mehr als 32767 Dateien für das Backup.");
+
+    qint64 innerSize = 0;
+    for (const Packed &file : *files)
+        innerSize += recordSize(file.name.size(), file.size);
+    const QByteArray countName = storedName(programFolder() + QStringLiteral("/TmpC.txt"));
+    const QByteArray countText = ' ' + QByteArray::number(static_cast<qulonglong>(files->size())) + " \r\n";
+    const QByteArray innerName = storedName(target + QLatin1Char('2'));
+
+    const QString folder = QFileInfo(target).absolutePath();
+    const QString prefix = QStringLiteral(".") + QFileInfo(target).fileName() + QStringLiteral("-");
+    temporaries::removeStale(folder, prefix);
+    const QString temporary = temporaries::freshName(folder, prefix);
+    QFile out(temporary);
+    bool ok = out.open(QIODevice::WriteOnly | QIODevice::NewOnly)
+        && writeAll(out, lengthField(countName.size()) + countName + lengthField(countText.size()) + countText)
+        && writeAll(out, lengthField(innerName.size()) + innerName + lengthField(innerSize));
+    int done = 0;
+    for (const Packed &file : *files) {
+        if (!ok)
+            break;
+        ok = writeAll(out, lengthField(file.name.size()) + file.name + lengthField(file.size))
+            && copyInto(out, file.path, file.size);
+        if (!ok && out.error() == QFileDevice::NoError)
+            error = QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file.path)
+                + QStringLiteral("\" kann nicht gelesen werden oder hat sich während des Backups geändert.");
+        if (progress)
+            progress(++done, static_cast<int>(files->size()));
+    }
+    ok = ok && out.flush() && ::fsync(out.handle()) == 0;
+    out.close();
+    ok = ok && out.error() == QFileDevice::NoError && ::rename(QFile::encodeName(temporary).constData(),
+                                                               QFile::encodeName(target).constData()) == 0;
+    if (ok)
+        return {};
+    QFile::remove(temporary);
+    return error.isEmpty() ? cannotWrite(target) : error;
+}
+
+RestoreResult restore(const QString &file, const QString &dataFolder,
+    const std::function<bool(const QString &archiveName)> &mayReplace)
+{
+    RestoreResult result;
+    QFile in(file);
+    if (!in.open(QIODevice::ReadOnly)) {
+        result.error = QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file)
+            + QStringLiteral("\" kann nicht gelesen werden.");
+        return result;
+    }
+    // Everything is checked before anything is written.
+    const qint64 size = in.size();
+    const std::optional<Record> count = recordAt(in, 0, size);
+    const std::optional<Record> stream = count ? recordAt(in, count->end, size) : std::nullopt;
+    bool number = false;
+    if (count)
+        bytesAt(in, count->contentAt, std::min<qint64>(count->contentLength, 64)).trimmed().toInt(&number);
+    if (!count || !stream || stream->end != size || !number) {
+        result.error = notABackup(file);
+        return result;
+    }
+    std::vector<Record> packed;
+    for (qint64 at = stream->contentAt; at < stream->end;) {
+        const std::optional<Record> record = recordAt(in, at, stream->end);
+        if (!record) {
+            result.error = notABackup(file);
+            return result;
+        }
+        packed.push_back(*record);
+        at = record->end;
+    }
+
+    struct Target
+    {
+        const Record *record;
+        QString path;
+    };
+    std::vector<Target> targets;
+    for (const Record &record : packed) {
+        const QByteArray name = bytesAt(in, record.nameAt, record.nameLength);
+        const QString path = targetOf(leafName(cp1252::toQString(std::string_view(name.constData(), name.size()))), dataFolder);
+        if (!path.isEmpty())
+            targets.push_back({ &record, path });
+    }
+    for (const Target &target : targets)
+        if (target.path.endsWith(QLatin1String(".mdb")) && QFileInfo::exists(target.path)
+            && !mayReplace(QFileInfo(target.path).completeBaseName())) {
+            result.error = QStringLiteral("Das Archiv ") + QFileInfo(target.path).completeBaseName()
+                + QStringLiteral(" ist bereits vorhanden. Es wurde nichts wiederhergestellt.");
+            return result;
+        }
+
+    for (const Target &target : targets) {
+        QDir().mkpath(QFileInfo(target.path).path());
+        const QString temporary = temporaries::freshName(QFileInfo(target.path).path(), QStringLiteral(".restore-"));
+        QFile out(temporary);
+        bool ok = out.open(QIODevice::WriteOnly | QIODevice::NewOnly) && in.seek(target.record->contentAt);
+        for (qint64 left = target.record->contentLength; ok && left > 0;) {
+            const QByteArray block = in.read(std::min(left, kCopyBlock));
+            ok = !block.isEmpty() && writeAll(out, block);
+            left -= block.size();
+        }
+        ok = ok && out.flush();
+        out.close();
+        ok = ok && out.error() == QFileDevice::NoError
+            && ::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(target.path).constData()) == 0;
+        if (!ok) {
+            QFile::remove(temporary);
+            result.error = cannotWrite(target.path);
+            return result;
+        }
+        result.written << target.path;
+        if (target.path.endsWith(QLatin1String(".mdb"))) {
+            const JetConversion conversion = convertIfJet(target.path);
+            if (!conversion.ok())
+                result.notices << conversion.error.message;
+            else if (conversion.converted)
+                result.notices << conversion.notice;
+        }
+    }
+    return result;
+}
+
+} // namespace backup

@@ -1,0 +1,78 @@
+#include "CliRunner.h"
+
+#include "ArchiveBuilder.h"
+
+#include <csignal>
+#include <unistd.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
+// backup and restore through the command line: the refusals of an existing file, the names
+// of the files written.
+TEST(TransferCommands, BackupAndRestoreWithTheirRefusals)
+{
+    const CliRunner cli;
+    ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|End1"_s, 42);
+    cli.write(u"lws/42.dat"_s, ">d:\r\n\r\n");
+    const QString target = cli.scratch(u"musik.bup"_s);
+    EXPECT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, target }).exitCode, 0);
+    const QByteArray first = bytesOf(target);
+    cli.expectRefused({ { { u"--archive"_s, u"Musik"_s, u"backup"_s, target }, 1,
+                            u"Die Datei \""_s + target + u"\" ist bereits vorhanden. Mit --replace wird sie ersetzt."_s },
+        { { u"restore"_s, target }, 1,
+            u"Das Archiv Musik ist bereits vorhanden. Es wurde nichts wiederhergestellt."_s },
+        { args({ "restore" }), 2, u"Aufruf: silberbuch-cli restore"_s } });
+    EXPECT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s }).exitCode, 0);
+    EXPECT_EQ(bytesOf(target), first);
+
+    const CliRun restored = cli.run({ u"restore"_s, target, u"--replace"_s });
+    EXPECT_EQ(restored.exitCode, 0) << restored.error.toStdString();
+    EXPECT_EQ(restored.lines,
+        QStringList({ cli.dataPath(u"archive/Musik.mdb"_s), cli.dataPath(u"lws/42.dat"_s) }));
+}
+
+// A backup killed at any moment leaves the old backup as it was and no temporary file beside
+// it or in the data folder.
+TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
+{
+    const CliRunner cli;
+    ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|End1"_s, 42);
+    cli.write(u"lws/42.dat"_s, QByteArray(30 << 20, 'i'));
+    const QString target = cli.scratch(u"musik.bup"_s);
+    QFile old(target);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("altes Backup") > 0);
+    old.close();
+    for (const int delayMs : { 0, 20, 60, 150 }) {
+        SCOPED_TRACE(delayMs);
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"SILBERBUCH_CONFIG"_s, cli.settingsFile());
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SILBERBUCH_CLI),
+            { u"--data"_s, cli.dataFolder(), u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s });
+        ASSERT_TRUE(process.waitForStarted());
+        ::usleep(static_cast<useconds_t>(delayMs) * 1000);
+        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+        process.waitForFinished();
+        const QByteArray left = bytesOf(target);
+        EXPECT_TRUE(left == "altes Backup" || left.size() > (30 << 20)) << left.size();
+        if (left != "altes Backup")
+            break; // the backup was quicker than the kill
+    }
+    // Debris of a killed run is cleared by the next backup.
+    EXPECT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s }).exitCode, 0);
+    QStringList beside = QDir(cli.scratch({})).entryList(QDir::Files | QDir::Hidden);
+    beside.removeAll(u"settings.ini"_s);
+    EXPECT_EQ(beside, QStringList { u"musik.bup"_s });
+    EXPECT_EQ(QDir(cli.dataPath(u"archive"_s)).entryList(QDir::Files | QDir::Hidden), QStringList { u"Musik.mdb"_s });
+}
+
+} // namespace
