@@ -12,13 +12,9 @@ namespace inireader {
 
 namespace {
 
-// The file's lines, read as the line input does; a line break at the very end adds no line.
-std::optional<std::vector<QString>> readLines(const QString &path)
+// The text's lines, read as the line input does; a line break at the very end adds no line.
+std::vector<QString> linesOf(const QByteArray &bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray bytes = file.readAll();
     const std::string_view text(bytes.constData(), static_cast<size_t>(bytes.size()));
     std::vector<QString> lines;
     size_t start = 0;
@@ -44,50 +40,76 @@ bool isBlank(const QString &line)
 
 } // namespace
 
-std::vector<QString> readIniSectionNames(const QString &path)
+std::optional<IniText> IniText::read(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return IniText(file.readAll());
+}
+
+IniText::IniText(const QByteArray &bytes)
+    : m_lines { QString() }
+{
+    const std::vector<QString> read = linesOf(bytes);
+    m_lines.insert(m_lines.end(), read.begin(), read.end());
+    const size_t lastIndex = m_lines.size() - 1;
+    // Stop lines: a blank line, a "[" line, or the file's last line.
+    m_stop.assign(m_lines.size() + 1, lastIndex);
+    for (size_t j = lastIndex; j >= 1; --j)
+        m_stop[j] = isBlank(m_lines[j]) || m_lines[j].startsWith(QLatin1Char('[')) || j == lastIndex ? j : m_stop[j + 1];
+    for (size_t i = 1; i <= lastIndex; ++i) {
+        if (!m_lines[i].startsWith(QLatin1Char('[')))
+            continue;
+        const QString key = m_lines[i].toLower();
+        if (!m_headers.contains(key))
+            m_headers.insert(key, i);
+    }
+}
+
+std::vector<QString> IniText::sectionNames() const
 {
     std::vector<QString> names;
-    if (dirFinds(path)) {
-        for (const QString &line : readLines(path).value_or(std::vector<QString>{})) {
-            if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']')) && line.size() >= 2)
-                names.push_back(line.mid(1, line.size() - 2));
-        }
+    for (size_t i = 1; i < m_lines.size(); ++i) {
+        const QString &line = m_lines[i];
+        if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']')) && line.size() >= 2)
+            names.push_back(line.mid(1, line.size() - 2));
     }
     names.emplace_back();
     return names;
 }
 
+std::optional<std::vector<QString>> IniText::sectionLines(const QString &section) const
+{
+    const QString header = (QLatin1Char('[') + section + QLatin1Char(']')).toLower();
+    const auto found = m_headers.constFind(header);
+    if (found == m_headers.constEnd())
+        return std::vector<QString> { QString() };
+    const size_t first = *found + 1;
+    // The header on the last line leaves no stop line behind it: nothing to return.
+    if (first >= m_lines.size())
+        return std::nullopt;
+    const size_t last = m_stop[first];
+    if (first == last)
+        return std::vector<QString> { QString() };
+    return std::vector<QString>(m_lines.begin() + static_cast<std::ptrdiff_t>(first),
+        m_lines.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+}
+
+std::vector<QString> readIniSectionNames(const QString &path)
+{
+    if (!dirFinds(path))
+        return { QString() };
+    const std::optional<IniText> text = IniText::read(path);
+    return text ? text->sectionNames() : std::vector<QString> { QString() };
+}
+
 std::optional<std::vector<QString>> readIniSectionLines(const QString &path, const QString &section)
 {
-    const std::optional<std::vector<QString>> read = readLines(path);
-    if (!read)
+    const std::optional<IniText> text = IniText::read(path);
+    if (!text)
         return std::nullopt;
-    // Line n of the file has index n; index 0 stays empty.
-    std::vector<QString> lines{QString()};
-    lines.insert(lines.end(), read->begin(), read->end());
-    const size_t lastIndex = lines.size() - 1;
-    const QString header = (QLatin1Char('[') + section + QLatin1Char(']')).toLower();
-
-    size_t first = 0;
-    size_t last = 0;
-    for (size_t i = 1; i <= lastIndex && last == 0; ++i) {
-        if (lines[i].toLower() != header)
-            continue;
-        first = i + 1;
-        for (size_t j = first; j <= lastIndex; ++j) {
-            if (isBlank(lines[j]) || lines[j].startsWith(QLatin1Char('[')) || j == lastIndex) {
-                last = j;
-                break;
-            }
-        }
-    }
-    // The header on the last line leaves no stop line behind it: nothing to return.
-    if (first > last)
-        return std::nullopt;
-    if (first == last)
-        return std::vector<QString>{QString()};
-    return std::vector<QString>(lines.begin() + static_cast<std::ptrdiff_t>(first),
-                                lines.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+    return text->sectionLines(section);
 }
 
 } // namespace inireader

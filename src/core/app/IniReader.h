@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -8,6 +9,26 @@
 // Readers for the ".ini" text databases of older versions: code page 1252, lines ending in
 // CR LF (a lone CR or LF ends a line too).
 namespace inireader {
+
+// A ".ini" text read once, with the look-ups the readers below make, each in time linear in
+// its result: an old database of thousands of sections is not read again for each one.
+class IniText
+{
+public:
+    // Nothing when the file cannot be read.
+    static std::optional<IniText> read(const QString &path);
+    explicit IniText(const QByteArray &bytes);
+
+    // As readIniSectionNames.
+    std::vector<QString> sectionNames() const;
+    // As readIniSectionLines.
+    std::optional<std::vector<QString>> sectionLines(const QString &section) const;
+
+private:
+    std::vector<QString> m_lines; // line n of the file at index n; index 0 stays empty
+    std::vector<size_t> m_stop; // for each index the first stop line from there on
+    QHash<QString, size_t> m_headers; // lower-cased "[" lines, the index of the first of each
+};
 
 // The names of all "[name]" lines, in file order, followed by one empty element (so the
 // count of names is size() - 1). A missing file gives just the empty element.
