@@ -75,4 +75,20 @@ TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
     EXPECT_EQ(QDir(cli.dataPath(u"archive"_s)).entryList(QDir::Files | QDir::Hidden), QStringList { u"Musik.mdb"_s });
 }
 
+// import-ini names the archive after the file unless told otherwise, and refuses a name that
+// is taken.
+TEST(TransferCommands, ImportIniNamesTheNewArchive)
+{
+    const CliRunner cli;
+    const QString ini = cli.scratch(u"alt.ini"_s);
+    QFile file(ini);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n") > 0);
+    file.close();
+    EXPECT_EQ(cli.run({ u"import-ini"_s, ini }).lines, QStringList { u"alt.ini"_s });
+    EXPECT_EQ(cli.run({ u"import-ini"_s, ini, u"--name"_s, u"Alt"_s }).lines, QStringList { u"Alt"_s });
+    EXPECT_EQ(cli.run({ u"--archive"_s, u"Alt"_s, u"cd"_s, u"list"_s }).lines, QStringList { u"1 Urlaub"_s });
+    cli.expectRefused({ { { u"import-ini"_s, ini }, 1,
+        u"Fehler! Es existiert bereits ein Archiv mit dem Namen alt.ini !\nBitte wählen Sie einen anderen Namen"_s } });
+}
+
 } // namespace

@@ -163,12 +163,23 @@ StoreResult<std::vector<CdRow>> ArchiveStore::selectRows(const QString &queryTex
     return result;
 }
 
+const QString kInsertRow = QStringLiteral("INSERT INTO cds (cd_nummer, cd_name, cd_seriennummer, cd_inhalt, "
+                                          "cd_ausgeliehen, cd_cover) VALUES (?, ?, ?, ?, ?, ?)");
+
 ArchiveError ArchiveStore::addRow(const CdRow &row) const
 {
-    return write(
-        QStringLiteral("INSERT INTO cds (cd_nummer, cd_name, cd_seriennummer, cd_inhalt, cd_ausgeliehen, "
-                       "cd_cover) VALUES (?, ?, ?, ?, ?, ?)"),
-        fieldsOf(row), row.number);
+    return write(kInsertRow, fieldsOf(row), row.number);
+}
+
+ArchiveError ArchiveStore::addRows(const std::vector<CdRow> &rows) const
+{
+    ArchiveConnection connection(m_path, ArchiveConnection::Mode::Existing);
+    return connection.transaction([&] {
+        for (const CdRow &row : rows)
+            if (const ArchiveError error = connection.run(kInsertRow, fieldsOf(row)); !error.ok())
+                return error;
+        return ArchiveError {};
+    });
 }
 
 ArchiveError ArchiveStore::updateRow(int32_t oldNumber, const CdRow &row) const

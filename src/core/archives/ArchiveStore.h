@@ -35,6 +35,8 @@ public:
 
     // DuplicateNumber when the number is taken, TitleTooLong over 50 characters.
     ArchiveError addRow(const CdRow &row) const;
+    // Adds the rows in one transaction: all of them or, on a failure, none.
+    ArchiveError addRows(const std::vector<CdRow> &rows) const;
     // Replaces the row of oldNumber, its number included; NotFound when it is gone.
     ArchiveError updateRow(int32_t oldNumber, const CdRow &row) const;
     ArchiveError deleteRow(int32_t number) const;
