@@ -52,7 +52,9 @@ warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -l "$prefix/share/man/man1/
 [ -z "$warnings" ] || fail "man page warnings: $warnings"
 # Every verb of --help has its entry in the manual page.
 for verb in $("$prefix/bin/silberbuch-cli" --help | sed -n 's/^  \([a-z-]*\) .*/\1/p; s/^  \([a-z-]*\)$/\1/p' | sort -u); do
-  grep -q "^\.B $verb\b" "$prefix/share/man/man1/silberbuch-cli.1" || fail "verb $verb missing from the manual page"
+  # roff writes a hyphen as "\-".
+  escaped=$(printf '%s' "$verb" | sed 's/-/\\\\-/g')
+  grep -q "^\.B $escaped\b" "$prefix/share/man/man1/silberbuch-cli.1" || fail "verb $verb missing from the manual page"
 done
 
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$scratch/package" >/dev/null
