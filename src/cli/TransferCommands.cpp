@@ -3,6 +3,7 @@
 #include "CliOptions.h"
 
 #include "transfer/Backup.h"
+#include "transfer/HtmlExport.h"
 
 #include <QDir>
 
@@ -12,6 +13,25 @@ const QString kReplace = QStringLiteral("--replace");
 
 const char *const kBackupUsage = "backup DATEI [--replace]";
 const char *const kRestoreUsage = "restore DATEI [--replace]";
+const char *const kExportUsage = "export html DATEI";
+
+int exportCommand(CliContext &context)
+{
+    if (context.words.size() != 2 || context.words.first() != QLatin1String("html"))
+        return usageError(kExportUsage);
+    CliData data(context);
+    if (!data.ok())
+        return refuse(data.problem());
+    QString problem;
+    const QString archive = data.archivePath(&problem);
+    if (archive.isEmpty())
+        return refuse(problem);
+    const htmlexport::Result result
+        = htmlexport::exportArchiveToHtml(archive, QDir().absoluteFilePath(context.words[1]));
+    for (const QString &page : result.pages)
+        printLine(page);
+    return result.ok() ? ExitOk : refuse(result.error);
+}
 
 int backupCommand(CliContext &context)
 {
@@ -50,6 +70,8 @@ int restoreCommand(CliContext &context)
     return ExitOk;
 }
 
+const CliCommand exportRegistration("export", kExportUsage, &exportCommand,
+    "Schreibt das Archiv als HTML-Seiten zu je 15 CDs und nennt jede geschriebene Seite.");
 const CliCommand backupRegistration("backup", kBackupUsage, &backupCommand,
     "Schreibt das Archiv mit seinen Laufwerksabbildern und Covern in eine Backup-Datei (.bup); eine "
     "vorhandene Datei wird nur mit --replace ersetzt.");
