@@ -6,6 +6,7 @@
 #include "services/Form8.h"
 #include "services/frmOptions.h"
 #include "services/frmupdate.h"
+#include "transfer/TransferDialogs.h"
 
 #include "app/Settings.h"
 #include "app/StartDecision.h"
@@ -41,6 +42,8 @@ int main(int argc, char **argv)
     program.setOpener(QStringLiteral("frmupdate"), [](Program &p) { p.show<frmupdate>(); });
     program.setOpener(QStringLiteral("Form8"), [](Program &p) { p.show<Form8>(); });
     program.setOpener(QStringLiteral("Abouts"), [](Program &p) { p.show<Abouts>(); });
+    program.setOpener(QStringLiteral("Exportieren"), [](Program &p) { p.show<Exportieren>(); });
+    program.setOpener(QStringLiteral("Importieren"), [](Program &p) { p.show<Importieren>(); });
     QObject::connect(&program, &Program::allUnloaded, &application, &QApplication::quit);
     program.show<Startup>();
     return QApplication::exec();

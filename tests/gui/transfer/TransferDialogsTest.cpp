@@ -1,0 +1,61 @@
+#include "DesktopRun.h"
+#include "Screenshot.h"
+
+#include "transfer/TransferDialogs.h"
+
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Backup, HTML export, restore and the import of an old text database, each through its
+// dialog with the file dialogs and questions answered by the test.
+TEST(TransferDialogs, EachWayThroughItsDialog)
+{
+    DesktopRun run;
+    run.archive(u"Musik"_s)->cd(1, u"Eins"_s, u"Sta1|Jazz|End1"_s);
+    run.openArchive(u"Musik"_s);
+    QTemporaryDir out;
+
+    Exportieren *exporter = run.program().show<Exportieren>();
+    screenshot(exporter, u"Exportieren"_s);
+    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.bup"_s), 0 });
+    exporter->Command1_Click();
+    run.settle();
+    EXPECT_EQ(run.prompts().messages().last(), u"Das Backup wurde erfolgreich erstellt!"_s);
+    EXPECT_TRUE(QFileInfo::exists(out.filePath(u"musik.bup"_s)));
+
+    exporter = run.program().show<Exportieren>();
+    exporter->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
+    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.html"_s), 0 });
+    exporter->Command1_Click();
+    EXPECT_EQ(run.opened().last(), QUrl::fromLocalFile(out.filePath(u"musik.html"_s)));
+    EXPECT_NE(run.form<Exportieren>(), nullptr); // the HTML way leaves the dialog open
+    exporter->close();
+    run.settle();
+
+    Importieren *importer = run.program().show<Importieren>();
+    screenshot(importer, u"Importieren"_s);
+    importer->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
+    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.bup"_s), 0 });
+    run.prompts().answerMessage(Prompts::Answer::Yes);
+    importer->Command1_Click();
+    run.settle();
+    EXPECT_TRUE(run.prompts().messages().contains(
+        u"Das Archiv Musik ist bereits vorhanden. Wollen Sie es durch das Archiv aus dem Backup ersetzen?"_s));
+    EXPECT_EQ(run.prompts().messages().last(),
+        u"Das Archiv wurde erfolgreich Importiert! Sie können es nun unter 'Archiv wechseln' im Hauptfenster auswählen!"_s);
+
+    QFile ini(out.filePath(u"alt.ini"_s));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly) && ini.write("[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n") > 0);
+    ini.close();
+    importer = run.program().show<Importieren>();
+    run.prompts().answerFile(Prompts::FileAnswer { ini.fileName(), 0 });
+    importer->Command1_Click();
+    run.settle();
+    EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), u"alt.ini"_s)));
+    EXPECT_EQ(run.form<Importieren>(), nullptr);
+}
+
+} // namespace
