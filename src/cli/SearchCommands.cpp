@@ -1,6 +1,7 @@
 #include "CliCommand.h"
 #include "CliData.h"
 #include "CliOptions.h"
+#include "FileSearchCall.h"
 
 #include "archives/ArchiveStore.h"
 #include "common/Cp1252.h"
@@ -53,16 +54,10 @@ int runCommentSearch(const ArchiveStore &store, const QString &word, std::option
 int runFileSearch(const ArchiveStore &store, const QString &dataFolder, const QString &word, std::optional<int> cd,
                 bool exact, const QString &saveTo)
 {
-    const FileSearch search(dataFolder);
-    FileSearchResult result;
-    if (cd) {
-        const StoreResult<CdRow> row = store.selectByNumber(*cd);
-        if (!row.ok())
-            return refuse(row.error.message);
-        result = search.searchOneCd({row.value.number, row.value.name, row.value.imageId}, word, exact);
-    } else {
-        result = search.searchArchive(store, word);
-    }
+    QString refusal;
+    const FileSearchResult result = searchFiles(store, dataFolder, word, cd, exact, &refusal);
+    if (!refusal.isEmpty())
+        return refuse(refusal);
     if (result.outcome != FileSearchOutcome::Hits)
         return refuse(result.message);
     printHits(result.hits);

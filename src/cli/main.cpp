@@ -3,8 +3,11 @@
 #include "app/Installation.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
+#include <cstring>
+#include <memory>
 #include <map>
 
 namespace {
@@ -49,10 +52,34 @@ void printError(const QString &message)
     writeUtf8(stderr, message + QLatin1Char('\n'));
 }
 
+namespace {
+
+// The verb of the call: the first word that is no global option or its value.
+const char *verbOf(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--data") == 0 || std::strcmp(argv[i], "--archive") == 0)
+            ++i;
+        else
+            return argv[i];
+    }
+    return "";
+}
+
+} // namespace
+
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    const QStringList arguments = app.arguments().mid(1);
+    // Printing lays out text, which takes a GUI application; it needs no display.
+    std::unique_ptr<QCoreApplication> application;
+    if (std::strcmp(verbOf(argc, argv), "print") == 0) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.contains(QLatin1String("--help"))) {
         printUsage(stdout);
         return ExitOk;

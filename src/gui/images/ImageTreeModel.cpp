@@ -1,6 +1,5 @@
 #include "ImageTreeModel.h"
 
-#include "common/Cp1252.h"
 #include "images/ImageIndex.h"
 
 #include <QApplication>
@@ -34,34 +33,14 @@ ImageTreeModel::ImageTreeModel(QObject *parent)
 void ImageTreeModel::setImage(const ImageIndex &image, const QString &title)
 {
     beginResetModel();
-    m_nodes.clear();
-    m_roots.clear();
-    m_nodes.reserve(image.folders().size());
-    for (const ImageIndex::Folder &folder : image.folders()) {
-        Node node;
-        node.key.assign(folder.key);
-        node.parent = folder.parent;
-        const int self = static_cast<int>(m_nodes.size());
-        if (folder.parent < 0) {
-            node.text = title + QStringLiteral(" (") + cp1252::toQString(folder.key) + QLatin1Char(')');
-            node.row = static_cast<int>(m_roots.size());
-            m_roots.push_back(self);
-        } else {
-            node.text = cp1252::toQString(folder.text);
-            auto &siblings = m_nodes[static_cast<size_t>(folder.parent)].children;
-            node.row = static_cast<int>(siblings.size());
-            siblings.push_back(self);
-        }
-        m_nodes.push_back(std::move(node));
-    }
+    m_tree = FolderTree(image, title);
     endResetModel();
 }
 
 void ImageTreeModel::clear()
 {
     beginResetModel();
-    m_nodes.clear();
-    m_roots.clear();
+    m_tree = FolderTree();
     endResetModel();
 }
 
@@ -70,7 +49,7 @@ QModelIndex ImageTreeModel::index(int row, int column, const QModelIndex &parent
     if (column != 0 || row < 0)
         return {};
     const std::vector<int> &rows
-        = parent.isValid() ? m_nodes[static_cast<size_t>(parent.internalId())].children : m_roots;
+        = parent.isValid() ? m_tree.node(nodeOf(parent)).children : m_tree.roots();
     if (row >= static_cast<int>(rows.size()))
         return {};
     return createIndex(row, 0, static_cast<quintptr>(rows[static_cast<size_t>(row)]));
@@ -80,16 +59,16 @@ QModelIndex ImageTreeModel::parent(const QModelIndex &child) const
 {
     if (!child.isValid())
         return {};
-    return indexOfNode(m_nodes[static_cast<size_t>(child.internalId())].parent);
+    return indexOfNode(m_tree.node(nodeOf(child)).parent);
 }
 
 int ImageTreeModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
-        return static_cast<int>(m_roots.size());
+        return static_cast<int>(m_tree.roots().size());
     if (parent.column() != 0)
         return 0;
-    return static_cast<int>(m_nodes[static_cast<size_t>(parent.internalId())].children.size());
+    return static_cast<int>(m_tree.node(nodeOf(parent)).children.size());
 }
 
 int ImageTreeModel::columnCount(const QModelIndex &) const
@@ -101,7 +80,7 @@ QVariant ImageTreeModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    const Node &node = m_nodes[static_cast<size_t>(index.internalId())];
+    const FolderTree::Node &node = m_tree.node(nodeOf(index));
     switch (role) {
     case Qt::DisplayRole:
         return node.text;
@@ -117,8 +96,8 @@ QVariant ImageTreeModel::data(const QModelIndex &index, int role) const
 QModelIndexList ImageTreeModel::allNodes() const
 {
     QModelIndexList nodes;
-    nodes.reserve(static_cast<qsizetype>(m_nodes.size()));
-    for (size_t node = 0; node < m_nodes.size(); ++node)
+    nodes.reserve(static_cast<qsizetype>(m_tree.nodes().size()));
+    for (size_t node = 0; node < m_tree.nodes().size(); ++node)
         nodes << indexOfNode(static_cast<int>(node));
     return nodes;
 }
@@ -127,5 +106,5 @@ QModelIndex ImageTreeModel::indexOfNode(int node) const
 {
     if (node < 0)
         return {};
-    return createIndex(m_nodes[static_cast<size_t>(node)].row, 0, static_cast<quintptr>(node));
+    return createIndex(m_tree.node(node).row, 0, static_cast<quintptr>(node));
 }

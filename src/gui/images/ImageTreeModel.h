@@ -1,17 +1,14 @@
 #pragma once
 
+#include "images/FolderTree.h"
+
 #include <QAbstractItemModel>
 #include <QIcon>
 #include <QString>
 
-#include <string>
-#include <vector>
-
 class ImageIndex;
 
-// The folders of a drive image as a tree: ZIP and RAR files are folders like the others.
-// A root shows the CD's title with its drive, "Meine CD (d:)"; every other folder its name.
-// Each node keeps its key (the folder's path in the image) as the image spells it.
+// The folders of a drive image as the tree view's model.
 class ImageTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -32,20 +29,13 @@ public:
 
     // Every node, for opening or closing them all.
     QModelIndexList allNodes() const;
+    const FolderTree &folderTree() const { return m_tree; }
+    // The tree's node behind an index, -1 for none.
+    static int nodeOf(const QModelIndex &index) { return index.isValid() ? static_cast<int>(index.internalId()) : -1; }
 
 private:
-    struct Node
-    {
-        std::string key;
-        QString text;
-        int parent = -1;
-        int row = 0;
-        std::vector<int> children;
-    };
-
     QModelIndex indexOfNode(int node) const;
 
-    std::vector<Node> m_nodes;
-    std::vector<int> m_roots;
+    FolderTree m_tree;
     QIcon m_folderIcon;
 };
