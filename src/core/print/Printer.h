@@ -27,6 +27,14 @@ public:
         bool italic = false;
     };
 
+    // The sheet and its printable area, in centimetres.
+    struct Paper
+    {
+        double width = 21.0; // the sheet, centimetres
+        double printableWidth = 20.0;
+        double printableHeight = 28.7;
+    };
+
     // Told at the start of every page after the first with its number; false stops the job.
     using PageWatcher = std::function<bool(int page)>;
 
@@ -78,13 +86,6 @@ public:
     bool stopped() const { return m_cancelled || m_failure.has_value(); }
 
 protected:
-    struct Paper
-    {
-        double width = 21.0; // the sheet, centimetres
-        double printableWidth = 20.0;
-        double printableHeight = 28.7;
-    };
-
     virtual Paper paper() const = 0;
     virtual double textWidthCm(const QString &text, const Font &font) const = 0;
     virtual double lineHeightCm(const Font &font) const = 0;

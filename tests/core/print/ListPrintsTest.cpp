@@ -1,0 +1,304 @@
+#include "PrintedTexts.h"
+
+#include "print/ListPrints.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kWeb = u"https://silberbuch.example.org/"_s;
+
+PrintSettings settings(const QString &fontSize = u"10"_s)
+{
+    return { u"Musik"_s, fontSize, printMoment() };
+}
+
+QStringList numbered(const QString &prefix, int count)
+{
+    QStringList lines;
+    for (int i = 1; i <= count; ++i)
+        lines << prefix + QString::number(i);
+    return lines;
+}
+
+// The footer of a page, centred on 20 cm of 0.3125-cm characters, 0.8 cm above the bottom.
+Placed footer(int page, const QString &text)
+{
+    return { page, (20 - text.size() * 0.3125) / 2, 27.2, text };
+}
+
+TEST(Print1List, HeadEntriesAndClosingLine)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_list(printer, settings(), { u"1 Jazz"_s, u"12  Klassik"_s }).printed());
+    const std::vector<Placed> expected = {
+        { 1, 2, 2, u"--- Archiv: Musik. Liste der CD-Titel Stand: 19.01.2003 14:05:09 ---"_s },
+        { 1, 2, 2.625, u"---                     Erstellt mit dem Silberbuch 5.1                  ---"_s },
+        { 1, 2, 3.25, u"---"_s + QString(29, u' ') + kWeb + QString(26, u' ') + u"---"_s },
+        { 1, 3, 4.5, u"Nr. 1 Jazz"_s },
+        { 1, 3, 5.125, u"Nr. 12  Klassik"_s },
+        { 1, 3, 6.375, u"- Ende der Liste -"_s },
+    };
+    EXPECT_EQ(placedTexts(printer), expected);
+    EXPECT_TRUE(printer.finished());
+}
+
+// The test runs after each line: the 35th entry fills page 1, which then gets its footer
+// without a caption; each later page begins with NextPage's footer and, when full, gets the
+// short one printed over it.
+TEST(Print1List, PageBreaksAndTheirTwoFooters)
+{
+    struct Case
+    {
+        const char *what;
+        int entries;
+        int pages;
+        std::vector<Placed> footers;
+    };
+    const Case cases[] = {
+        { "an empty archive has no footer", 0, 1, {} },
+        { "one entry short of full", 34, 1, {} },
+        { "full first page", 35, 2, { footer(1, u"- Seite  1 -"_s), footer(2, u"- Seite  2 - "_s) } },
+        { "two full pages", 35 + 39, 3,
+            { footer(1, u"- Seite  1 -"_s), footer(2, u"- Seite  2 - "_s), footer(2, u"- Seite  2 -"_s),
+                footer(3, u"- Seite  3 - "_s) } },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"7 CD "_s, c.entries)).printed());
+        EXPECT_EQ(pageCount(printer), c.pages);
+        std::vector<Placed> footers;
+        for (const Placed &placed : placedTexts(printer)) {
+            if (placed.text.startsWith(u"- Seite"_s))
+                footers.push_back(placed);
+        }
+        EXPECT_EQ(footers, c.footers);
+        const Placed last = placedTexts(printer).back();
+        EXPECT_EQ(last.text, u"- Ende der Liste -"_s);
+        EXPECT_EQ(last.x, 3);
+    }
+}
+
+TEST(Print1List, LaterPagesContinueAtTheTop)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"1 CD "_s, 36)).printed());
+    const std::vector<Placed> page2 = textsOnPage(printer, 2);
+    ASSERT_EQ(page2.size(), 3u);
+    EXPECT_EQ(page2[1], (Placed { 2, 3, 2, u"Nr. 1 CD 36"_s }));
+}
+
+TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
+{
+    const QString first = u"Fehler! Es konnte nicht gedruckt werden. Stellen Sie sicher, dass ein Drucker "
+                          u"angeschlossen und korrekt eingestellt ist."_s;
+    struct Case
+    {
+        const char *what;
+        QString fontSize;
+        PrintOutcome (*print)(Printer &, const PrintSettings &);
+        PrintOutcome::Status status;
+        QString message;
+        int number;
+    };
+    const Case cases[] = {
+        { "empty size box, title list: first line only", u""_s,
+            [](Printer &p, const PrintSettings &s) { return Print1_list(p, s, {}); },
+            PrintOutcome::Status::Reported, first, 0 },
+        { "empty size box, comments: first line only", u""_s,
+            [](Printer &p, const PrintSettings &s) { return Print1_Kommentare(p, s, u"T"_s, {}); },
+            PrintOutcome::Status::Reported, first, 0 },
+        { "size box beyond any font, results: untrapped", u"99999"_s,
+            [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); },
+            PrintOutcome::Status::Untrapped, QString(), 380 },
+        { "letters in the results' box: untrapped", u"zehn"_s,
+            [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); },
+            PrintOutcome::Status::Untrapped, QString(), 13 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        const PrintOutcome outcome = c.print(printer, settings(c.fontSize));
+        EXPECT_EQ(outcome.status, c.status);
+        EXPECT_EQ(outcome.message, c.message);
+        EXPECT_EQ(outcome.failure.number, c.number);
+        EXPECT_FALSE(printer.finished());
+    }
+}
+
+class Print1Dateien : public ::testing::Test
+{
+protected:
+    QString image(const QByteArray &bytes)
+    {
+        const QString path = m_dir.filePath(u"4711.dat"_s);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+
+    std::vector<QString> listed(const RecordingPrinter &printer)
+    {
+        std::vector<QString> texts;
+        for (const Placed &placed : placedTexts(printer)) {
+            if ((placed.y >= 5.75 || placed.page > 1) && !placed.text.startsWith(u"- Seite"_s))
+                texts.push_back(placed.text);
+        }
+        return texts;
+    }
+
+    QTemporaryDir m_dir;
+};
+
+TEST_F(Print1Dateien, LinesCutToTheColumnsAskedFor)
+{
+    const QByteArray bytes = ">d:\r\n>d:\\Setup\r\nd:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n\r\n";
+    struct Case
+    {
+        const char *what;
+        FileListColumns columns;
+        QString fileLine;
+    };
+    const Case cases[] = {
+        { "neither", { false, false }, u"d:\\Setup\\start.exe"_s },
+        { "the dialog's default: date", { false, true }, u"d:\\Setup\\start.exe Date:19.01.2003 00:12:31"_s },
+        { "size", { true, false }, u"d:\\Setup\\start.exe * 65536 Byte *"_s },
+        { "both", { true, true }, u"d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(bytes), c.columns).printed());
+        // The empty closing line of the image prints the line before it once more.
+        const std::vector<QString> expected
+            = { u">d:"_s, u">d:\\Setup"_s, c.fileLine, c.fileLine, u"- Ende der Liste -"_s };
+        EXPECT_EQ(listed(printer), expected);
+    }
+}
+
+TEST_F(Print1Dateien, HeadAndFirstFooter)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(">d:\r\n\r\n"), {}).printed());
+    const std::vector<Placed> expected = {
+        footer(1, u"- Seite  1 - Archiv: Musik * CD: Setup-CD"_s),
+        { 1, 2, 2, u"* Archiv: Musik"_s },
+        { 1, 2, 2.625, u"* CD: Setup-CD"_s },
+        { 1, 2, 3.25, u"* Stand: 19.01.2003 14:05:09"_s },
+        { 1, 2, 3.875, u"* Erstellt mit dem Silberbuch 5.1"_s },
+        { 1, 2, 4.5, u"* "_s + kWeb },
+        { 1, 2, 5.75, u">d:"_s },
+        { 1, 2, 6.375, u">d:"_s },
+        { 1, 2, 7.625, u"- Ende der Liste -"_s },
+    };
+    EXPECT_EQ(placedTexts(printer), expected);
+}
+
+// Page 1 takes 33 lines below the head, later pages 39 from the top; the test after the last
+// line can give a page of the closing lines alone.
+TEST_F(Print1Dateien, PageBreaks)
+{
+    struct Case
+    {
+        const char *what;
+        int lines; // printed lines, the doubled last one included
+        int pages;
+        int firstOnPage2; // index of the line that opens page 2, -1 for none
+    };
+    const Case cases[] = {
+        { "one short of a page", 32, 1, -1 },
+        { "exactly a page: the closing lines go to page 2", 33, 2, -1 },
+        { "one line more", 34, 2, 33 },
+        { "page 3", 33 + 39 + 1, 3, 33 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        QByteArray bytes;
+        for (int i = 1; i < c.lines; ++i)
+            bytes += ">d:\\Ordner" + QByteArray::number(i) + "\r\n";
+        bytes += "\r\n";
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"T"_s, image(bytes), {}).printed());
+        EXPECT_EQ(pageCount(printer), c.pages);
+        const std::vector<Placed> page2 = textsOnPage(printer, 2);
+        if (c.pages == 1)
+            continue;
+        ASSERT_GE(page2.size(), 2u);
+        EXPECT_EQ(page2.front(), footer(2, u"- Seite  2 -  Archiv: Musik * CD: T"_s));
+        if (c.firstOnPage2 >= 0)
+            EXPECT_EQ(page2[1], (Placed { 2, 2, 2, u">d:\\Ordner"_s + QString::number(std::min(c.firstOnPage2 + 1, c.lines - 1)) }));
+        else
+            EXPECT_EQ(page2[1], (Placed { 2, 2, 2.625, u"- Ende der Liste -"_s }));
+    }
+}
+
+TEST_F(Print1Dateien, MissingImageIsRefusedBeforeAnyOutput)
+{
+    RecordingPrinter printer(testPaper());
+    const PrintOutcome outcome = Print1_Dateien(printer, settings(), u"T"_s, m_dir.filePath(u"0.dat"_s), {});
+    EXPECT_EQ(outcome.status, PrintOutcome::Status::Refused);
+    EXPECT_EQ(outcome.message, u"Kein Laufwerks_Abbild verfügbar!"_s);
+    EXPECT_TRUE(printer.items().empty());
+}
+
+TEST(Print1Kommentare, SecondPageBeginsAtTheLeftEdge)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_Kommentare(printer, settings(), u"Jazz"_s, numbered(u"Kommentar "_s, 34)).printed());
+    const std::vector<Placed> page1 = textsOnPage(printer, 1);
+    EXPECT_EQ(page1.front(), footer(1, u"- Seite  1 - Archiv: Musik * CD: Jazz"_s));
+    EXPECT_EQ(page1[6], (Placed { 1, 3, 5.75, u"Kommentar 1"_s }));
+    const std::vector<Placed> page2 = textsOnPage(printer, 2);
+    ASSERT_EQ(page2.size(), 3u);
+    EXPECT_EQ(page2[1], (Placed { 2, 0, 2, u"Kommentar 34"_s }));
+    // No test after the last comment, and the closing line at 2 cm.
+    EXPECT_EQ(page2[2], (Placed { 2, 2, 3.25, u"- Ende der Liste -"_s }));
+}
+
+TEST(Print1Kommentare, NoCommentsPrintsHeadAndClosingLine)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_Kommentare(printer, settings(), u"Jazz"_s, {}).printed());
+    EXPECT_EQ(placedTexts(printer).size(), 7u);
+    EXPECT_EQ(placedTexts(printer).back(), (Placed { 1, 2, 6.375, u"- Ende der Liste -"_s }));
+}
+
+TEST(PrintResults, LinesOfTheResultsFileInSearchOrder)
+{
+    const std::vector<QString> hits = {
+        u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s,
+        u"1-Bilder<>d:\\Urlaub"_s,
+        u""_s,
+    };
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_Dateien(printer, settings(), u"s*"_s, hits).printed());
+    const std::vector<Placed> texts = placedTexts(printer);
+    EXPECT_EQ(texts.front(), footer(1, u"- Seite  1 - Archiv: Musik * Suche nach s*"_s));
+    EXPECT_EQ(texts[2].text, u"* Suche nach: s*"_s);
+    const std::vector<QString> lines = { texts[6].text, texts[7].text, texts[8].text };
+    const std::vector<QString> expected = {
+        u"3-Setup-CD d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s,
+        u"1-Bilder >d:\\Urlaub"_s,
+        u"1-Bilder >d:\\Urlaub"_s,
+    };
+    EXPECT_EQ(lines, expected);
+}
+
+TEST(PrintCancel, StoppedAtAPageLeavesTheDocumentUnfinished)
+{
+    RecordingPrinter printer(testPaper());
+    printer.setPageWatcher([](int page) { return page < 3; });
+    const PrintOutcome outcome = Print1_list(printer, settings(), numbered(u"1 CD "_s, 500));
+    EXPECT_EQ(outcome.status, PrintOutcome::Status::Cancelled);
+    EXPECT_EQ(pageCount(printer), 2);
+    EXPECT_FALSE(printer.finished());
+}
+
+} // namespace

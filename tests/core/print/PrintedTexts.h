@@ -1,0 +1,68 @@
+#pragma once
+
+#include "print/RecordingPrinter.h"
+
+#include "QStringPrinting.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <cmath>
+#include <ostream>
+#include <vector>
+
+// A text as it stands on paper: page, position in centimetres, and the text.
+struct Placed
+{
+    int page;
+    double x;
+    double y;
+    QString text;
+    // Positions are sums of line heights: equal to the last few bits.
+    bool operator==(const Placed &other) const
+    {
+        return page == other.page && std::abs(x - other.x) < 1e-9 && std::abs(y - other.y) < 1e-9
+            && text == other.text;
+    }
+};
+
+inline void PrintTo(const Placed &placed, std::ostream *out)
+{
+    *out << "p" << placed.page << " (" << placed.x << ", " << placed.y << ") \"" << placed.text.toStdString() << '"';
+}
+
+inline std::vector<Placed> placedTexts(const RecordingPrinter &printer)
+{
+    std::vector<Placed> placed;
+    for (const RecordingPrinter::Item &item : printer.texts())
+        placed.push_back({ item.page, item.x, item.y, item.text });
+    return placed;
+}
+
+// The texts on one page.
+inline std::vector<Placed> textsOnPage(const RecordingPrinter &printer, int page)
+{
+    std::vector<Placed> onPage;
+    for (const Placed &placed : placedTexts(printer)) {
+        if (placed.page == page)
+            onPage.push_back(placed);
+    }
+    return onPage;
+}
+
+inline int pageCount(const RecordingPrinter &printer)
+{
+    return printer.items().empty() ? 0 : printer.items().back().page;
+}
+
+// Paper of 20 x 28 cm printable: at 10 points a line is 0.625 cm and the overflow test hits
+// at 26.375 cm.
+inline RecordingPrinter::Paper testPaper()
+{
+    return { 21.0, 20.0, 28.0 };
+}
+
+inline QDateTime printMoment()
+{
+    return QDateTime(QDate(2003, 1, 19), QTime(14, 5, 9));
+}

@@ -1,0 +1,147 @@
+#include "PrintedTexts.h"
+
+#include "print/SheetPrint.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+SheetContent jazz(int comments)
+{
+    SheetContent content { u"Jazz"_s, u"4711"_s, u"120"_s, u"7"_s, {}, {} };
+    for (int i = 1; i <= comments; ++i)
+        content.comments << u"Kommentar %1"_s.arg(i);
+    return content;
+}
+
+// The height of the comment area, read from the box's inner bottom rule.
+double commentArea(const RecordingPrinter &printer)
+{
+    return printer.lines().at(4).y - 3.8;
+}
+
+TEST(Print1Steckbrief, BoxGrowsWithTheCommentsMeasuredInTheListFont)
+{
+    struct Case
+    {
+        const char *what;
+        int comments;
+        QString listSize;
+        QString commentSize;
+        double area;
+    };
+    const Case cases[] = {
+        { "no comments: the least area", 0, u"10"_s, u"10"_s, 6 },
+        { "6.25 cm rounds down", 10, u"10"_s, u"10"_s, 6 },
+        { "6.875 cm rounds up", 11, u"10"_s, u"10"_s, 7 },
+        { "6.5 cm rounds to even", 13, u"8"_s, u"10"_s, 6 },
+        { "7.5 cm rounds to even", 15, u"8"_s, u"10"_s, 8 },
+        { "forty lines at 10 points", 40, u"10"_s, u"10"_s, 25 },
+        { "the comments' own size does not count", 40, u"8"_s, u"20"_s, 20 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(Print1_Steckbrief(printer, { u"Musik"_s, c.listSize, printMoment() }, jazz(c.comments),
+            { c.commentSize, true })
+                        .printed());
+        EXPECT_DOUBLE_EQ(commentArea(printer), c.area);
+    }
+}
+
+TEST(Print1Steckbrief, RulesTextsAndPictureInTheirPlaces)
+{
+    SheetContent content = jazz(2);
+    content.cover = QImage(100, 50, QImage::Format_RGB32);
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(Print1_Steckbrief(printer, { u"Musik"_s, u"10"_s, printMoment() }, content, { u"12"_s, true }).printed());
+
+    struct Rule
+    {
+        double x1, y1, x2, y2;
+    };
+    const Rule rules[] = {
+        { 2, 2, 18, 2 }, { 2, 2.2, 18, 2.2 }, { 2, 3, 18, 3 }, { 2, 3.8, 18, 3.8 }, { 2, 9.8, 18, 9.8 },
+        { 2, 10, 18, 10 }, { 2, 2, 2, 10 }, { 2.2, 2, 2.2, 10 }, { 18, 2, 18, 10 }, { 17.8, 2, 17.8, 10 },
+        { 8.4, 3.8, 8.4, 9.8 },
+    };
+    const std::vector<RecordingPrinter::Item> lines = printer.lines();
+    ASSERT_EQ(lines.size(), std::size(rules));
+    for (size_t i = 0; i < lines.size(); ++i) {
+        SCOPED_TRACE(i + 1);
+        EXPECT_DOUBLE_EQ(lines[i].x, rules[i].x1);
+        EXPECT_DOUBLE_EQ(lines[i].y, rules[i].y1);
+        EXPECT_DOUBLE_EQ(lines[i].x2, rules[i].x2);
+        EXPECT_DOUBLE_EQ(lines[i].y2, rules[i].y2);
+    }
+
+    const std::vector<Placed> expected = {
+        { 1, 2.4, 2.4, u"Archiv: Musik    CD: Jazz"_s },
+        { 1, 2.4, 3.2,
+            u"Seriennummer: 4711  |  Dateienanzahl: 120  |  Ordneranzahl: 7   -   Ausdruck: 19.01.2003 14:05:09"_s },
+        { 1, 8.7, 4.5, u"Kommentare zur CD:"_s },
+        { 1, 8.7, 5.75, u"Kommentar 1"_s },
+        { 1, 8.7, 6.5, u"Kommentar 2"_s },
+        { 1, 2, 10.1,
+            u"Erstellt mit dem Silberbuch 5.1 von Ravelin (support@silberbuch.example.org *** "
+            u"https://silberbuch.example.org/)"_s },
+    };
+    EXPECT_EQ(placedTexts(printer), expected);
+    const std::vector<double> sizes = { 12, 8, 10, 12, 12, 6 };
+    for (size_t i = 0; i < sizes.size(); ++i)
+        EXPECT_EQ(printer.texts()[i].font.size, sizes[i]) << i;
+    EXPECT_TRUE(printer.texts()[2].font.bold);
+    EXPECT_FALSE(printer.texts()[3].font.bold);
+
+    // Drawn last, 0.7 of the cover box of 260 pixels at 96 per inch.
+    const RecordingPrinter::Item &picture = printer.items().at(printer.items().size() - 2);
+    ASSERT_EQ(picture.kind, RecordingPrinter::Item::Kind::Picture);
+    EXPECT_DOUBLE_EQ(picture.x, 2.5);
+    EXPECT_DOUBLE_EQ(picture.y, 4.5);
+    EXPECT_DOUBLE_EQ(picture.x2, 0.7 * 260 / 96 * 2.54);
+    EXPECT_TRUE(printer.finished());
+}
+
+TEST(Print1Steckbrief, NoPictureUnticedOrNoneShown)
+{
+    SheetContent withCover = jazz(0);
+    withCover.cover = QImage(10, 10, QImage::Format_RGB32);
+    for (const auto &[what, content, cover] : { std::tuple { "unticked", withCover, false },
+             std::tuple { "nothing shown", jazz(0), true } }) {
+        SCOPED_TRACE(what);
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(Print1_Steckbrief(printer, { u"Musik"_s, u"10"_s, printMoment() }, content, { u"10"_s, cover })
+                        .printed());
+        for (const RecordingPrinter::Item &item : printer.items())
+            EXPECT_NE(item.kind, RecordingPrinter::Item::Kind::Picture);
+    }
+}
+
+TEST(Print1Steckbrief, CommentSizeWithoutANumberIsReportedInFull)
+{
+    RecordingPrinter printer(testPaper());
+    const PrintOutcome outcome
+        = Print1_Steckbrief(printer, { u"Musik"_s, u"10"_s, printMoment() }, jazz(1), { u"groß"_s, true });
+    EXPECT_EQ(outcome.status, PrintOutcome::Status::Reported);
+    EXPECT_TRUE(outcome.message.endsWith(u"\r\nFehlernummer: 13\r\nFehler-Beschreibung: Typen unverträglich"_s));
+    EXPECT_FALSE(printer.finished());
+}
+
+TEST(CoverBoxFace, LargePicturesFitSmallOnesStayCentred)
+{
+    QImage wide(520, 130, QImage::Format_RGB32);
+    wide.fill(Qt::red);
+    const QImage face = coverBoxFace(wide);
+    ASSERT_EQ(face.size(), QSize(260, 260));
+    EXPECT_EQ(face.pixelColor(130, 130), QColor(Qt::red));
+    EXPECT_EQ(face.pixelColor(130, 10), QColor(Qt::white));
+    QImage small(10, 10, QImage::Format_RGB32);
+    small.fill(Qt::blue);
+    EXPECT_EQ(coverBoxFace(small).pixelColor(130, 130), QColor(Qt::blue));
+    EXPECT_EQ(coverBoxFace(small).pixelColor(100, 130), QColor(Qt::white));
+    EXPECT_TRUE(coverBoxFace(QImage()).isNull());
+}
+
+} // namespace

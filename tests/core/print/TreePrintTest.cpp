@@ -1,0 +1,211 @@
+#include "PrintedTexts.h"
+
+#include "print/cPrinttvw.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr double twipsPerCm = 1440 / 2.54;
+
+// A tree of named nodes given as (text, parent) in the order they were added.
+class ListedTree : public PrintableTree
+{
+public:
+    ListedTree(std::vector<std::pair<QString, int>> nodes, int selected = -1)
+        : m_nodes(std::move(nodes))
+        , m_selected(selected)
+    {
+    }
+    int firstNode() const override { return m_nodes.empty() ? -1 : 0; }
+    int selectedNode() const override { return m_selected; }
+    int child(int node) const override { return after(-1, node); }
+    int nextSibling(int node) const override { return after(node, m_nodes[static_cast<size_t>(node)].second); }
+    QString text(int node) const override { return m_nodes[static_cast<size_t>(node)].first; }
+
+private:
+    // The first node after `from` whose parent is `parent`.
+    int after(int from, int parent) const
+    {
+        for (size_t i = static_cast<size_t>(from + 1); i < m_nodes.size(); ++i) {
+            if (m_nodes[i].second == parent)
+                return static_cast<int>(i);
+        }
+        return -1;
+    }
+
+    std::vector<std::pair<QString, int>> m_nodes;
+    int m_selected;
+};
+
+struct Twips
+{
+    QString text;
+    double x;
+    double y;
+};
+
+std::vector<Twips> nodeTexts(const RecordingPrinter &printer, size_t skip)
+{
+    std::vector<Twips> texts;
+    const std::vector<RecordingPrinter::Item> items = printer.texts();
+    for (size_t i = skip; i < items.size(); ++i)
+        texts.push_back({ items[i].text, items[i].x * twipsPerCm, items[i].y * twipsPerCm });
+    return texts;
+}
+
+PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int connectorStyle = 1, int printStyle = 1)
+{
+    cPrinttvw printout;
+    printout.setTitle(u"* Archiv: Musik*** CD: Jazz"_s);
+    printout.setConnectorStyle(connectorStyle);
+    printout.setPrintStyle(printStyle);
+    printout.setTreeView(tree);
+    printout.setPrintedAt(printMoment());
+    return printout.PrintTvw(printer);
+}
+
+const ListedTree kTree({ { u"Jazz (d:)"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } });
+
+TEST(cPrinttvw, TitleBlockCentredOnThePaper)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(printTree(printer, ListedTree({ { u"Jazz (d:)"_s, -1 } })).printed());
+    const std::vector<Placed> expected = {
+        { 1, (21 - 14 * 0.3125) / 2, 2.5, u"Ordnerstruktur"_s },
+        { 1, (21 - 27 * 0.3125) / 2, 3.125, u"* Archiv: Musik*** CD: Jazz"_s },
+        { 1, (21 - 67 * 0.25) / 2, 3.75, u"Erstellt mit dem Silberbuch 5.1 von https://silberbuch.example.org/"_s },
+        { 1, (21 - 33 * 0.25) / 2, 4.25, u"19.01.2003      ---      14:05:09"_s },
+        { 1, 550 / twipsPerCm, 5.75, u"Jazz (d:)"_s },
+    };
+    EXPECT_EQ(placedTexts(printer), expected);
+    EXPECT_TRUE(printer.lines().empty());
+    EXPECT_TRUE(printer.finished());
+}
+
+// Each level moves 420 twips right: the stub down at parent x + 220, the stub across 200.
+TEST(cPrinttvw, ConnectorsAndIndents)
+{
+    const double h = 0.625 * twipsPerCm; // a line at 10 points
+    const double y1 = 5.75 * twipsPerCm + h; // under the root
+    const double y2 = y1 + 50 + h;
+    const double y3 = y2 + 50 + h;
+    struct Case
+    {
+        const char *what;
+        int connectorStyle;
+        size_t lines;
+    };
+    for (const Case &c : { Case { "connector lines", 1, 7 }, Case { "indents alone", 2, 0 } }) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        ASSERT_TRUE(printTree(printer, kTree, c.connectorStyle).printed());
+        const std::vector<Twips> texts = nodeTexts(printer, 4);
+        ASSERT_EQ(texts.size(), 4u);
+        const std::vector<Twips> expected
+            = { { u"Jazz (d:)"_s, 550, y1 - h }, { u"A"_s, 970, y1 + 50 }, { u"A1"_s, 1390, y2 + 50 }, { u"B"_s, 970, y3 + 50 } };
+        for (size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(texts[i].text, expected[i].text);
+            EXPECT_NEAR(texts[i].x, expected[i].x, 1e-6) << i;
+            EXPECT_NEAR(texts[i].y, expected[i].y, 1e-6) << i;
+        }
+        const std::vector<RecordingPrinter::Item> lines = printer.lines();
+        ASSERT_EQ(lines.size(), c.lines);
+        if (c.lines == 0)
+            continue;
+        // B's upright runs from where A's stub began (rounded to whole twips) down to B.
+        const RecordingPrinter::Item &upright = lines[5];
+        EXPECT_NEAR(upright.x * twipsPerCm, 770, 1e-6);
+        EXPECT_NEAR(upright.y * twipsPerCm, std::nearbyint(y1), 1e-6);
+        EXPECT_NEAR(upright.y2 * twipsPerCm, y3 + 50, 1e-6);
+        for (const RecordingPrinter::Item &line : lines)
+            EXPECT_EQ(line.dots, 4);
+    }
+}
+
+TEST(cPrinttvw, SelectedBranchAloneWithPrintStyle2)
+{
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(printTree(printer, ListedTree({ { u"R"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } }, 1), 1, 2)
+                    .printed());
+    const std::vector<Twips> texts = nodeTexts(printer, 4);
+    ASSERT_EQ(texts.size(), 2u);
+    EXPECT_EQ(texts[0].text, u"A"_s);
+    EXPECT_EQ(texts[1].text, u"A1"_s);
+}
+
+// A wide folder runs onto page 2: its uprights there start at the top, and no title repeats.
+TEST(cPrinttvw, PageChangeStartsUprightsAtTheTop)
+{
+    std::vector<std::pair<QString, int>> nodes = { { u"Jazz (d:)"_s, -1 } };
+    for (int i = 1; i <= 60; ++i)
+        nodes.push_back({ u"Ordner %1"_s.arg(i), 0 });
+    RecordingPrinter printer(testPaper());
+    ASSERT_TRUE(printTree(printer, ListedTree(nodes)).printed());
+    EXPECT_EQ(pageCount(printer), 2);
+    int uprightsOnPage2 = 0;
+    for (const RecordingPrinter::Item &line : printer.lines()) {
+        const bool upright = line.x == line.x2 && line.y2 - line.y > 100 / twipsPerCm;
+        if (upright && line.page == 2) {
+            ++uprightsOnPage2;
+            EXPECT_EQ(line.y, 0);
+        }
+    }
+    EXPECT_GT(uprightsOnPage2, 10);
+    for (const Placed &placed : textsOnPage(printer, 2))
+        EXPECT_NE(placed.text, u"Ordnerstruktur"_s);
+}
+
+TEST(Print1Ordner, SizesFromTheBoxAndItsFailures)
+{
+    struct Case
+    {
+        const char *what;
+        QString size;
+        PrintOutcome::Status status;
+        int number;
+    };
+    const Case cases[] = {
+        { "a size", u"12"_s, PrintOutcome::Status::Printed, 0 },
+        { "empty box", u""_s, PrintOutcome::Status::Untrapped, 13 },
+        { "beyond 16 bits", u"40000"_s, PrintOutcome::Status::Untrapped, 6 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        RecordingPrinter printer(testPaper());
+        const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, c.size, printMoment() }, u"Jazz"_s, kTree);
+        EXPECT_EQ(outcome.status, c.status);
+        EXPECT_EQ(outcome.failure.number, c.number);
+        if (c.status == PrintOutcome::Status::Printed) {
+            EXPECT_EQ(printer.texts()[1].text, u"* Archiv: Musik*** CD: Jazz"_s);
+            EXPECT_EQ(printer.texts().back().font.size, 12);
+        }
+    }
+}
+
+TEST(Print1Ordner, DeepLevelsEndWithTheirReportAndTheRestGoesOn)
+{
+    // Past about 77 levels the position leaves 16 bits: that level ends, those above go on.
+    std::vector<std::pair<QString, int>> nodes = { { u"R"_s, -1 } };
+    for (int level = 1; level <= 90; ++level)
+        nodes.push_back({ u"L%1"_s.arg(level), level - 1 });
+    nodes.push_back({ u"Nachbar"_s, 0 });
+    RecordingPrinter printer(RecordingPrinter::Paper { 21, 20, 1000 });
+    const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, u"10"_s, printMoment() }, u"Jazz"_s, ListedTree(nodes));
+    EXPECT_TRUE(outcome.printed());
+    EXPECT_EQ(outcome.levelReports, QStringList { u"Error in Printing Maintree, please contact Support!"_s });
+    EXPECT_EQ(printer.texts().back().text, u"Nachbar"_s);
+}
+
+TEST(Print1Ordner, EmptyTreeIsAnUntrappedFailureAfterTheTitle)
+{
+    RecordingPrinter printer(testPaper());
+    const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, u"10"_s, printMoment() }, u"Jazz"_s, ListedTree({}));
+    EXPECT_EQ(outcome.status, PrintOutcome::Status::Untrapped);
+    EXPECT_EQ(outcome.failure.number, 91);
+    EXPECT_FALSE(printer.finished());
+}
+
+} // namespace
