@@ -22,4 +22,5 @@ struct Session
     std::vector<QString> lastResults; // hit entries of the last file search that found anything
     std::vector<QString> foundCdNumbers; // CD numbers of the last comment search
     QString dataFolderCache; // set once the data folder came from the path setting
+    QString currentPrinter; // the device the last print went to; it stays the program's printer
 };

@@ -9,26 +9,40 @@ QStringList SystemPrinter::deviceNames()
     return QPrinterInfo::availablePrinterNames();
 }
 
+QString SystemPrinter::defaultDeviceName()
+{
+    return QPrinterInfo::defaultPrinterName();
+}
+
 std::unique_ptr<SystemPrinter> SystemPrinter::named(const QString &deviceName)
 {
     const QPrinterInfo info = QPrinterInfo::printerInfo(deviceName);
     if (info.isNull())
         return nullptr;
-    return std::unique_ptr<SystemPrinter>(new SystemPrinter(info));
+    auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
+    printer->setDocName(QStringLiteral("Silberbuch"));
+    return std::unique_ptr<SystemPrinter>(new SystemPrinter(std::move(printer)));
 }
 
-SystemPrinter::SystemPrinter(const QPrinterInfo &info)
-    : PainterPrinter(m_printer)
-    , m_printer(info, QPrinter::HighResolution)
+SystemPrinter::SystemPrinter(std::unique_ptr<QPrinter> owned)
+    : PainterPrinter(*owned)
+    , m_owned(std::move(owned))
+    , m_printer(*m_owned)
 {
     m_printer.setPageSize(QPageSize(QPageSize::A4));
-    m_printer.setDocName(QStringLiteral("Silberbuch"));
+}
+
+SystemPrinter::SystemPrinter(QPrinter &printer)
+    : PainterPrinter(printer)
+    , m_printer(printer)
+{
+    m_printer.setPageSize(QPageSize(QPageSize::A4));
 }
 
 SystemPrinter::~SystemPrinter()
 {
-    // A job the user stopped, or one that failed, is not sent.
-    if (cancelled() || failure())
+    // A job of our own that the user stopped, or that failed, is not sent.
+    if (m_owned && (cancelled() || failure()))
         m_printer.abort();
     abandon();
 }

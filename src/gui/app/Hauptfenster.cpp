@@ -11,6 +11,7 @@
 #include "images/abbild.h"
 #include "records/changecd.h"
 #include "records/newCD.h"
+#include "print/Form2.h"
 #include "search/SearchWindows.h"
 #include "search/frmsearch.h"
 #include "ui_Hauptfenster.h"
@@ -66,6 +67,12 @@ Hauptfenster::Hauptfenster(Program &program)
     m_search = new SearchWindows(session, m_program.settings(),
         SearchLink { m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2 }, this);
     connect(m_search, &SearchWindows::windowLoaded, &m_program, &Program::adopt);
+    m_program.setOpener(QStringLiteral("Form2"), [this](Program &program) {
+        program.show<Form2>(PrintLink { m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->lblsn, m_ui->lblDateien,
+            m_ui->lblOrdner, m_ui->Picture2, [this] { m_ui->TabStrip1->setCurrentIndex(1); },
+            [this]() -> const FolderTree & { return m_browser->folderTree(); },
+            [this] { return m_browser->selectedNode(); } });
+    });
     m_tray = new QSystemTrayIcon(QIcon(resources::programIcon()), this);
     connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         const auto press = reason == QSystemTrayIcon::DoubleClick ? TrayDoubleClick::Press::LeftDouble

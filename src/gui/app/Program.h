@@ -41,13 +41,14 @@ public:
         return qobject_cast<W *>(form(QString::fromLatin1(W::staticMetaObject.className())));
     }
 
-    // Makes the window of class W known, loading it when it isn't, and shows it. A window
+    // Makes the window of class W known, loading it (with the arguments after the program) when
+    // it isn't, and shows it. A window
     // that unloads itself while it loads gives nothing.
-    template <class W> W *show()
+    template <class W, class... Args> W *show(Args &&...arguments)
     {
         W *window = form<W>();
         if (!window) {
-            window = new W(*this);
+            window = new W(*this, std::forward<Args>(arguments)...);
             if (!isLoaded(window))
                 return nullptr;
         }

@@ -223,3 +223,13 @@ void ImageBrowser::fitColumns()
     const int width = m_listView->width();
     m_listView->setColumnWidths(width * 2935 / 5010, width * 639 / 5010, width * 1352 / 5010);
 }
+
+const FolderTree &ImageBrowser::folderTree() const
+{
+    return m_tree->folderTree();
+}
+
+int ImageBrowser::selectedNode() const
+{
+    return ImageTreeModel::nodeOf(m_treeView->currentIndex());
+}

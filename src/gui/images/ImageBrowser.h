@@ -13,6 +13,7 @@
 
 class FileListView;
 class FolderListModel;
+class FolderTree;
 class ImageTreeModel;
 class QCheckBox;
 class QMenu;
@@ -68,6 +69,9 @@ public:
     void fitColumns();
 
     QMenu *popup() const { return m_rrh; }
+    // The folders of the tree as loaded, and the tree's node that is selected, -1 for none.
+    const FolderTree &folderTree() const;
+    int selectedNode() const;
     QSortFilterProxyModel *listModel() const { return m_sorted; }
 
 protected:

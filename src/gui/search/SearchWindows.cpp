@@ -1,5 +1,7 @@
 #include "SearchWindows.h"
 
+#include "print/Printresults.h"
+
 #include "Form1.h"
 #include "frmResults.h"
 #include "frmsearch.h"
@@ -53,6 +55,15 @@ Form1 *SearchWindows::showNavigator()
     m_navigator = new Form1(*this, m_session.foundCdNumbers, m_mainWindow);
     emit windowLoaded(m_navigator);
     return raised(m_navigator.data());
+}
+
+Printresults *SearchWindows::showPrintResults(const QString &searchWord)
+{
+    if (!m_printResults) {
+        m_printResults = new Printresults(m_session, m_settings, searchWord, m_mainWindow);
+        emit windowLoaded(m_printResults);
+    }
+    return raised(m_printResults.data());
 }
 
 QString SearchWindows::dataFolder() const

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class Form1;
+class Printresults;
 class QWidget;
 struct Session;
 class Settings;
@@ -31,6 +32,8 @@ public:
     // The navigator over the session's found CDs. A navigator that is open shows the numbers
     // of the search before, so it gives way to a fresh one.
     Form1 *showNavigator();
+    // The print dialog of the results, for the hits the session keeps, under their word.
+    Printresults *showPrintResults(const QString &searchWord);
 
     Session &session() const { return m_session; }
     Settings &settings() const { return m_settings; }
@@ -51,4 +54,5 @@ private:
     QPointer<frmsearch> m_search;
     QPointer<frmResults> m_results;
     QPointer<Form1> m_navigator;
+    QPointer<Printresults> m_printResults;
 };

@@ -55,6 +55,7 @@ frmResults::frmResults(SearchWindows &windows, QWidget *parent)
     connect(m_ui->ListView1, &QAbstractItemView::clicked, this, &frmResults::itemClicked);
     connect(m_ui->ListView1, &QAbstractItemView::doubleClicked, this, &frmResults::itemDoubleClicked);
     connect(m_ui->Command1, &QPushButton::clicked, this, &frmResults::Command1_Click);
+    connect(m_ui->Command2, &QPushButton::clicked, this, [this] { m_windows.showPrintResults(m_searchWord); });
     connect(m_ui->Command3, &QPushButton::clicked, this, &QWidget::close);
 }
 

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+class Settings;
+struct Session;
+
+// Pieces the two print dialogs share: the printer box and the quality box, filled and read
+// the same way.
+namespace printdialog {
+
+struct PrinterBox
+{
+    QGroupBox *frame; // "Drucken auf"
+    QComboBox *printers;
+    QCheckBox *standard; // "Als Standarddrucker festlegen"
+};
+PrinterBox printerBox(const char *frameName, const char *comboName, const char *checkName, QWidget *parent);
+
+struct QualityBox
+{
+    QGroupBox *frame; // "Druckqualität"
+    QRadioButton *good;
+    QRadioButton *normal; // chosen at the start
+    QRadioButton *poor;
+};
+// The names of the frame and of the good, normal and poor options.
+QualityBox qualityBox(const char *frameName, const char *const names[3], QWidget *parent);
+
+// Step 2a of the print dialogs, for lists: heading, printer, quality, size and date, the font
+// size, and the buttons "<< Abbrechen", "Vorschau" and "Drucken >>".
+struct ListFrame
+{
+    QGroupBox *frame; // Frame2
+    QLabel *heading; // Label2
+    PrinterBox printer; // Frame9
+    QualityBox quality; // Frame8
+    QGroupBox *other; // Frame7, "Sonstiges"
+    QCheckBox *size; // Check1
+    QCheckBox *date; // Check2
+    QLineEdit *fontSize; // Text1
+    QPushButton *cancel; // Command5
+    QPushButton *preview;
+    QPushButton *print; // Command4
+};
+// With `digitsOnly`, the font size takes digits alone.
+ListFrame listFrame(QWidget *parent, bool digitsOnly);
+
+// The "<< Abbrechen", "Vorschau", "Drucken >>" row of a step.
+QHBoxLayout *buttonRow(QPushButton *cancel, QPushButton *preview, QPushButton *print);
+QPushButton *button(const char *name, const QString &caption, QWidget *parent);
+
+// The system's printers and "PDF-Datei", the stored or current one selected, or the preset.
+void fillPrinters(QComboBox *printers, const Settings &settings, const Session &session, const QString &preset);
+// The chosen entry becomes the program's printer and, with the box ticked, the stored one.
+// Gives the entry, or empty when nothing is selected.
+QString choosePrinter(const PrinterBox &box, Settings &settings, Session &session);
+
+} // namespace printdialog

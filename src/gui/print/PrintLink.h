@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLabel>
+#include <QListWidget>
+#include <QPointer>
+
+#include <functional>
+
+class FolderTree;
+
+// What the print dialog reads of the main window: the CD list, and the labels, comments and
+// cover that record the CD on display; the tree view, which the image tab fills.
+struct PrintLink
+{
+    QPointer<QListWidget> List2;
+    QPointer<QListWidget> List1; // the comments
+    QPointer<QLabel> Text2; // title
+    QPointer<QLabel> lblsn; // image id, "0" for none
+    QPointer<QLabel> lblDateien;
+    QPointer<QLabel> lblOrdner;
+    QPointer<QLabel> Picture2;
+    std::function<void()> showImageTab; // selects the image tab, which fills the tree
+    std::function<const FolderTree &()> folderTree;
+    std::function<int()> selectedNode; // -1 for none
+};

@@ -1,0 +1,100 @@
+#include "PrintRun.h"
+
+#include "common/Prompts.h"
+#include "images/wait.h"
+#include "screen/cCommonDialog.h"
+
+#include "print/PdfPrinter.h"
+#include "print/PrinterChoice.h"
+#include "printers/SystemPrinter.h"
+
+#include <QApplication>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+
+namespace printrun {
+
+std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
+{
+    QString device = entry.isEmpty() ? SystemPrinter::defaultDeviceName() : entry;
+    if (device.isEmpty())
+        device = printerchoice::pdfFileEntry();
+    if (device == printerchoice::pdfFileEntry()) {
+        cCommonDialog dialog(parent);
+        dialog.Filter = QStringLiteral("PDF|*.pdf");
+        dialog.DefaultExt = QStringLiteral("pdf");
+        const QString path = dialog.ShowSave();
+        if (path.isEmpty())
+            return nullptr;
+        return std::make_unique<PdfPrinter>(path);
+    }
+    std::unique_ptr<SystemPrinter> printer = SystemPrinter::named(device);
+    if (!printer)
+        Prompts::message(parent, QStringLiteral("Der Drucker ") + device + QStringLiteral(" ist nicht eingerichtet."),
+            Prompts::Icon::Critical);
+    return printer;
+}
+
+void tell(QWidget *parent, const PrintOutcome &outcome)
+{
+    for (const QString &report : outcome.levelReports)
+        Prompts::message(parent, report, Prompts::Icon::Critical);
+    switch (outcome.status) {
+    case PrintOutcome::Status::Refused:
+        Prompts::message(parent, outcome.message);
+        break;
+    case PrintOutcome::Status::Reported:
+        Prompts::message(parent, outcome.message, Prompts::Icon::Critical);
+        break;
+    case PrintOutcome::Status::Untrapped:
+        Prompts::runtimeError(parent, outcome.failure.number, outcome.failure.text);
+        break;
+    case PrintOutcome::Status::Printed:
+    case PrintOutcome::Status::Cancelled:
+        break;
+    }
+}
+
+bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const Procedure &procedure)
+{
+    // The wait window holds the other windows still; each page lets the events in, so it
+    // shows the count and takes the cancel.
+    auto *waiting = new class wait(parent);
+    waiting->setWindowModality(Qt::ApplicationModal);
+    waiting->setText(QStringLiteral("Es wird gedruckt..."));
+    waiting->setProgressText(QStringLiteral("Seite 1"));
+    waiting->setCancellable(true);
+    bool cancel = false;
+    QObject::connect(waiting, &wait::cancelRequested, waiting, [&cancel] { cancel = true; });
+    waiting->show();
+    QApplication::processEvents();
+    printer.setPageWatcher([&](int page) {
+        waiting->setProgressText(QStringLiteral("Seite ") + QString::number(page));
+        QApplication::processEvents();
+        return !cancel;
+    });
+    if (quality)
+        printer.setPrintQuality(*quality);
+    const PrintOutcome outcome = procedure(printer);
+    printer.setPageWatcher({});
+    waiting->close();
+    tell(parent, outcome);
+    return outcome.printed();
+}
+
+void preview(QWidget *parent, std::optional<int> quality, const Procedure &procedure)
+{
+    QPrinter device(QPrinter::HighResolution);
+    QPrintPreviewDialog dialog(&device, parent);
+    dialog.setObjectName(QStringLiteral("Vorschau"));
+    dialog.setWindowTitle(QStringLiteral("Vorschau"));
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
+        SystemPrinter printer(*target);
+        if (quality)
+            printer.setPrintQuality(*quality);
+        tell(&dialog, procedure(printer));
+    });
+    dialog.exec();
+}
+
+} // namespace printrun
