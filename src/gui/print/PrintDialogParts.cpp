@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -78,9 +79,8 @@ ListFrame listFrame(QWidget *parent, bool digitsOnly)
 {
     static const char *const qualityNames[3] = { "Option9", "Option10", "Option11" };
     ListFrame f {};
-    f.frame = new QGroupBox(parent);
+    f.frame = new QFrame(parent);
     f.frame->setObjectName(QStringLiteral("Frame2"));
-    f.frame->setFlat(true);
     f.heading = new QLabel(f.frame);
     f.heading->setObjectName(QStringLiteral("Label2"));
     QFont bold = f.heading->font();
@@ -119,7 +119,6 @@ ListFrame listFrame(QWidget *parent, bool digitsOnly)
     boxes->addWidget(f.quality.frame, 1, 0);
     boxes->addWidget(f.other, 1, 1);
     auto *layout = new QVBoxLayout(f.frame);
-    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(f.heading);
     layout->addLayout(boxes);
     layout->addStretch();

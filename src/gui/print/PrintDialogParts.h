@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFrame;
 class QGroupBox;
 class QHBoxLayout;
 class QLabel;
@@ -42,7 +43,7 @@ QualityBox qualityBox(const char *frameName, const char *const names[3], QWidget
 // size, and the buttons "<< Abbrechen", "Vorschau" and "Drucken >>".
 struct ListFrame
 {
-    QGroupBox *frame; // Frame2
+    QFrame *frame; // Frame2
     QLabel *heading; // Label2
     PrinterBox printer; // Frame9
     QualityBox quality; // Frame8

@@ -22,11 +22,10 @@ std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
     if (device == printerchoice::pdfFileEntry()) {
         cCommonDialog dialog(parent);
         dialog.Filter = QStringLiteral("PDF|*.pdf");
-        dialog.DefaultExt = QStringLiteral("pdf");
-        const QString path = dialog.ShowSave();
-        if (path.isEmpty())
+        // The file name field carries the filter's extension; what the dialog returns may not.
+        if (dialog.ShowSave().isEmpty())
             return nullptr;
-        return std::make_unique<PdfPrinter>(path);
+        return std::make_unique<PdfPrinter>(dialog.filename);
     }
     std::unique_ptr<SystemPrinter> printer = SystemPrinter::named(device);
     if (!printer)

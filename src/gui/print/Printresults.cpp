@@ -6,7 +6,7 @@
 #include "print/ListPrints.h"
 #include "print/PrinterChoice.h"
 
-#include <QGroupBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>

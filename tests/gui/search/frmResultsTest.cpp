@@ -1,5 +1,8 @@
 #include "Screenshot.h"
+#include "PdfText.h"
 #include "SearchFixture.h"
+
+#include "print/Printresults.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
@@ -99,6 +102,38 @@ TEST_F(frmResultsTest, SavedFileHoldsTheHitsInSearchOrder)
     EXPECT_TRUE(shown()[3].icon == Icon::Critical && shown()[3].text.startsWith(u"Laufzeitfehler"))
         << shown()[3].text.toStdString();
     EXPECT_EQ(QDir(m_scratch.path()).entryList(QDir::Files), QStringList { u"treffer.txt"_s });
+}
+
+// The print-out keeps the order of the search, whatever the list's sort, and prints size and
+// date with their boxes unticked.
+TEST_F(frmResultsTest, PrintedHitsInSearchOrder)
+{
+    ASSERT_NE(searchAll(u"word"_s), nullptr);
+    clickHeader(2);
+    control<QPushButton>(m_window, "Command2")->click();
+    settle();
+    Printresults *dialog = window<Printresults>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(control<QLabel>(dialog, "Label2")->text(), u"> Druckender Suchergebnisse"_s);
+    control<QCheckBox>(dialog, "Check1")->setChecked(false);
+    control<QCheckBox>(dialog, "Check2")->setChecked(false);
+    const QString pdf = m_scratch.filePath(u"treffer.pdf"_s);
+    m_run.prompts().answerFile(Prompts::FileAnswer { pdf, 0 });
+    control<QPushButton>(dialog, "Command4")->click();
+    settle();
+    const QString text = pdfText(pdf);
+    const QStringList lines = {
+        u"1-Backup 2003 d:\\Setup\\Word.exe * 9 Byte * Date:01.02.2003"_s,
+        u"2-Fotos e:\\wörter\\word.doc * 10 Byte * Date:05.05.2005"_s,
+        u"4-Spiele f:\\Spiele\\Word7.exe * 2048 Byte * Date:03.03.2003 03:03:03"_s,
+    };
+    qsizetype at = text.indexOf(u"* Suche nach: word"_s);
+    for (const QString &line : lines) {
+        const qsizetype next = text.indexOf(line);
+        EXPECT_GT(next, at) << line.toStdString() << "\n" << text.toStdString();
+        at = next;
+    }
+    EXPECT_EQ(window<Printresults>(), nullptr);
 }
 
 // A picture of the list of a search over all CDs, for a person to look at: written to

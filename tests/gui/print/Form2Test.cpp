@@ -1,0 +1,136 @@
+#include "MainWindowRun.h"
+#include "PdfText.h"
+#include "Screenshot.h"
+
+#include "app/Settings.h"
+#include "print/Form2.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Form2Test : public ::testing::Test
+{
+protected:
+    Form2 *openForm2()
+    {
+        m_main.control<QAction>("printt")->trigger();
+        m_main.run.settle();
+        return m_main.run.form<Form2>();
+    }
+
+    // Answers the file dialog of "PDF-Datei" with a file of the test's own.
+    QString answerPdf(const QString &name)
+    {
+        const QString path = m_out.filePath(name);
+        m_main.run.prompts().answerFile(Prompts::FileAnswer { path, 0 });
+        return path;
+    }
+
+    MainWindowRun m_main;
+    QTemporaryDir m_out;
+};
+
+TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
+{
+    m_main.show();
+    m_main.select(7);
+    Form2 *form = openForm2();
+    ASSERT_NE(form, nullptr);
+    for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
+        EXPECT_TRUE(control<QRadioButton>(form, option)->isEnabled()) << option;
+    control<QRadioButton>(form, "Option5")->setChecked(true);
+    control<QPushButton>(form, "Command3")->click();
+    EXPECT_TRUE(control<QWidget>(form, "Frame3")->isVisible());
+    screenshot(form, u"Form2-Steckbrief"_s);
+    EXPECT_EQ(control<QComboBox>(form, "cboPrinters")->currentText(), u"PDF-Datei"_s);
+
+    const QString pdf = answerPdf(u"steckbrief.pdf"_s);
+    control<QPushButton>(form, "Command7")->click();
+    m_main.run.settle();
+    EXPECT_EQ(pdfPages(pdf), 1);
+    // pdftotext lays the blanks out anew.
+    const QString text = pdfText(pdf).simplified();
+    for (const QString &expected : { u"Archiv: Test CD: Abc"_s, u"Kommentare zur CD:"_s, u"eins"_s, u"zwei"_s,
+             u"Seriennummer: 1001"_s })
+        EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
+    EXPECT_FALSE(form->CancelPrint());
+    // The sheet's print leaves the dialog open.
+    EXPECT_EQ(m_main.run.form<Form2>(), form);
+}
+
+TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
+{
+    m_main.show();
+    Form2 *form = openForm2();
+    ASSERT_NE(form, nullptr);
+    EXPECT_TRUE(control<QRadioButton>(form, "Option1")->isEnabled());
+    for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
+        EXPECT_FALSE(control<QRadioButton>(form, option)->isEnabled()) << option;
+    control<QRadioButton>(form, "Option1")->setChecked(true);
+    control<QPushButton>(form, "Command3")->click();
+    EXPECT_TRUE(control<QWidget>(form, "Frame2")->isVisible());
+    EXPECT_FALSE(control<QCheckBox>(form, "Check1")->isVisible());
+    screenshot(form, u"Form2-Liste"_s);
+
+    // The size box takes digits alone.
+    auto *size = control<QLineEdit>(form, "Text1");
+    size->setFocus();
+    size->end(false);
+    QTest::keyClicks(size, u"a2b"_s);
+    EXPECT_EQ(size->text(), u"102"_s);
+    size->setText(u"10"_s);
+
+    control<QCheckBox>(form, "chkStandard2")->setChecked(true);
+    const QString pdf = answerPdf(u"liste.pdf"_s);
+    control<QPushButton>(form, "Command4")->click();
+    m_main.run.settle();
+    const QString text = pdfText(pdf);
+    EXPECT_TRUE(text.contains(u"--- Archiv: Test. Liste der CD-Titel Stand:"_s)) << text.toStdString();
+    EXPECT_LT(text.indexOf(u"Nr. 3 birne"_s), text.indexOf(u"Nr. 7 Abc"_s));
+    EXPECT_TRUE(text.contains(u"- Ende der Liste -"_s));
+    EXPECT_EQ(m_main.run.form<Form2>(), nullptr);
+    EXPECT_EQ(m_main.run.program().settings().groupValue(u"Printer"_s, u"Device"_s), u"PDF-Datei"_s);
+}
+
+TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
+{
+    m_main.show();
+    m_main.select(12);
+    Form2 *form = openForm2();
+    control<QRadioButton>(form, "Option3")->setChecked(true);
+    control<QPushButton>(form, "Command3")->click();
+    EXPECT_TRUE(control<QCheckBox>(form, "Check1")->isVisible());
+    control<QPushButton>(form, "Command4")->click();
+    m_main.run.settle();
+    ASSERT_EQ(m_main.run.prompts().shown().size(), 1u);
+    EXPECT_EQ(m_main.run.prompts().shown()[0].text, u"Kein Laufwerks_Abbild verfügbar!"_s);
+}
+
+TEST_F(Form2Test, FolderTreeFromTheImageTab)
+{
+    m_main.show();
+    m_main.select(7);
+    Form2 *form = openForm2();
+    control<QRadioButton>(form, "Option4")->setChecked(true);
+    control<QPushButton>(form, "Command3")->click();
+    EXPECT_EQ(m_main.paneShown(), u"fr_2"_s);
+    const QString pdf = answerPdf(u"ordner.pdf"_s);
+    control<QPushButton>(form, "Command4")->click();
+    m_main.run.settle();
+    const QString text = pdfText(pdf);
+    EXPECT_TRUE(text.contains(u"Ordnerstruktur"_s));
+    EXPECT_TRUE(text.contains(u"* Archiv: Test*** CD: Abc"_s));
+    EXPECT_TRUE(text.contains(u"Abc (d:)"_s)) << text.toStdString();
+}
+
+} // namespace
