@@ -75,6 +75,11 @@ int main(int argc, char **argv)
     if (std::strcmp(verbOf(argc, argv), "print") == 0) {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Other tools read stderr for our messages alone, not for the platform's remarks.
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
+            if (type == QtCriticalMsg || type == QtFatalMsg)
+                writeUtf8(stderr, message + QLatin1Char('\n'));
+        });
         application = std::make_unique<QGuiApplication>(argc, argv);
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);
