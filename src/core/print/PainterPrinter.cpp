@@ -2,6 +2,8 @@
 
 #include <QPagedPaintDevice>
 
+#include <malloc.h>
+
 namespace {
 
 // A draw width counts in the dots of a 600-dpi printer, whatever the device's resolution.
@@ -17,6 +19,11 @@ bool sameFont(const Printer::Font &a, const Printer::Font &b)
 PainterPrinter::PainterPrinter(QPagedPaintDevice &device)
     : m_device(device)
 {
+    // Qt's paged devices build each page in a buffer that grows and goes again; with the
+    // allocator's defaults every page maps, faults in and hands back its memory anew, which
+    // costs more than the drawing. Freed memory is kept for the next page instead.
+    mallopt(M_MMAP_THRESHOLD, 256 << 20);
+    mallopt(M_TRIM_THRESHOLD, 256 << 20);
 }
 
 PainterPrinter::~PainterPrinter() = default;
