@@ -450,8 +450,10 @@ void Hauptfenster::splitterStep()
     // The print button goes where the tree's pane is narrow, and also where its caption would
     // be cut: a button reading "Ordnerstruk" helps nobody.
     const QList<int> sizes = m_ui->Splitter1->sizes();
-    const bool room = !sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom
-        && sizes[0] >= m_ui->Command7->sizeHint().width();
+    // The caption needs its room beside the two buttons that open and close the nodes.
+    const int row = m_ui->Command5->width() + m_ui->Command6->width() + 2 * m_ui->treeButtons->spacing()
+        + m_ui->Command7->sizeHint().width();
+    const bool room = !sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom && sizes[0] >= row;
     m_ui->Command7->setVisible(room);
 }
 
