@@ -1,0 +1,49 @@
+#include "print/PrinterChoice.h"
+
+#include "QStringPrinting.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(PrinterChoice, WhichEntryTheListsSelect)
+{
+    const QStringList devices = { u"Buero"_s, u"Keller"_s };
+    struct Case
+    {
+        const char *what;
+        QString stored;
+        QString current;
+        QString preset;
+        int selected;
+    };
+    const Case cases[] = {
+        { "the stored printer", u"Keller"_s, u"Buero"_s, {}, 1 },
+        { "none stored: the current one", {}, u"Buero"_s, {}, 0 },
+        { "a stored printer that has gone leaves no selection", u"Alt"_s, u"Buero"_s, {}, -1 },
+        { "the PDF entry can be the stored one", u"PDF-Datei"_s, u"Buero"_s, {}, 2 },
+        { "a preset in the list wins", u"Keller"_s, u"Buero"_s, u"Buero"_s, 0 },
+        { "a preset not in the list changes nothing", u"Keller"_s, u"Buero"_s, u"Dach"_s, 1 },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        const printerchoice::List list = printerchoice::listOf(devices, c.stored, c.current, c.preset);
+        EXPECT_EQ(list.entries, (QStringList { u"Buero"_s, u"Keller"_s, u"PDF-Datei"_s }));
+        EXPECT_EQ(list.selected, c.selected);
+    }
+}
+
+// The list path knows one quality only; the sheet's good one asks for draft.
+TEST(PrinterChoice, QualitiesAsTheDialogsSetThem)
+{
+    EXPECT_EQ(printerchoice::listQuality(true), -4);
+    EXPECT_EQ(printerchoice::listQuality(false), std::nullopt);
+    using printerchoice::SheetQuality;
+    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Good), -1);
+    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Normal), -3);
+    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Poor), -4);
+}
+
+} // namespace
