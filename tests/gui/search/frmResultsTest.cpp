@@ -115,6 +115,7 @@ TEST_F(frmResultsTest, PrintedHitsInSearchOrder)
     Printresults *dialog = window<Printresults>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(control<QLabel>(dialog, "Label2")->text(), u"> Druckender Suchergebnisse"_s);
+    screenshot(dialog, u"Printresults"_s);
     control<QCheckBox>(dialog, "Check1")->setChecked(false);
     control<QCheckBox>(dialog, "Check2")->setChecked(false);
     const QString pdf = m_scratch.filePath(u"treffer.pdf"_s);
