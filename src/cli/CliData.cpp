@@ -34,6 +34,15 @@ QString CliData::archivePath(QString *problem) const
     return archivePathOf(name, problem);
 }
 
+QString CliData::archiveOrRefuse() const
+{
+    QString problem = m_problem;
+    const QString path = problem.isEmpty() ? archivePath(&problem) : QString();
+    if (path.isEmpty())
+        refuse(problem);
+    return path;
+}
+
 QString CliData::archivePathOf(const QString &name, QString *problem) const
 {
     const ArchiveCatalog catalog(m_dataFolder);

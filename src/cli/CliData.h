@@ -25,6 +25,9 @@ public:
     // The archive's file, or empty with the German reason in *problem. An archive of the
     // Windows version is converted first, with a word on stderr.
     QString archivePath(QString *problem) const;
+    // The archive's file of a verb that needs one: empty once the refusal, of --data or of the
+    // archive, is printed on stderr.
+    QString archiveOrRefuse() const;
     // The same for the archive of that name.
     QString archivePathOf(const QString &name, QString *problem) const;
 

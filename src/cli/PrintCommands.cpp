@@ -162,12 +162,9 @@ int printCommand(CliContext &context)
         return usageError(kUsage);
 
     CliData data(context);
-    if (!data.ok())
-        return refuse(data.problem());
-    QString problem;
-    const QString archive = data.archivePath(&problem);
+    const QString archive = data.archiveOrRefuse();
     if (archive.isEmpty())
-        return refuse(problem);
+        return ExitRefused;
     const ArchiveStore store(archive);
     PrintSettings settings { QFileInfo(archive).completeBaseName(),
         options.has(kFontSize) ? options.value(kFontSize) : QStringLiteral("10"), QDateTime::currentDateTime() };

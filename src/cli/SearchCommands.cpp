@@ -85,12 +85,9 @@ int search(CliContext &context)
             return refuse(cdNumberNotWholeMessage());
     }
     const CliData data(context);
-    if (!data.ok())
-        return refuse(data.problem());
-    QString problem;
-    const QString archive = data.archivePath(&problem);
+    const QString archive = data.archiveOrRefuse();
     if (archive.isEmpty())
-        return refuse(problem);
+        return ExitRefused;
     const ArchiveStore store(archive);
     const QString &word = options.plainWords().first();
     if (options.has(kComments))

@@ -20,12 +20,9 @@ int exportCommand(CliContext &context)
     if (context.words.size() != 2 || context.words.first() != QLatin1String("html"))
         return usageError(kExportUsage);
     CliData data(context);
-    if (!data.ok())
-        return refuse(data.problem());
-    QString problem;
-    const QString archive = data.archivePath(&problem);
+    const QString archive = data.archiveOrRefuse();
     if (archive.isEmpty())
-        return refuse(problem);
+        return ExitRefused;
     const htmlexport::Result result
         = htmlexport::exportArchiveToHtml(archive, QDir().absoluteFilePath(context.words[1]));
     for (const QString &page : result.pages)
@@ -39,12 +36,9 @@ int backupCommand(CliContext &context)
     if (!options.ok() || options.plainWords().size() != 1)
         return usageError(kBackupUsage);
     CliData data(context);
-    if (!data.ok())
-        return refuse(data.problem());
-    QString problem;
-    const QString archive = data.archivePath(&problem);
+    const QString archive = data.archiveOrRefuse();
     if (archive.isEmpty())
-        return refuse(problem);
+        return ExitRefused;
     const QString error = backup::write(archive, data.dataFolder(), QDir().absoluteFilePath(options.plainWords().first()),
         options.has(kReplace));
     return error.isEmpty() ? ExitOk : refuse(error);
