@@ -6,7 +6,8 @@
 #include "services/Form8.h"
 #include "services/frmOptions.h"
 #include "services/frmupdate.h"
-#include "transfer/TransferDialogs.h"
+#include "transfer/Exportieren.h"
+#include "transfer/Importieren.h"
 
 #include "app/Settings.h"
 #include "app/StartDecision.h"

@@ -1,7 +1,8 @@
 #include "DesktopRun.h"
 #include "Screenshot.h"
 
-#include "transfer/TransferDialogs.h"
+#include "transfer/Exportieren.h"
+#include "transfer/Importieren.h"
 
 #include <QRadioButton>
 

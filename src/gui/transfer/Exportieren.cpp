@@ -1,0 +1,86 @@
+#include "Exportieren.h"
+
+#include "TransferDialogParts.h"
+
+#include "app/Program.h"
+#include "app/ShellOpen.h"
+#include "common/Prompts.h"
+#include "screen/cCommonDialog.h"
+
+#include "transfer/Backup.h"
+#include "transfer/HtmlExport.h"
+
+#include <QFileInfo>
+#include <QPushButton>
+#include <QRadioButton>
+
+using transferdialog::buildChoice;
+using transferdialog::whileWaiting;
+
+Exportieren::Exportieren(Program &program)
+    : QDialog(nullptr)
+    , m_program(program)
+{
+    m_program.adopt(this);
+    setObjectName(QStringLiteral("Exportieren"));
+    setWindowTitle(QStringLiteral("Exportieren"));
+    QPushButton *next = nullptr;
+    m_option1 = buildChoice(this, QStringLiteral("> Exportieren von Silberbuch - Daten"),
+        QStringLiteral("Ein Sicherheits-Backup des aktuellen Archives erstellen"),
+        QStringLiteral("Das aktuelle Archiv in HTML exportieren"), &next);
+    connect(next, &QPushButton::clicked, this, &Exportieren::Command1_Click);
+}
+
+void Exportieren::Command1_Click()
+{
+    if (m_option1->isChecked())
+        makeBackup();
+    else
+        exportHtml();
+}
+
+void Exportieren::makeBackup()
+{
+    cCommonDialog dialog(this);
+    dialog.Filter = QStringLiteral("Backup|*.bup");
+    dialog.filename = m_program.session().archiveName + QStringLiteral(".bup");
+    QString target;
+    while (true) {
+        target = dialog.ShowSave();
+        if (target.isEmpty())
+            return;
+        if (!QFileInfo::exists(target)
+            || Prompts::message(this, QStringLiteral("Wollen Sie die vorhandene Datei überschreiben?"),
+                   Prompts::Icon::None, QStringLiteral("Überschreiben?"), Prompts::Buttons::YesNo)
+                == Prompts::Answer::Yes)
+            break;
+    }
+    const QString error = whileWaiting(this, QStringLiteral("Das Backup wird erstellt..."), [&](class wait *window) {
+        return backup::write(m_program.session().archivePath, m_program.dataFolder(), target, true,
+            [window](int done, int total) {
+                window->setProgressText(QStringLiteral("%1 von %2 Dateien").arg(done).arg(total));
+                QApplication::processEvents();
+            });
+    });
+    if (!error.isEmpty()) {
+        Prompts::message(this, error, Prompts::Icon::Critical);
+        return;
+    }
+    Prompts::message(this, QStringLiteral("Das Backup wurde erfolgreich erstellt!"), Prompts::Icon::Information);
+    close();
+}
+
+void Exportieren::exportHtml()
+{
+    cCommonDialog dialog(this);
+    dialog.filename = m_program.session().archiveName + QStringLiteral(".html");
+    const QString path = dialog.ShowSave();
+    if (path.isEmpty())
+        return;
+    const htmlexport::Result result = htmlexport::exportArchiveToHtml(m_program.session().archivePath, path);
+    if (!result.ok()) {
+        Prompts::message(this, result.error, Prompts::Icon::Critical);
+        return;
+    }
+    shellopen::open(this, QUrl::fromLocalFile(path));
+}
