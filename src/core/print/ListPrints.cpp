@@ -54,12 +54,10 @@ using LineSource = std::function<std::optional<RuntimeFailure>(const LineSink &s
 
 PrintOutcome printList(Printer &printer, const PrintSettings &settings, const ListBody &body, const LineSource &source)
 {
-    auto setUp = PageFrame::setUp(printer, settings.fontSizeText);
+    auto setUp = PageFrame::startJob(printer, settings.fontSizeText);
     if (const auto *failure = std::get_if<RuntimeFailure>(&setUp))
         return failedPrint(*failure, body.trap);
     PageFrame &frame = std::get<PageFrame>(setUp);
-    if (frame.overflows())
-        frame.NextPage(true, QString());
     const QString caption = QStringLiteral(" Archiv: ") + settings.archiveName + body.captionTail;
     // One blank fewer after the dash than the footers of the later pages.
     frame.printFooter(PageFrame::pageText(1) + QStringLiteral(" -") + caption);
@@ -159,12 +157,10 @@ QString timeText(const QDateTime &when)
 
 PrintOutcome Print1_list(Printer &printer, const PrintSettings &settings, const QStringList &cdListEntries)
 {
-    auto setUp = PageFrame::setUp(printer, settings.fontSizeText);
+    auto setUp = PageFrame::startJob(printer, settings.fontSizeText);
     if (const auto *failure = std::get_if<RuntimeFailure>(&setUp))
         return failedPrint(*failure, PrintTrap::Short);
     PageFrame &frame = std::get<PageFrame>(setUp);
-    if (frame.overflows())
-        frame.NextPage(true, QString());
     printer.setCurrentY(2);
     for (const QString &head : { QStringLiteral("--- Archiv: ") + settings.archiveName
                  + QStringLiteral(". Liste der CD-Titel Stand: ") + dateText(settings.printedAt) + QLatin1Char(' ')

@@ -32,6 +32,14 @@ std::variant<PageFrame, RuntimeFailure> PageFrame::setUp(Printer &printer, const
     return PageFrame(printer, fontSizeText);
 }
 
+std::variant<PageFrame, RuntimeFailure> PageFrame::startJob(Printer &printer, const QString &fontSizeText)
+{
+    auto job = setUp(printer, fontSizeText);
+    if (auto *frame = std::get_if<PageFrame>(&job); frame && frame->overflows())
+        frame->NextPage(true, QString());
+    return job;
+}
+
 bool PageFrame::overflows() const
 {
     return m_printer->currentY() + m_printer->textHeight(m_probe) >= m_printer->scaleHeight() - 1;

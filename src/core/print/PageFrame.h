@@ -16,6 +16,9 @@ public:
     // The job set-up: Arial, centimetres, neither bold nor italic, the font size as typed,
     // page number 1. A size that is no number, or none a font can have, is a failure.
     static std::variant<PageFrame, RuntimeFailure> setUp(Printer &printer, const QString &fontSizeText);
+    // The set-up and its one overflow test before anything is printed, which can hit only
+    // with a font larger than the page: then a new page with a footer without caption.
+    static std::variant<PageFrame, RuntimeFailure> startJob(Printer &printer, const QString &fontSizeText);
 
     // The next line would reach into the last centimetre; measured on the size's own digits.
     bool overflows() const;

@@ -33,12 +33,9 @@ QImage coverBoxFace(const QImage &cover)
 PrintOutcome Print1_Steckbrief(
     Printer &printer, const PrintSettings &settings, const SheetContent &content, const SheetOptions &options)
 {
-    auto setUp = PageFrame::setUp(printer, settings.fontSizeText);
+    auto setUp = PageFrame::startJob(printer, settings.fontSizeText);
     if (const auto *failure = std::get_if<RuntimeFailure>(&setUp))
         return failedPrint(*failure, PrintTrap::Full);
-    PageFrame &frame = std::get<PageFrame>(setUp);
-    if (frame.overflows())
-        frame.NextPage(true, QString());
     printer.setCurrentY(2);
 
     const double commentsHeight = printer.textHeight(QStringLiteral("T")) * static_cast<double>(content.comments.size());

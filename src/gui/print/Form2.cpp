@@ -246,20 +246,14 @@ void Form2::Command4_Click()
         close();
         return;
     }
-    std::unique_ptr<Printer> printer = printrun::printerFor(this, device);
-    if (!printer)
-        return;
-    printrun::print(this, *printer, printerchoice::listQuality(m_list.quality.good->isChecked()),
-        [this](Printer &target) { return printList(target); });
-    close();
+    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+            [this](Printer &target) { return printList(target); }))
+        close();
 }
 
 void Form2::Command7_Click()
 {
     const QString device = printdialog::choosePrinter(m_sheetPrinter, m_program.settings(), m_program.session());
     m_cancelPrint = false;
-    std::unique_ptr<Printer> printer = printrun::printerFor(this, device);
-    if (!printer)
-        return;
-    printrun::print(this, *printer, sheetQuality(), [this](Printer &target) { return printSheet(target); });
+    printrun::printOn(this, device, sheetQuality(), [this](Printer &target) { return printSheet(target); });
 }

@@ -14,6 +14,10 @@
 
 namespace printrun {
 
+namespace {
+
+// The printer of a list entry. "PDF-Datei" asks for the file; nothing after a cancel there,
+// or, with a message, for a printer that has gone since the list was filled.
 std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
 {
     QString device = entry.isEmpty() ? SystemPrinter::defaultDeviceName() : entry;
@@ -33,6 +37,8 @@ std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
             Prompts::Icon::Critical);
     return printer;
 }
+
+} // namespace
 
 void tell(QWidget *parent, const PrintOutcome &outcome)
 {
@@ -79,6 +85,15 @@ bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const 
     waiting->close();
     tell(parent, outcome);
     return outcome.printed();
+}
+
+bool printOn(QWidget *parent, const QString &entry, std::optional<int> quality, const Procedure &procedure)
+{
+    std::unique_ptr<Printer> printer = printerFor(parent, entry);
+    if (!printer)
+        return false;
+    print(parent, *printer, quality, procedure);
+    return true;
 }
 
 void preview(QWidget *parent, std::optional<int> quality, const Procedure &procedure)

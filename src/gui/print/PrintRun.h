@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 class QWidget;
@@ -17,9 +16,9 @@ namespace printrun {
 
 using Procedure = std::function<PrintOutcome(Printer &printer)>;
 
-// The printer of a list entry. "PDF-Datei" asks for the file; nothing after a cancel there,
-// or, with a message, for a printer that has gone since the list was filled.
-std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry);
+// Prints on the device of a list entry; false when none was chosen (the file dialog of the
+// PDF entry cancelled, a printer gone), true once the job has run, whatever its outcome.
+bool printOn(QWidget *parent, const QString &entry, std::optional<int> quality, const Procedure &procedure);
 
 // Prints with the quality given, if any; true when the print-out went out whole.
 bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const Procedure &procedure);

@@ -46,10 +46,7 @@ PrintOutcome Printresults::printHits(Printer &printer) const
 void Printresults::Command4_Click()
 {
     const QString device = printdialog::choosePrinter(m_list.printer, m_settings, m_session);
-    std::unique_ptr<Printer> printer = printrun::printerFor(this, device);
-    if (!printer)
-        return;
-    printrun::print(this, *printer, printerchoice::listQuality(m_list.quality.good->isChecked()),
-        [this](Printer &target) { return printHits(target); });
-    close();
+    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+            [this](Printer &target) { return printHits(target); }))
+        close();
 }
