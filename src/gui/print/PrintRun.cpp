@@ -102,11 +102,11 @@ void preview(QWidget *parent, std::optional<int> quality, const Procedure &proce
     QPrintPreviewDialog dialog(&device, parent);
     dialog.setObjectName(QStringLiteral("Vorschau"));
     dialog.setWindowTitle(QStringLiteral("Vorschau"));
+    // A long list takes its time here too: the wait window counts the pages, and a cancel
+    // leaves the preview with the pages drawn so far.
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
         SystemPrinter printer(*target);
-        if (quality)
-            printer.setPrintQuality(*quality);
-        tell(&dialog, procedure(printer));
+        print(&dialog, printer, quality, procedure);
     });
     dialog.exec();
 }

@@ -9,6 +9,8 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -82,6 +84,30 @@ TEST(PrintRun, FinishedJobReplacesTheFile)
     }));
     EXPECT_GE(pdfPages(path), 3);
     EXPECT_TRUE(pdfText(path).contains(u"Nr. 200 CD 200"_s));
+}
+
+// The preview draws the same pages; it closes like any dialog.
+TEST(PrintRun, PreviewShowsThePages)
+{
+    PromptScript prompts;
+    int pages = -1;
+    QTimer poll;
+    poll.setInterval(10);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto *dialog = qobject_cast<QPrintPreviewDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        auto *widget = dialog->findChild<QPrintPreviewWidget *>();
+        pages = widget ? widget->pageCount() : -2;
+        dialog->reject();
+    });
+    poll.start();
+    printrun::preview(nullptr, std::nullopt, [](Printer &target) {
+        return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, manyCds(200));
+    });
+    poll.stop();
+    EXPECT_GE(pages, 3);
+    EXPECT_TRUE(prompts.shown().empty());
 }
 
 } // namespace
