@@ -25,8 +25,7 @@ class Form2 : public QDialog
 public:
     Form2(Program &program, PrintLink link);
 
-    // A device name the printer lists preselect, when set before they are filled.
-    const QString &PrinterDefault() const { return m_printerDefault; }
+    // A device name the printer lists select where they hold it, over the stored one.
     void setPrinterDefault(const QString &device);
     // True from the load until a print button has chosen the printer.
     bool CancelPrint() const { return m_cancelPrint; }

@@ -133,4 +133,18 @@ TEST_F(Form2Test, FolderTreeFromTheImageTab)
     EXPECT_TRUE(text.contains(u"Abc (d:)"_s)) << text.toStdString();
 }
 
+// A stored printer that has gone leaves the lists without a selection; a preset device that
+// is there is selected over it.
+TEST_F(Form2Test, GonePrinterAndPresetDevice)
+{
+    m_main.run.program().settings().setGroupValue(u"Printer"_s, u"Device"_s, u"Abgebaut"_s);
+    m_main.show();
+    Form2 *form = openForm2();
+    for (const char *list : { "cboPrinters", "cboPrinters2" })
+        EXPECT_EQ(control<QComboBox>(form, list)->currentIndex(), -1) << list;
+    form->setPrinterDefault(u"PDF-Datei"_s);
+    for (const char *list : { "cboPrinters", "cboPrinters2" })
+        EXPECT_EQ(control<QComboBox>(form, list)->currentText(), u"PDF-Datei"_s) << list;
+}
+
 } // namespace
