@@ -17,11 +17,12 @@ cmake --build "$build" -j2 >/dev/null
 
 seeds=$build/seeds
 rm -rf "$seeds"
-mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern}
+mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern,print_image}
 cp "$fixtures"/zip/*.zip "$seeds/zip/"
 cp "$fixtures"/rar/*.rar "$seeds/rar/"
 printf '>d:\r\n>d:\\Bilder\r\nd:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n>d:\\Bilder\\a.zip\r\nd:\\Bilder\\a.zip\\x/y.txt|3|03.02.2001\r\nd:\\Bilder\\a.zip\\||\r\nd:\\liesmich.txt|12|01.01.2003\r\n\r\n' \
   > "$seeds/image_index/example.dat"
+cp "$seeds/image_index/example.dat" "$seeds/print_image/"
 { printf '*haus*\n'; cat "$seeds/image_index/example.dat"; } > "$seeds/file_search/haus"
 printf '[CD1]\r\nName=Urlaub\r\nKommentar1=Fotos\r\nSeriennummer=1234\r\n[cd1]\r\nName=x\r\n[]\r\n' > "$seeds/ini/old.ini"
 printf 'Sta1|Fotos|Videos|End1' > "$seeds/comment_codec/two"
@@ -32,7 +33,7 @@ printf '*[a-f]?#*\nAbc1.txt' > "$seeds/pattern/mixed"
 export ASAN_OPTIONS=allocator_may_return_null=1
 
 status=0
-for target in zip rar image_index file_search ini comment_codec pattern; do
+for target in zip rar image_index file_search ini comment_codec pattern print_image; do
   mkdir -p "$build/findings/$target" "$build/corpus/$target"
   if "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=65536 -print_final_stats=1 \
       -artifact_prefix="$build/findings/$target/" "$build/corpus/$target" "$seeds/$target" \

@@ -1,0 +1,23 @@
+#include "FuzzFile.h"
+#include "images/FolderTree.h"
+#include "images/ImageIndex.h"
+#include "print/ListPrints.h"
+#include "print/PrintedFolderTree.h"
+#include "print/RecordingPrinter.h"
+#include "print/cPrinttvw.h"
+
+#include <QFile>
+
+// An image from outside printed as its file list, with both columns, and as its folder tree.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const QString path = QFile::decodeName(QByteArray::fromStdString(fuzzFile("dat", data, size)));
+    const PrintSettings settings { QStringLiteral("Fuzz"), QStringLiteral("10"), {} };
+    RecordingPrinter list;
+    Print1_Dateien(list, settings, QStringLiteral("CD"), path, { true, true });
+    const auto image = ImageIndex::load(path);
+    const FolderTree folders(*image, QStringLiteral("CD"));
+    RecordingPrinter tree;
+    Print1_Ordner(tree, settings, QStringLiteral("CD"), PrintedFolderTree(folders, folders.firstNode()));
+    return 0;
+}
