@@ -21,12 +21,17 @@ PainterPrinter::PainterPrinter(QPagedPaintDevice &device)
 {
     // Qt's paged devices build each page in a buffer that grows and goes again; with the
     // allocator's defaults every page maps, faults in and hands back its memory anew, which
-    // costs more than the drawing. Freed memory is kept for the next page instead.
+    // costs more than the drawing. While a job runs, freed memory is kept for the next page.
     mallopt(M_MMAP_THRESHOLD, 256 << 20);
     mallopt(M_TRIM_THRESHOLD, 256 << 20);
 }
 
-PainterPrinter::~PainterPrinter() = default;
+PainterPrinter::~PainterPrinter()
+{
+    // The allocator's own starting values, so that the program hands memory back again.
+    mallopt(M_MMAP_THRESHOLD, 128 << 10);
+    mallopt(M_TRIM_THRESHOLD, 128 << 10);
+}
 
 int PainterPrinter::dotsForQuality(int quality)
 {
