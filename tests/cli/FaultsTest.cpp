@@ -107,10 +107,14 @@ TEST(Faults, UnwritableSettingsAreSaidNotForgotten)
 }
 
 // Temporary files of a killed capture or archive creation go with the next one of their
-// kind; those of a process that still runs stay.
+// kind; those of a process that still runs stay. A settings lock left empty by a process
+// killed while making it does not hold the next run up.
 TEST(Faults, DebrisOfKilledRunsGoesWithTheNextRun)
 {
     const CliRunner cli;
+    QFile emptyLock(cli.settingsFile() + u".update-lock"_s);
+    ASSERT_TRUE(emptyLock.open(QIODevice::WriteOnly));
+    emptyLock.close();
     const QString dead = QString::number(deadPid());
     const QString alive = QString::number(QCoreApplication::applicationPid());
     cli.write(u"lws/.capture-"_s + dead + u"-1f.tmp"_s, QByteArray(100000, 'x'));

@@ -110,8 +110,10 @@ Settings::Update::Update(Settings &settings)
         return;
     m_lock = std::make_unique<QLockFile>(m_settings.fileName() + QStringLiteral(".update-lock"));
     // Not QSettings's own ".lock", which it takes while it writes. A process that died holding
-    // the lock leaves it behind; its pid tells that it is stale.
-    m_lock->setStaleLockTime(30000);
+    // the lock leaves it behind; its pid tells that it is stale. One killed between making the
+    // lock file and writing its pid leaves an empty file that only its age can tell: a lock is
+    // held for the milliseconds of one read-modify-write, so a few seconds are old enough.
+    m_lock->setStaleLockTime(3000);
     // Where no lock can be made the folder is read-only: the writes will fail and say so.
     if (!m_lock->lock())
         m_lock.reset();
