@@ -62,9 +62,7 @@ TEST(ArchiveCommands, ConvertCountsTheCdsAndRefusesAnUnreadableJetFile)
     ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s).cd(2, u"Zwei"_s);
     EXPECT_EQ(cli.run(args({ "archive", "convert", "Musik" })).lines, args({ "2" }));
 
-    QFile jet(fixturePath(u"mdb/DateTestDatabase.mdb"_s));
-    ASSERT_TRUE(jet.open(QIODevice::ReadOnly));
-    cli.write(u"archive/Alt.mdb"_s, jet.readAll());
+    cli.write(u"archive/Alt.mdb"_s, fileBytes(fixturePath(u"mdb/DateTestDatabase.mdb"_s)));
     const QString refusal = u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden. "
                             u"Die Jet-Datenbank \""_s
         + QDir::toNativeSeparators(cli.dataPath(u"archive/Alt.mdb"_s))

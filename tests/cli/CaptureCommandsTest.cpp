@@ -43,8 +43,7 @@ TEST_F(CaptureCommandsTest, OptionsReachTheCaptureAndACdGetsTheId)
     };
     QByteArray written;
     for (const auto &[options, in, notIn] : cases) {
-        QFile file(m_cli.dataPath(u"lws/%1.dat"_s.arg(capture(options).lines.value(0))));
-        written = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        written = fileBytes(m_cli.dataPath(u"lws/%1.dat"_s.arg(capture(options).lines.value(0))));
         EXPECT_TRUE(written.contains(in) && !written.contains(notIn)) << written.data();
     }
 
@@ -89,9 +88,7 @@ TEST(CaptureCommands, ADeepTreeUnderAFileHandleLimitIsCapturedWhole)
     });
     TreeBuilder::removeDeep(tree.path(u"d"_s));
     ASSERT_EQ(run.exitCode, 0) << run.error.toStdString();
-    QFile image(cli.dataPath(u"lws/%1.dat"_s.arg(run.lines.value(0))));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    const QByteArray bytes = image.readAll();
+    const QByteArray bytes = fileBytes(cli.dataPath(u"lws/%1.dat"_s.arg(run.lines.value(0))));
     EXPECT_EQ(bytes.count("\r\n>"), 3000);
     EXPECT_TRUE(bytes.contains(QByteArray("\\d").repeated(3000) + "\\unten.txt|0|"));
 }

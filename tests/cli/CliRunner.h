@@ -1,10 +1,10 @@
 #pragma once
 
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -45,13 +45,7 @@ public:
     QString scratch(const QString &name) const { return m_dir.filePath(name); }
 
     // A file below the data folder with the given bytes.
-    void write(const QString &relative, const QByteArray &bytes) const
-    {
-        QDir().mkpath(QFileInfo(dataPath(relative)).path());
-        QFile file(dataPath(relative));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
-            << relative.toStdString();
-    }
+    void write(const QString &relative, const QByteArray &bytes) const { writeFile(dataPath(relative), bytes); }
 
     // Without withData the program picks its own data folder. inChild runs in the new
     // process before the program starts (limits, say).
@@ -60,16 +54,21 @@ public:
         QProcess process;
         if (inChild)
             process.setChildProcessModifier(inChild);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
-        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI),
-            withData ? QStringList { QStringLiteral("--data"), dataFolder() } + arguments : arguments);
+        start(process, withData ? QStringList { QStringLiteral("--data"), dataFolder() } + arguments : arguments);
         EXPECT_TRUE(process.waitForFinished(30000));
         return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts),
             QString::fromUtf8(process.readAllStandardError()).trimmed() };
+    }
+
+    // Starts the program without waiting for it to end.
+    void start(QProcess &process, const QStringList &arguments) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
+        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
     }
 
     // Each call must be refused: exit code 1 with exactly its message, or 2 with a usage text
@@ -94,9 +93,8 @@ private:
         std::map<QString, QByteArray> files;
         QDirIterator it(m_dir.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
         while (it.hasNext()) {
-            QFile file(it.next());
-            files[file.fileName()]
-                = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+            const QString path = it.next();
+            files[path] = fileBytes(path);
         }
         return files;
     }

@@ -14,12 +14,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
-
 // The pid of a process that has ended.
 qint64 deadPid()
 {
@@ -85,7 +79,7 @@ TEST(Faults, UnwritableSettingsAreSaidNotForgotten)
     const CliRunner cli;
     QTemporaryDir elsewhere;
     const QString blocker = elsewhere.filePath(u"datei"_s);
-    QFile(blocker).open(QIODevice::WriteOnly);
+    writeFile(blocker);
     const QString settings = blocker + u"/Silberbuch.ini"_s;
     ArchiveBuilder(cli.dataFolder(), u"Musik"_s);
     QProcess process;
@@ -112,9 +106,7 @@ TEST(Faults, UnwritableSettingsAreSaidNotForgotten)
 TEST(Faults, DebrisOfKilledRunsGoesWithTheNextRun)
 {
     const CliRunner cli;
-    QFile emptyLock(cli.settingsFile() + u".update-lock"_s);
-    ASSERT_TRUE(emptyLock.open(QIODevice::WriteOnly));
-    emptyLock.close();
+    writeFile(cli.settingsFile() + u".update-lock"_s);
     const QString dead = QString::number(deadPid());
     const QString alive = QString::number(QCoreApplication::applicationPid());
     cli.write(u"lws/.capture-"_s + dead + u"-1f.tmp"_s, QByteArray(100000, 'x'));
@@ -143,27 +135,21 @@ TEST(Faults, AKilledCaptureLeavesAWholeImage)
     const CliRun first = cli.run({ u"capture"_s, volume.path() });
     ASSERT_EQ(first.exitCode, 0);
     const QString image = cli.dataPath(u"lws/%1.dat"_s.arg(first.lines.value(0)));
-    const QByteArray whole = bytesOf(image);
+    const QByteArray whole = fileBytes(image);
     for (const int delayMs : { 0, 5, 15, 30, 60 }) {
         SCOPED_TRACE(delayMs);
-        QFile(image).remove();
-        QFile old(image);
-        ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write(">d:\r\n\r\n") > 0);
-        old.close();
+        writeFile(image, ">d:\r\n\r\n");
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"SILBERBUCH_CONFIG"_s, cli.settingsFile());
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI), { u"--data"_s, cli.dataFolder(), u"capture"_s, volume.path() });
+        cli.start(process, { u"--data"_s, cli.dataFolder(), u"capture"_s, volume.path() });
         ASSERT_TRUE(process.waitForStarted());
         ::usleep(static_cast<useconds_t>(delayMs) * 1000);
         ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
         process.waitForFinished();
-        const QByteArray left = bytesOf(image);
+        const QByteArray left = fileBytes(image);
         EXPECT_TRUE(left == ">d:\r\n\r\n" || left == whole) << left.size();
     }
     ASSERT_EQ(cli.run({ u"capture"_s, volume.path() }).exitCode, 0);
-    EXPECT_EQ(bytesOf(image), whole);
+    EXPECT_EQ(fileBytes(image), whole);
     EXPECT_EQ(QDir(cli.dataPath(u"lws"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
@@ -187,15 +173,10 @@ TEST(Faults, AFullDiskIsSaidAndLosesNothing)
     }
     QTemporaryDir volume;
     TreeBuilder(volume.path()).file(u"a.txt"_s, 1, 981173106);
-    QDir().mkpath(data + u"/lws"_s);
     const QByteArray oldImage = ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n";
-    QFile image(data + u"/lws/42.dat"_s);
-    ASSERT_TRUE(image.open(QIODevice::WriteOnly) && image.write(oldImage) > 0);
-    image.close();
-    QFile results(disk + u"/treffer.txt"_s);
-    ASSERT_TRUE(results.open(QIODevice::WriteOnly) && results.write("alte Treffer") > 0);
-    results.close();
-    const QByteArray archive = bytesOf(data + u"/archive/Musik.mdb"_s);
+    writeFile(data + u"/lws/42.dat"_s, oldImage);
+    writeFile(disk + u"/treffer.txt"_s, "alte Treffer");
+    const QByteArray archive = fileBytes(data + u"/archive/Musik.mdb"_s);
     QFile filler(disk + u"/fueller"_s);
     ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
     while (filler.write(QByteArray(4096, 'x')) > 0 && filler.flush()) {
@@ -215,9 +196,9 @@ TEST(Faults, AFullDiskIsSaidAndLosesNothing)
     const CliRun captured = run({ u"capture"_s, volume.path(), u"--cd"_s, u"1"_s });
     EXPECT_EQ(captured.exitCode, 1);
     EXPECT_FALSE(captured.error.isEmpty());
-    EXPECT_EQ(bytesOf(disk + u"/treffer.txt"_s), QByteArray("alte Treffer"));
-    EXPECT_EQ(bytesOf(data + u"/lws/42.dat"_s), oldImage);
-    EXPECT_EQ(bytesOf(data + u"/archive/Musik.mdb"_s), archive);
+    EXPECT_EQ(fileBytes(disk + u"/treffer.txt"_s), QByteArray("alte Treffer"));
+    EXPECT_EQ(fileBytes(data + u"/lws/42.dat"_s), oldImage);
+    EXPECT_EQ(fileBytes(data + u"/archive/Musik.mdb"_s), archive);
 }
 
 } // namespace

@@ -55,8 +55,7 @@ TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
 {
     const QString path = m_cli.scratch(u"ergebnis.txt"_s);
     m_cli.run(search({ u"häuser"_s, u"--save"_s, path }));
-    QFile file(path);
-    const QByteArray saved = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QByteArray saved = fileBytes(path);
     EXPECT_TRUE(saved.startsWith("Suchergebnisse f\xFCr die Suche nach h\xE4user Stand: ")
         && saved.endsWith(
             "\r\n12-Backup 2003 d:\\Setup\\H\xE4user.exe * 65536 Byte * Date:19.01.2003 00:12:31\r\n"))

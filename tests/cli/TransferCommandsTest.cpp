@@ -1,6 +1,7 @@
 #include "CliRunner.h"
 
 #include "ArchiveBuilder.h"
+#include "TestPaths.h"
 
 #include <csignal>
 #include <unistd.h>
@@ -8,12 +9,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
 
 // backup and restore through the command line: the refusals of an existing file, the names
 // of the files written.
@@ -24,14 +19,14 @@ TEST(TransferCommands, BackupAndRestoreWithTheirRefusals)
     cli.write(u"lws/42.dat"_s, ">d:\r\n\r\n");
     const QString target = cli.scratch(u"musik.bup"_s);
     EXPECT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, target }).exitCode, 0);
-    const QByteArray first = bytesOf(target);
+    const QByteArray first = fileBytes(target);
     cli.expectRefused({ { { u"--archive"_s, u"Musik"_s, u"backup"_s, target }, 1,
                             u"Die Datei \""_s + target + u"\" ist bereits vorhanden. Mit --replace wird sie ersetzt."_s },
         { { u"restore"_s, target }, 1,
             u"Das Archiv Musik ist bereits vorhanden. Es wurde nichts wiederhergestellt."_s },
         { args({ "restore" }), 2, u"Aufruf: silberbuch-cli restore"_s } });
     EXPECT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s }).exitCode, 0);
-    EXPECT_EQ(bytesOf(target), first);
+    EXPECT_EQ(fileBytes(target), first);
 
     const CliRun restored = cli.run({ u"restore"_s, target, u"--replace"_s });
     EXPECT_EQ(restored.exitCode, 0) << restored.error.toStdString();
@@ -47,22 +42,16 @@ TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
     ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|End1"_s, 42);
     cli.write(u"lws/42.dat"_s, QByteArray(30 << 20, 'i'));
     const QString target = cli.scratch(u"musik.bup"_s);
-    QFile old(target);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("altes Backup") > 0);
-    old.close();
+    writeFile(target, "altes Backup");
     for (const int delayMs : { 0, 20, 60, 150 }) {
         SCOPED_TRACE(delayMs);
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"SILBERBUCH_CONFIG"_s, cli.settingsFile());
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI),
-            { u"--data"_s, cli.dataFolder(), u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s });
+        cli.start(process, { u"--data"_s, cli.dataFolder(), u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s });
         ASSERT_TRUE(process.waitForStarted());
         ::usleep(static_cast<useconds_t>(delayMs) * 1000);
         ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
         process.waitForFinished();
-        const QByteArray left = bytesOf(target);
+        const QByteArray left = fileBytes(target);
         EXPECT_TRUE(left == "altes Backup" || left.size() > (30 << 20)) << left.size();
         if (left != "altes Backup")
             break; // the backup was quicker than the kill
@@ -80,10 +69,7 @@ TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
 TEST(TransferCommands, ImportIniNamesTheNewArchive)
 {
     const CliRunner cli;
-    const QString ini = cli.scratch(u"alt.ini"_s);
-    QFile file(ini);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n") > 0);
-    file.close();
+    const QString ini = writeFile(cli.scratch(u"alt.ini"_s), "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n");
     EXPECT_EQ(cli.run({ u"import-ini"_s, ini }).lines, QStringList { u"alt.ini"_s });
     EXPECT_EQ(cli.run({ u"import-ini"_s, ini, u"--name"_s, u"Alt"_s }).lines, QStringList { u"Alt"_s });
     EXPECT_EQ(cli.run({ u"--archive"_s, u"Alt"_s, u"cd"_s, u"list"_s }).lines, QStringList { u"1 Urlaub"_s });

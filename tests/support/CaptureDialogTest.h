@@ -3,6 +3,7 @@
 #include "Control.h"
 #include "QStringPrinting.h"
 #include "TempCatalog.h"
+#include "TestPaths.h"
 #include "TreeBuilder.h"
 
 #include "common/MainWindowLink.h"

@@ -2,6 +2,7 @@
 
 #include "QStringPrinting.h"
 #include "TempCatalog.h"
+#include "TestPaths.h"
 
 #include "app/DataPaths.h"
 #include "app/Program.h"
@@ -58,10 +59,7 @@ public:
     // A drive image file in lws/, the bytes as given (code page 1252, CR LF).
     void image(int32_t id, const std::string &bytes)
     {
-        QDir().mkpath(datapaths::imageFolder(m_home));
-        QFile file(datapaths::imageFile(m_home, id));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        writeFile(datapaths::imageFile(m_home, id), QByteArray::fromStdString(bytes));
     }
 
     // Lets timers of `ms` milliseconds fire and unloaded windows go.

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 #include "app/Settings.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -38,18 +38,6 @@ protected:
     QString path(const QString &relative) const { return m_root.filePath(relative); }
     QString programPath() const { return path(QStringLiteral("program")); }
     Settings &settings() { return m_settings; }
-
-    static QByteArray fileBytes(const QString &file)
-    {
-        QFile f(file);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<unreadable>");
-    }
-    static void writeFile(const QString &file, const QByteArray &bytes)
-    {
-        QFile f(file);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << file.toStdString();
-        f.write(bytes);
-    }
 
 private:
     QTemporaryDir m_root;

@@ -1,7 +1,8 @@
 #include "app/Installation.h"
 
+#include "TestPaths.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -9,13 +10,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-void touch(const QString &path)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-}
 
 // An installed program (<prefix>/bin) reads <prefix>/share/silberbuch; run from the build
 // folder it reads the build's copy; a share folder without the help page is not ours.
@@ -40,7 +34,7 @@ TEST(Installation, ResourcesAreFoundBesideTheProgramOrInTheBuild)
         const QTemporaryDir temp;
         QDir().mkpath(temp.filePath(u"usr/bin"_s));
         for (const QString &file : c.files)
-            touch(temp.filePath(file));
+            writeFile(temp.filePath(file));
         const QString found = installation::findResourceFolder(
             temp.filePath(u"usr/bin"_s), temp.filePath(u"build/share/silberbuch"_s));
         EXPECT_EQ(found, *c.expected ? temp.filePath(QString::fromLatin1(c.expected)) : QString());

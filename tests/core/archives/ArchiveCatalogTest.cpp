@@ -2,6 +2,7 @@
 
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 
 #include <QTemporaryDir>
 
@@ -14,12 +15,7 @@ class ArchiveCatalogTest : public ::testing::Test
 {
 protected:
     QString path(const QString &relative) const { return m_dir.filePath(relative); }
-    void touch(const QString &relative) const
-    {
-        QDir().mkpath(QFileInfo(path(relative)).path());
-        QFile file(path(relative));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
+    void touch(const QString &relative) const { writeFile(path(relative)); }
 
     QTemporaryDir m_dir;
     const ArchiveCatalog m_catalog { m_dir.path() };

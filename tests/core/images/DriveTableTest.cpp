@@ -1,10 +1,10 @@
 #include "images/DriveTable.h"
 
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 #include "TreeBuilder.h"
 #include "app/Settings.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -26,9 +26,7 @@ protected:
     }
     QString write(const QString &relative, const QByteArray &content = QByteArray(64, '\0'))
     {
-        QFile file(m_tree.path(relative));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        return file.fileName();
+        return writeFile(m_tree.path(relative), content);
     }
     QString media(const QString &name)
     {

@@ -49,11 +49,8 @@ struct Workspace
         return ImageCapture(data.path())
             .capture(QLatin1String(drive), volume.path(), 4711, QString::fromUtf8(filter), prune, progress);
     }
-    QByteArray image() const
-    {
-        QFile file(data.filePath(QStringLiteral("lws/4711.dat")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-    }
+    QString imagePath() const { return data.filePath(QStringLiteral("lws/4711.dat")); }
+    QByteArray image() const { return fileBytes(imagePath()); }
     QStringList lwsFiles() const
     {
         return QDir(data.filePath(QStringLiteral("lws"))).entryList(QDir::Files | QDir::Hidden);
@@ -206,10 +203,7 @@ TEST(ImageCapture, MissingVolumeDriveLetterCaseAndFinalCounts)
 TEST(ImageCapture, RefusedFailedOrCancelledCapturesKeepTheOldImage)
 {
     Workspace w;
-    QDir().mkpath(w.data.filePath(QStringLiteral("lws")));
-    QFile old(w.data.filePath(QStringLiteral("lws/4711.dat")));
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write(kOldImage) == kOldImage.size());
-    old.close();
+    writeFile(w.imagePath(), kOldImage);
     w.tree.file(QStringLiteral("a/b.txt"), 1, kNotiz);
     writeZip(w.tree.path(QStringLiteral("zuviel.zip")), zipEntries(kMaxZipEntries + 1));
     Reports cancel;
@@ -239,7 +233,6 @@ TEST(ImageCapture, RefusedFailedOrCancelledCapturesKeepTheOldImage)
 TEST(ImageCapture, RunningOutOfFileHandlesNeverGivesAShortImage)
 {
     Workspace w;
-    QDir().mkpath(w.data.filePath(QStringLiteral("lws")));
     w.tree.file(QStringLiteral("a/b/c.txt"), 1, kNotiz);
     const QByteArray complete
         = ">d:\r\n>d:\\a\r\n>d:\\a\\b\r\nd:\\a\\b\\c.txt|1|03.02.2001 04:05:06\r\n\r\n";
@@ -248,9 +241,7 @@ TEST(ImageCapture, RunningOutOfFileHandlesNeverGivesAShortImage)
     bool walkStopped = false;
     for (int spare = 1; spare <= 8; ++spare) {
         SCOPED_TRACE(spare);
-        QFile old(w.data.filePath(QStringLiteral("lws/4711.dat")));
-        ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write(kOldImage) == kOldImage.size());
-        old.close();
+        writeFile(w.imagePath(), kOldImage);
         rlimit low = saved;
         low.rlim_cur = 128;
         ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);

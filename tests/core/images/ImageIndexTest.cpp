@@ -2,6 +2,7 @@
 #include "images/ImageIndexCache.h"
 
 #include "ExampleImage.h"
+#include "TestPaths.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -22,10 +23,7 @@ class ImageIndexTest : public ::testing::Test
 protected:
     QString write(const std::string &bytes)
     {
-        QFile file(m_dir.filePath(QStringLiteral("1.dat")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        return file.fileName();
+        return writeFile(m_dir.filePath(QStringLiteral("1.dat")), QByteArray::fromStdString(bytes));
     }
     std::shared_ptr<const ImageIndex> load(const std::string &bytes)
     {

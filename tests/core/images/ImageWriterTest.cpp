@@ -1,5 +1,7 @@
 #include "images/ImageWriter.h"
 
+#include "TestPaths.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -19,8 +21,7 @@ QByteArray written(const std::function<void(ImageWriter &)> &lines)
     lines(writer);
     EXPECT_TRUE(writer.finish());
     EXPECT_TRUE(writer.commit());
-    QFile file(target);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+    return fileBytes(target);
 }
 
 constexpr int64_t kMorning = 1047462067; // 12.03.2003 09:41:07 UTC

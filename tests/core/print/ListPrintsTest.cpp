@@ -1,8 +1,8 @@
 #include "PrintedTexts.h"
+#include "TestPaths.h"
 
 #include "print/ListPrints.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -135,14 +135,7 @@ TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
 class Print1Dateien : public ::testing::Test
 {
 protected:
-    QString image(const QByteArray &bytes)
-    {
-        const QString path = m_dir.filePath(u"4711.dat"_s);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
+    QString image(const QByteArray &bytes) { return writeFile(m_dir.filePath(u"4711.dat"_s), bytes); }
 
     std::vector<QString> listed(const RecordingPrinter &printer)
     {

@@ -1,8 +1,8 @@
 #include "records/CoverImage.h"
 
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -41,10 +41,8 @@ TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
                 "47494638396101000100800000ff000000000021f90400000000002c00000000010001000002024401003b") },
         { "brief.jpg", "Kein Bild, nur Text." }
     };
-    for (const auto &[name, bytes] : written) {
-        QFile file(dir.filePath(QString::fromLatin1(name)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
+    for (const auto &[name, bytes] : written)
+        writeFile(dir.filePath(QString::fromLatin1(name)), bytes);
     const std::pair<const char *, QSize> cases[] = { { "bild.jpg", { 40, 20 } }, { "punkt.gif", { 1, 1 } },
         { "brief.jpg", { 0, 0 } }, { "fehlt.bmp", { 0, 0 } } };
     for (const auto &[name, size] : cases) {

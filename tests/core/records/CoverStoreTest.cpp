@@ -1,8 +1,8 @@
 #include "records/CoverStore.h"
 
 #include "QStringPrinting.h"
+#include "TestPaths.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -38,8 +38,7 @@ TEST(CoverStoreTest, NumbersAreDrawnUntilOneIsFree)
     }
     EXPECT_EQ(numbers, (QStringList { u"2"_s, u"500000"_s, u"50000"_s, u"250000"_s }));
     EXPECT_EQ(store.fileOf(u"250000"_s), dir.filePath(u"Covers/250000.bmp"_s));
-    QFile file(store.fileOf(u"50000"_s));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.read(2) == "BM");
+    EXPECT_TRUE(fileBytes(store.fileOf(u"50000"_s)).startsWith("BM"));
     EXPECT_EQ(store.load(u"250000"_s).size(), QSize(150, 300));
     EXPECT_TRUE(store.load(u"123"_s).isNull());
 }

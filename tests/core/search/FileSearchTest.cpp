@@ -1,6 +1,7 @@
 #include "search/FileSearch.h"
 
 #include "ArchiveBuilder.h"
+#include "TestPaths.h"
 #include "common/Cp1252.h"
 #include "common/LikePattern.h"
 #include "search/SearchProgress.h"
@@ -28,9 +29,7 @@ struct ImageFolder
         std::string bytes;
         for (const std::string &line : lines)
             bytes += line + "\r\n";
-        QFile file(imagePath(id));
-        ASSERT_TRUE(
-            file.open(QIODevice::WriteOnly) && file.write(QByteArray::fromStdString(bytes + "\r\n")) >= 0);
+        writeFile(imagePath(id), QByteArray::fromStdString(bytes + "\r\n"));
     }
     QTemporaryDir m_dir;
 };
@@ -98,7 +97,7 @@ TEST(FileSearch, HitsFollowTheCdsThenTheLines)
     data.write(-1408263712, { ">d:", "d:\\b\\START.exe|1|01.01.2003", "d:\\a\\start.exe|1|01.01.2003" });
     data.write(20, { ">d:", "d:\\b\\start.exe|1|01.01.2003" });
     data.write(0, { ">d:", "d:\\start.exe|0|01.01.2003" }); // belongs to no CD
-    QFile(data.imagePath(30)).open(QIODevice::WriteOnly);
+    writeFile(data.imagePath(30));
     const SearchCd seven { 7, cp1252::toQString("Spiele-CD <\xC4lt>"), -1408263712 };
     const std::vector<SearchCd> cds = { seven, { 2, u"Zwei"_s, 20 }, { 3, u"Ohne"_s, 0 },
         { 4, u"Leer"_s, 30 }, { 5, u"Fehlt"_s, 55 }, { 9, u"Neun"_s, -1408263712 } };

@@ -1,6 +1,7 @@
 #include "search/ResultsFile.h"
 
-#include <QFile>
+#include "TestPaths.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -10,12 +11,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QDateTime kNow(QDate(2003, 1, 9), QTime(7, 5, 3));
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
 
 TEST(ResultsFile, HeadLineRuleAndOneLinePerHitInCodePage1252WithCrLf)
 {
@@ -38,14 +33,14 @@ TEST(ResultsFile, SaveReplacesTheFileOrLeavesItAsItWas)
     QTemporaryDir dir;
     const QString path = dir.filePath(u"ergebnis.txt"_s);
     EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { u"1-A<d:\\a|1|2"_s, u"1-A<>d:\\b"_s }, kNow));
-    EXPECT_EQ(readAll(path).count("\r\n"), 4);
+    EXPECT_EQ(fileBytes(path).count("\r\n"), 4);
     EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { u"1-A<d:\\a|1|2"_s }, kNow));
-    const QByteArray before = readAll(path);
+    const QByteArray before = fileBytes(path);
     EXPECT_EQ(before.count("\r\n"), 3);
 
     const auto badEntry = ResultsFile::save(path, u"*"_s, { u"1-A<"_s }, kNow);
     EXPECT_EQ(badEntry ? badEntry->number : 0, 5);
-    EXPECT_EQ(readAll(path), before);
+    EXPECT_EQ(fileBytes(path), before);
     const auto noFolder = ResultsFile::save(dir.filePath(u"fehlt/ergebnis.txt"_s), u"a"_s, {}, kNow);
     EXPECT_EQ(noFolder ? noFolder->number : 0, 75);
 }

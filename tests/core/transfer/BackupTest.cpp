@@ -2,6 +2,7 @@
 
 #include "ArchiveBuilder.h"
 #include "TempCatalog.h"
+#include "TestPaths.h"
 
 #include "app/DataPaths.h"
 
@@ -15,20 +16,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 // A record as the format stores it: the short form below 65535 bytes, else the long one.
 QByteArray record(const QByteArray &name, const QByteArray &content)
@@ -57,7 +44,7 @@ std::map<QString, QByteArray> filesBelow(const QString &folder)
     QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
-        files[QDir(folder).relativeFilePath(path)] = bytesOf(path);
+        files[QDir(folder).relativeFilePath(path)] = fileBytes(path);
     }
     return files;
 }
@@ -69,8 +56,8 @@ TEST(Backup, RestoresByteIdenticallyIntoAnEmptyDataFolder)
     TempCatalog catalog;
     const QString data = catalog.dataFolder();
     catalog.archive().cd(1, u"Urlaub"_s, u"Sta1|Fotos|End1"_s, 4711, u"123"_s).cd(2, u"Ohne"_s, u"Sta1|End1"_s, 99);
-    write(datapaths::imageFile(data, 4711), QByteArray(200000, 'i'));
-    write(datapaths::coverFile(data, u"123"_s), "BMbitmap");
+    writeFile(datapaths::imageFile(data, 4711), QByteArray(200000, 'i'));
+    writeFile(datapaths::coverFile(data, u"123"_s), "BMbitmap");
     QTemporaryDir out;
     const QString target = out.filePath(u"Test.bup"_s);
     ASSERT_EQ(backup::write(catalog.session().archivePath, data, target, false), QString());
@@ -102,7 +89,7 @@ TEST(Backup, RestoresABackupOfTheWindowsVersion)
         + record("C:\\Programme\\Silberbuch\\Covers\\5.bmp", "BM")
         + record("C:\\Programme\\Silberbuch\\Archive\\GROSS.MDB", "x") + record("C:\\x\\notiz.txt", "y");
     QTemporaryDir dir;
-    write(dir.filePath(u"alt.bup"_s),
+    writeFile(dir.filePath(u"alt.bup"_s),
         record("C:\\Programme\\Silberbuch\\TmpC.txt", " 5 \r\n") + record("C:\\Backups\\alt.bup2", inner));
     const QString data = dir.filePath(u"data"_s);
     const backup::RestoreResult restored
@@ -139,9 +126,9 @@ TEST(Backup, RefusedFilesWriteNothing)
         SCOPED_TRACE(c.what);
         QTemporaryDir data;
         if (c.archiveThere)
-            write(data.filePath(u"archive/Neu.mdb"_s), "mine");
+            writeFile(data.filePath(u"archive/Neu.mdb"_s), "mine");
         const auto before = filesBelow(data.path());
-        write(dir.filePath(u"b.bup"_s), c.bytes);
+        writeFile(dir.filePath(u"b.bup"_s), c.bytes);
         bool asked = false;
         const backup::RestoreResult restored = backup::restore(dir.filePath(u"b.bup"_s), data.path(), [&](const QString &name) {
             asked = name == u"Neu"_s;

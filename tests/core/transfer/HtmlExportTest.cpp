@@ -2,7 +2,8 @@
 
 #include "services/ServiceRequest.h"
 
-#include <QFile>
+#include "TestPaths.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -10,12 +11,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
 
 std::vector<htmlexport::Row> cds(int count)
 {
@@ -55,7 +50,7 @@ TEST(HtmlExport, OnePageByteForByte)
           "<TR>  <TD valign=_top>3</TD>\r\n  <TD valign=_top>Titel<BR>\r\n<BR>\r\n</TD>\r\n  <TD valign=_top>0</TD>\r\n"
           "  <TD valign=_top><BR>\r\n<BR>\r\n</TD>\r\n</TR>"
           "</TABLE>\r\n<P><B>Anzahl der CDs: 3</B></P>\r\n</BODY>\r\n</HTML>\r\n";
-    EXPECT_EQ(bytesOf(path), expected);
+    EXPECT_EQ(fileBytes(path), expected);
 }
 
 // The row of CD i of cds(): number, title, no image, an empty comment list.
@@ -99,7 +94,7 @@ TEST(HtmlExport, PagesByteForByte)
                 expected += "</P>\r\n";
             }
             expected += "</BODY>\r\n</HTML>\r\n";
-            EXPECT_EQ(bytesOf(result.pages[page - 1]), expected);
+            EXPECT_EQ(fileBytes(result.pages[page - 1]), expected);
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "transfer/OldDatabaseImport.h"
 
+#include "TestPaths.h"
+
 #include "app/DataPaths.h"
 #include "archives/ArchiveStore.h"
 
@@ -12,14 +14,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 // The rows of an archive as "number|title|id|comments".
 QStringList rowsOf(const QString &mdbPath)
@@ -34,10 +28,10 @@ QStringList rowsOf(const QString &mdbPath)
 TEST(OldDatabaseImport, TheExampleGivesItsTwoRows)
 {
     QTemporaryDir dir;
-    write(dir.filePath(u"Alt/Daten/meine.ini"_s),
+    writeFile(dir.filePath(u"Alt/Daten/meine.ini"_s),
         "[Urlaub 2001]\r\nSeriennummer=1234\r\nFotos aus Italien\r\nTeil 2\r\n\r\n[Treiber]\r\nSeriennummer=no\r\n"
         "Nur Drucker\r\n\r\n");
-    write(dir.filePath(u"Alt/lws/1234.dat"_s), ">d:\r\n\r\n");
+    writeFile(dir.filePath(u"Alt/lws/1234.dat"_s), ">d:\r\n\r\n");
     const QString data = dir.filePath(u"data"_s);
     const QString ini = dir.filePath(u"Alt/Daten/meine.ini"_s);
     EXPECT_EQ(olddatabase::archiveNameFor(ini), u"meine.ini"_s);
@@ -78,7 +72,7 @@ TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
         QTemporaryDir dir;
-        write(dir.filePath(u"Alt/Daten/alt.ini"_s), c.ini);
+        writeFile(dir.filePath(u"Alt/Daten/alt.ini"_s), c.ini);
         const QString data = dir.filePath(u"data"_s);
         const olddatabase::ImportResult result
             = olddatabase::importIni(dir.filePath(u"Alt/Daten/alt.ini"_s), data, u"alt.ini"_s);

@@ -17,12 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Qt's own dialogs speak German once the system's translations of Qt are loaded.
 TEST(DesktopDefects, QtsOwnButtonsSpeakGerman)
 {
@@ -58,16 +52,13 @@ TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
         m.show();
         const QString page = programFolder() + u"/Hilfe.html"_s;
         QFile::remove(page);
-        if (!c.present.isEmpty()) {
-            QFile file(page);
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(c.present);
-        }
+        if (!c.present.isEmpty())
+            writeFile(page, c.present);
         shellopen::ShellRecorder shell;
         if (c.desktopRefuses)
             shell.refuse();
         m.main->hilfe_Click();
-        EXPECT_EQ(bytesOf(page), c.present.isEmpty() ? bytesOf(resources::helpPage()) : c.present);
+        EXPECT_EQ(fileBytes(page), c.present.isEmpty() ? fileBytes(resources::helpPage()) : c.present);
         EXPECT_EQ(shell.opened(), QList<QUrl> { QUrl::fromLocalFile(page) });
         EXPECT_EQ(m.run.prompts().messages(),
             c.desktopRefuses ? QStringList { u"Es ist kein Programm zum Öffnen von "_s + page + u" eingerichtet."_s }

@@ -71,8 +71,7 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
 TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
 {
     const QString medium = m.run.home() + u"/medium"_s;
-    QDir().mkpath(medium + u"/Bilder"_s);
-    QFile(medium + u"/Bilder/haus.jpg"_s).open(QIODevice::WriteOnly);
+    writeFile(medium + u"/Bilder/haus.jpg"_s);
     ASSERT_TRUE(DriveTable(m.run.settings()).addFolder(u"d:"_s, medium).ok());
     load();
     m.clickNode(u"Bilder"_s);
@@ -82,7 +81,7 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
     EXPECT_EQ(m.run.prompts().messages(),
         QStringList {
             u"Bitte legen Sie den Datenträger ein, auf dem die Datei d:\\Bilder\\alt.zip vorhanden ist!"_s });
-    QFile(medium + u"/Bilder/alt.zip"_s).open(QIODevice::WriteOnly);
+    writeFile(medium + u"/Bilder/alt.zip"_s);
     m_browser->ItemDblClick();
     EXPECT_EQ(m.run.opened(),
         (QList<QUrl> { QUrl::fromLocalFile(medium + u"/Bilder/haus.jpg"_s),

@@ -49,8 +49,7 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
     EXPECT_TRUE(m_dialog.isNull());
     EXPECT_EQ(m_catalog.settings().value(SettingKey::DefDrive), drive.listText());
     // The bytes are tested in the core; here the capture ran pruned.
-    QFile file(image);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QByteArray bytes = fileBytes(image);
     EXPECT_TRUE(
         bytes.contains(drive.letter.toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
     EXPECT_FALSE(bytes.contains("Leer"));

@@ -1,5 +1,6 @@
 #include "Control.h"
 #include "PdfText.h"
+#include "TestPaths.h"
 
 #include "common/PromptScript.h"
 #include "print/PrintRun.h"
@@ -43,9 +44,7 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
     PromptScript prompts;
     QTemporaryDir dir;
     const QString path = dir.filePath(u"liste.pdf"_s);
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("alte Liste") > 0);
-    old.close();
+    writeFile(path, "alte Liste");
 
     QString progress;
     QTimer poll;
@@ -67,9 +66,7 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
     EXPECT_FALSE(printed);
     EXPECT_EQ(progress, u"Seite 3"_s);
     EXPECT_TRUE(prompts.shown().empty());
-    QFile kept(path);
-    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-    EXPECT_EQ(kept.readAll(), QByteArray("alte Liste"));
+    EXPECT_EQ(fileBytes(path), QByteArray("alte Liste"));
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { u"liste.pdf"_s });
 }
 

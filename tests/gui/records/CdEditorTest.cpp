@@ -88,9 +88,8 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
         (QStringList { u"Der CD Inhalt wurde erfolgreich eingelesen!"_s, u"CD erfolgreich gespeichert!"_s }));
     expectRow(7,
         { 7, u"Urlaub 2003"_s, drive.serial, u"Sta1|Word|Excel 2000|Treiber für Drucker|End1"_s, false, {} });
-    QFile image(datapaths::imageFile(m_catalog.dataFolder(), drive.serial));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(image.readAll().contains(drive.letter.toLatin1() + "\\liesmich.txt|1834|"));
+    EXPECT_TRUE(fileBytes(datapaths::imageFile(m_catalog.dataFolder(), drive.serial))
+            .contains(drive.letter.toLatin1() + "\\liesmich.txt|1834|"));
     EXPECT_EQ(m_reloads, std::pair(1, 0));
 }
 

@@ -89,9 +89,7 @@ TEST_F(frmResultsTest, SavedFileHoldsTheHitsInSearchOrder)
     clickHeader(2);
     save(u"treffer"_s);
     EXPECT_EQ(shown()[0].file.nameFilters, QStringList { u"Textdateien (*.txt) (*.[tT][xX][tT])"_s });
-    QFile file(m_scratch.filePath(u"treffer.txt"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = fileBytes(m_scratch.filePath(u"treffer.txt"_s));
     EXPECT_TRUE(bytes.endsWith("\r\n1-Backup 2003 d:\\Setup\\Word.exe * 9 Byte * Date:01.02.2003\r\n"
                                "2-Fotos e:\\w\xF6rter\\word.doc * 10 Byte * Date:05.05.2005\r\n"
                                "4-Spiele f:\\Spiele\\Word7.exe * 2048 Byte * Date:03.03.2003 03:03:03\r\n"))

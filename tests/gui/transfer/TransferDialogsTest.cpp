@@ -21,7 +21,8 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
 
     Exportieren *exporter = run.program().show<Exportieren>();
     screenshot(exporter, u"Exportieren"_s);
-    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.bup"_s), 0 });
+    // The name typed without its extension gets the filter's.
+    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik"_s), 0 });
     exporter->Command1_Click();
     run.settle();
     EXPECT_EQ(run.prompts().messages().last(), u"Das Backup wurde erfolgreich erstellt!"_s);
@@ -48,11 +49,9 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     EXPECT_EQ(run.prompts().messages().last(),
         u"Das Archiv wurde erfolgreich Importiert! Sie können es nun unter 'Archiv wechseln' im Hauptfenster auswählen!"_s);
 
-    QFile ini(out.filePath(u"alt.ini"_s));
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly) && ini.write("[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n") > 0);
-    ini.close();
+    const QString ini = writeFile(out.filePath(u"alt.ini"_s), "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n");
     importer = run.program().show<Importieren>();
-    run.prompts().answerFile(Prompts::FileAnswer { ini.fileName(), 0 });
+    run.prompts().answerFile(Prompts::FileAnswer { ini, 0 });
     importer->Command1_Click();
     run.settle();
     EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), u"alt.ini"_s)));
