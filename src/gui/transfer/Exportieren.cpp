@@ -46,9 +46,12 @@ void Exportieren::makeBackup()
     dialog.filename = m_program.session().archiveName + QStringLiteral(".bup");
     QString target;
     while (true) {
-        target = dialog.ShowSave();
-        if (target.isEmpty())
+        // The file name as the dialog's rule completes it ("daten" becomes "daten.bup"). A
+        // cancel ends the backup, also at the second showing, where the old program went on
+        // and wrote a file named ".bup" into the current folder.
+        if (dialog.ShowSave().isEmpty())
             return;
+        target = dialog.filename;
         if (!QFileInfo::exists(target)
             || Prompts::message(this, QStringLiteral("Wollen Sie die vorhandene Datei überschreiben?"),
                    Prompts::Icon::None, QStringLiteral("Überschreiben?"), Prompts::Buttons::YesNo)
