@@ -10,8 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <functional>
 #include <map>
+
+#include <unistd.h>
 
 // The words of a call, written as plain UTF-8 literals.
 inline QStringList args(std::initializer_list<const char *> words)
@@ -61,14 +64,15 @@ public:
             QString::fromUtf8(process.readAllStandardError()).trimmed() };
     }
 
-    // Starts the program without waiting for it to end.
-    void start(QProcess &process, const QStringList &arguments) const
+    // Starts the call on the data folder and kills it after `delayMs`, as a crash would.
+    void killAfter(const QStringList &arguments, int delayMs) const
     {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
-        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
+        QProcess process;
+        start(process, QStringList { QStringLiteral("--data"), dataFolder() } + arguments);
+        EXPECT_TRUE(process.waitForStarted());
+        ::usleep(static_cast<useconds_t>(delayMs) * 1000);
+        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+        process.waitForFinished();
     }
 
     // Each call must be refused: exit code 1 with exactly its message, or 2 with a usage text
@@ -87,6 +91,15 @@ public:
     }
 
 private:
+    void start(QProcess &process, const QStringList &arguments) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("SILBERBUCH_CONFIG"), settingsFile());
+        environment.insert(QStringLiteral("SILBERBUCH_HOME"), m_dir.filePath(QStringLiteral("home")));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SILBERBUCH_CLI), arguments);
+    }
+
     // Every file below the test's folder with its bytes, settings included.
     std::map<QString, QByteArray> snapshot() const
     {

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QSet>
 
-#include <csignal>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -139,12 +138,7 @@ TEST(Faults, AKilledCaptureLeavesAWholeImage)
     for (const int delayMs : { 0, 5, 15, 30, 60 }) {
         SCOPED_TRACE(delayMs);
         writeFile(image, ">d:\r\n\r\n");
-        QProcess process;
-        cli.start(process, { u"--data"_s, cli.dataFolder(), u"capture"_s, volume.path() });
-        ASSERT_TRUE(process.waitForStarted());
-        ::usleep(static_cast<useconds_t>(delayMs) * 1000);
-        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
-        process.waitForFinished();
+        cli.killAfter({ u"capture"_s, volume.path() }, delayMs);
         const QByteArray left = fileBytes(image);
         EXPECT_TRUE(left == ">d:\r\n\r\n" || left == whole) << left.size();
     }

@@ -119,7 +119,6 @@ TEST_F(PrintCommands, RefusalsAndWrongCalls)
     const QStringList musik = { u"--archive"_s, u"Musik"_s, u"print"_s };
     m_cli.expectRefused({
         { musik + QStringList { u"files"_s, u"2"_s } + target, 1, noImage },
-        { musik + QStringList { u"tree"_s, u"2"_s } + target, 1, noImage },
         { musik + QStringList { u"comments"_s, u"99"_s } + target, 1, u"Die CD (Nummer: 99) wurde im Archiv nicht gefunden."_s },
         { musik + QStringList { u"list"_s, u"--printer"_s, u"Nirgends"_s }, 1,
             u"Der Drucker Nirgends ist nicht eingerichtet."_s },

@@ -62,16 +62,13 @@ TEST_F(SearchCommandsTest, SaveWritesTheResultsFile)
         << saved.data();
 }
 
+// Why a search finds nothing is the core's; here the refusals reach the caller.
 TEST_F(SearchCommandsTest, RefusedCallsSayWhyAndChangeNothing)
 {
     m_cli.expectRefused({ { search({ u"Zebrafink"_s }), 1, u"Keine CD mit dem Inhalt Zebrafink gefunden!"_s },
-        { search({ u""_s }), 1, u"Bitte geben Sie einen Suchbegriff ein!"_s },
-        { search({ u"[ab"_s }), 1,
-            u"Ungültiges Suchmuster: Eine eckige Klammer \"[\" wird nicht geschlossen."_s },
         { search(args({ "haus", "--cd", "8" })), 1, u"Kein Datenträgerabbild vorhanden!"_s },
         { search(args({ "haus", "--cd", "77" })), 1,
             u"Die CD (Nummer: 77) wurde im Archiv nicht gefunden."_s },
-        { search(args({ "Excel", "--comments" })), 1, u"Keine übereinstimmende CD gefunden!"_s },
         { search(args({ "a", "--comments", "--save", "x.txt" })), 2, u"Aufruf: silberbuch-cli search"_s } });
 }
 

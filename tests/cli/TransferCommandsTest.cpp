@@ -3,9 +3,6 @@
 #include "ArchiveBuilder.h"
 #include "TestPaths.h"
 
-#include <csignal>
-#include <unistd.h>
-
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -45,12 +42,7 @@ TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
     writeFile(target, "altes Backup");
     for (const int delayMs : { 0, 20, 60, 150 }) {
         SCOPED_TRACE(delayMs);
-        QProcess process;
-        cli.start(process, { u"--data"_s, cli.dataFolder(), u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s });
-        ASSERT_TRUE(process.waitForStarted());
-        ::usleep(static_cast<useconds_t>(delayMs) * 1000);
-        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
-        process.waitForFinished();
+        cli.killAfter({ u"--archive"_s, u"Musik"_s, u"backup"_s, target, u"--replace"_s }, delayMs);
         const QByteArray left = fileBytes(target);
         EXPECT_TRUE(left == "altes Backup" || left.size() > (30 << 20)) << left.size();
         if (left != "altes Backup")

@@ -1,3 +1,4 @@
+#include "Control.h"
 #include "DesktopRun.h"
 #include "FakeHttpServer.h"
 #include "Screenshot.h"
@@ -29,13 +30,6 @@ class ServiceDialogsTest : public ::testing::Test
 protected:
     void SetUp() override { qputenv("SILBERBUCH_SERVICE_URL", m_server.baseAddress().toUtf8()); }
     void TearDown() override { qunsetenv("SILBERBUCH_SERVICE_URL"); }
-
-    template <class T> static T *child(QWidget *window, const char *name)
-    {
-        T *found = window->findChild<T *>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
 
     FakeHttpServer m_server;
 };
@@ -72,9 +66,9 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         EXPECT_EQ(found != nullptr, c.message.isEmpty());
         if (found) {
             screenshot(found, u"frmnewVersion"_s);
-            EXPECT_EQ(child<QLabel>(found, "Label1")->text(), c.shownVersion);
-            EXPECT_EQ(child<QLabel>(found, "Label3")->text(), u"5.1"_s);
-            child<QPushButton>(found, "Command1")->click();
+            EXPECT_EQ(control<QLabel>(found, "Label1")->text(), c.shownVersion);
+            EXPECT_EQ(control<QLabel>(found, "Label3")->text(), u"5.1"_s);
+            control<QPushButton>(found, "Command1")->click();
             EXPECT_EQ(run.opened(), QList<QUrl> { QUrl(service::vendorWebAddress()) });
             EXPECT_NE(run.form<frmupdate>(), nullptr); // stays behind the news
         } else {
@@ -104,8 +98,8 @@ TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
         DesktopRun run;
         m_server.answer(c.body);
         Form8 *dialog = run.program().show<Form8>();
-        child<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
-        child<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
+        control<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
+        control<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
         screenshot(dialog, u"Form8"_s);
         dialog->Command1_Click();
         run.settle();
@@ -147,13 +141,13 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
         }
         shellopen::ShellRecorder shell;
         frmOptions *dialog = run.program().show<frmOptions>();
-        EXPECT_EQ(child<QLineEdit>(dialog, "Text1")->isEnabled(), c.storedPath != nullptr);
+        EXPECT_EQ(control<QLineEdit>(dialog, "Text1")->isEnabled(), c.storedPath != nullptr);
         if (c.chooseFolder) {
-            child<QRadioButton>(dialog, "Option2")->click();
-            child<QLineEdit>(dialog, "Text1")->setText(c.typedPath);
+            control<QRadioButton>(dialog, "Option2")->click();
+            control<QLineEdit>(dialog, "Text1")->setText(c.typedPath);
         }
-        child<QCheckBox>(dialog, "Check1")->setChecked(c.autostart);
-        child<QCheckBox>(dialog, "Check3")->setChecked(true);
+        control<QCheckBox>(dialog, "Check1")->setChecked(c.autostart);
+        control<QCheckBox>(dialog, "Check3")->setChecked(true);
         screenshot(dialog, u"frmOptions"_s);
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
@@ -185,11 +179,11 @@ TEST_F(ServiceDialogsTest, OptionsLoadFallsBackOnAValueThatIsNoNumber)
     run.settings().setValue(SettingKey::pfad, u"False"_s);
     run.settings().setValue(SettingKey::path, u"/daten"_s);
     frmOptions *dialog = run.program().show<frmOptions>();
-    EXPECT_TRUE(child<QRadioButton>(dialog, "Option1")->isChecked());
-    EXPECT_EQ(child<QLineEdit>(dialog, "Text1")->text(), programFolder());
+    EXPECT_TRUE(control<QRadioButton>(dialog, "Option1")->isChecked());
+    EXPECT_EQ(control<QLineEdit>(dialog, "Text1")->text(), programFolder());
     EXPECT_EQ(run.settings().value(SettingKey::autostart), u"0"_s);
     EXPECT_EQ(run.settings().value(SettingKey::pfad), u"True"_s);
-    child<QAbstractButton>(dialog, "Command10")->click();
+    control<QAbstractButton>(dialog, "Command10")->click();
     EXPECT_EQ(run.prompts().shown().back().title, u"Infos: Datenbank-Pfad ändern"_s);
 }
 
@@ -198,12 +192,12 @@ TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
     DesktopRun run;
     Abouts *about = run.program().show<Abouts>();
     screenshot(about, u"Abouts"_s);
-    EXPECT_EQ(child<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
-    QPushButton *site = child<QPushButton>(about, "Command15");
+    EXPECT_EQ(control<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
+    QPushButton *site = control<QPushButton>(about, "Command15");
     EXPECT_EQ(site->text(), service::vendorWebAddressText());
     site->click();
     EXPECT_EQ(run.opened(), QList<QUrl> { QUrl(service::vendorWebAddress()) });
-    child<QPushButton>(about, "Command1")->click();
+    control<QPushButton>(about, "Command1")->click();
     run.settle();
     EXPECT_EQ(run.form<Abouts>(), nullptr);
 }
