@@ -54,8 +54,7 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
         m_browser->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     const std::tuple<QString, QString, QString> cases[] = { // node, files, current folder
         { u""_s, u"liesmich.txt"_s, u"d:"_s }, { u"Bilder"_s, u"haus.jpg|garten.jpg"_s, u"d:\\Bilder"_s },
-        { u"Bilder/alt.zip"_s, u"2001/haus.jpg|2001/garten.jpg|"_s, u"d:\\Bilder\\alt.zip"_s },
-        { u"Setup/daten.rar"_s, u"lib/core.dll|liesmich.txt"_s, u"d:\\Setup\\daten.rar"_s }
+        { u"Bilder/alt.zip"_s, u"2001/haus.jpg|2001/garten.jpg|"_s, u"d:\\Bilder\\alt.zip"_s }
     };
     for (const auto &[path, files, folder] : cases) {
         SCOPED_TRACE(path.toStdString());

@@ -1,5 +1,4 @@
 #include "Control.h"
-#include "PdfText.h"
 #include "TestPaths.h"
 
 #include "common/PromptScript.h"
@@ -68,19 +67,6 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
     EXPECT_TRUE(prompts.shown().empty());
     EXPECT_EQ(fileBytes(path), QByteArray("alte Liste"));
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { u"liste.pdf"_s });
-}
-
-TEST(PrintRun, FinishedJobReplacesTheFile)
-{
-    PromptScript prompts;
-    QTemporaryDir dir;
-    const QString path = dir.filePath(u"liste.pdf"_s);
-    PdfPrinter printer(path);
-    EXPECT_TRUE(printrun::print(nullptr, printer, -4, [](Printer &target) {
-        return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, manyCds(200));
-    }));
-    EXPECT_GE(pdfPages(path), 3);
-    EXPECT_TRUE(pdfText(path).contains(u"Nr. 200 CD 200"_s));
 }
 
 // The preview draws the same pages; it closes like any dialog.
