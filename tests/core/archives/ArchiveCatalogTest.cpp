@@ -49,10 +49,7 @@ TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
     ASSERT_TRUE(m_catalog.remove(u"Weg"_s).ok());
     EXPECT_EQ(m_catalog.names(), (QStringList { u"Musik"_s, u"musik"_s }));
     EXPECT_TRUE(QFile::exists(path(u"lws/5.dat"_s)) && QFile::exists(path(u"Covers/8.bmp"_s)));
-    const ArchiveError missing = m_catalog.remove(u"Weg"_s);
-    EXPECT_EQ(missing.kind, Kind::NotFound);
-    EXPECT_EQ(missing.message,
-        u"Fehler: Die Datenbankdatei für das ausgewählte Archiv wurde nicht gefunden. Das Archiv wird aus der Liste entfernt!"_s);
+    EXPECT_EQ(m_catalog.remove(u"Weg"_s).kind, Kind::NotFound); // its message is the command line test's
 }
 
 TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)

@@ -1,7 +1,10 @@
 #include "archives/ArchiveStore.h"
+#include "archives/ArchiveConnection.h"
 
 #include "ArchiveBuilder.h"
 #include "QStringPrinting.h"
+#include "TestPaths.h"
+#include "common/LikePattern.h"
 
 #include <QTemporaryDir>
 
@@ -33,16 +36,11 @@ protected:
 TEST_F(ArchiveStoreTest, NewArchiveHasNoRowsAndTheSixFieldsInOrder)
 {
     EXPECT_EQ(numbersOf(m_store.selectAll()), Numbers {});
-    sqlite3 *db = nullptr;
-    ASSERT_EQ(
-        sqlite3_open_v2(m_store.path().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
-    sqlite3_stmt *statement = nullptr;
-    ASSERT_EQ(sqlite3_prepare_v2(db, "Select * FROM cds", -1, &statement, nullptr), SQLITE_OK);
     std::string names;
-    for (int c = 0; c < sqlite3_column_count(statement); ++c)
-        names += std::string(sqlite3_column_name(statement, c)) + ' ';
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
+    ArchiveConnection(m_store.path(), ArchiveConnection::Mode::Existing)
+        .run(u"SELECT name FROM pragma_table_info('cds') ORDER BY cid"_s, {}, [&](sqlite3_stmt *row) {
+            names += reinterpret_cast<const char *>(sqlite3_column_text(row, 0)) + std::string(" ");
+        });
     EXPECT_EQ(names, "cd_nummer cd_name cd_seriennummer cd_inhalt cd_ausgeliehen cd_cover ");
 }
 
@@ -97,16 +95,35 @@ TEST_F(ArchiveStoreTest, FilesThatAreNoArchiveGiveGermanErrorsAndStayAsTheyWere)
     for (const auto &[name, content, expected] : cases) {
         SCOPED_TRACE(name);
         const QString path = m_dir.filePath(QString::fromLatin1(name) + u".mdb"_s);
-        QFile out(path);
-        ASSERT_TRUE(
-            content.isNull() || (out.open(QIODevice::WriteOnly) && out.write(content) == content.size()));
-        out.close();
+        if (!content.isNull())
+            writeFile(path, content);
         const ArchiveStore store(path);
         const ArchiveError error = store.selectAll().error;
         EXPECT_TRUE(error.kind == Kind::FileError && error.message.contains(expected))
             << error.message.toStdString();
         EXPECT_EQ(store.addRow({ .number = 1 }).kind, Kind::FileError);
-        EXPECT_EQ(out.open(QIODevice::ReadOnly) ? out.readAll() : QByteArray(), content);
+        EXPECT_EQ(fileBytes(path), content.isNull() ? QByteArray("<missing>") : content);
+    }
+}
+
+// Query texts with LIKE follow the catalogue's pattern rule, case folded: "%" and "_" are plain
+// characters, the pattern covers the whole text. A bad pattern is a German error, not a match,
+// and the archive stays usable.
+TEST_F(ArchiveStoreTest, LikeFollowsThePatternRuleCaseFolded)
+{
+    m_archive.cd(1, u"Office"_s, u"Sta1|Word|Excel 2000|End1"_s)
+        .cd(2, u"Treiber"_s, u"Sta1|Treiber für Drucker|50% Rabatt|End1"_s)
+        .cd(3, u"Ärger"_s, u"Sta1|ÄRGER mit WORD|End1"_s)
+        .cd(12, u"Bilder"_s, u"Sta1|Urlaub 2003|a_b|End1"_s);
+    const std::pair<QString, Numbers> cases[]
+        = { { u"*WORD*"_s, { 1, 3 } }, { u"*ärger*"_s, { 3 } }, { u"Word"_s, {} }, { u"*5%Rabatt*"_s, {} },
+              { u"*Word_*"_s, {} }, { u"*[ab*"_s, {} }, { u"*"_s, { 1, 2, 3, 12 } } };
+    for (const auto &[pattern, expected] : cases) {
+        const auto result = m_store.selectNumbers(
+            u"SELECT cd_nummer FROM cds WHERE cd_inhalt LIKE ? ORDER BY cd_nummer"_s, { pattern });
+        EXPECT_EQ(result.value, expected) << pattern.toStdString();
+        EXPECT_EQ(result.error.message,
+            pattern.contains(u'[') ? likeErrorMessage(LikePattern::Error::UnclosedBracket) : QString());
     }
 }
 

@@ -30,9 +30,8 @@ TEST(LikePattern, MatchesByTheRule)
 
 TEST(LikePattern, BadListsAreErrorsNotMatches)
 {
+    // The message of an unclosed list is the query test's.
     const LikePattern pattern("*[abc*");
-    EXPECT_EQ(pattern.error(), LikePattern::Error::UnclosedBracket);
-    EXPECT_FALSE(pattern.matches("abc"));
-    EXPECT_FALSE(likeErrorMessage(pattern.error()).isEmpty());
-    EXPECT_EQ(LikePattern("[z-a]").error(), LikePattern::Error::BadRange);
+    EXPECT_EQ(std::tuple(pattern.error(), pattern.matches("abc"), LikePattern("[z-a]").error()),
+        std::tuple(LikePattern::Error::UnclosedBracket, false, LikePattern::Error::BadRange));
 }

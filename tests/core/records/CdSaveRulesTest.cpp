@@ -1,4 +1,5 @@
 #include "records/CdSaveRules.h"
+#include "records/CommentCodec.h"
 
 #include "QStringPrinting.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace cdsaverules;
+using namespace commentcodec;
 
 std::vector<CdRow> rowsNumbered(std::initializer_list<int32_t> numbers)
 {
@@ -56,6 +58,30 @@ TEST(CdSaveRulesTest, NumberChecksOfNewAndChangedCds)
             : checkNewCdNumber(QString::fromLatin1(text), list);
         EXPECT_EQ(std::pair(check.message, check.ok() ? check.number : 0), std::pair(message, number));
     }
+}
+
+// The new-CD dialog writes every line; the editor swallows an empty line and the bar ending a line.
+TEST(CommentCodecTest, EachDialogEncodesByItsOwnRule)
+{
+    const std::tuple<QStringList, const char *, const char *> cases[] = { // comments, new CD, changed CD
+        { {}, "Sta1|End1", "Sta1||End1" }, { { u"a"_s, u"b"_s }, "Sta1|a|b|End1", "Sta1|a|b|End1" },
+        { { QString(), u"x"_s }, "Sta1||x|End1", "Sta1|x|End1" },
+        { { u"a"_s, QString(), u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
+        { { u"a|"_s, u"b"_s }, "Sta1|a||b|End1", "Sta1|a|b|End1" },
+        { { QString() }, "Sta1||End1", "Sta1||End1" }
+    };
+    for (const auto &[comments, newCd, changeCd] : cases)
+        EXPECT_EQ(std::pair(encodeNewCd(comments), encodeChangeCd(comments)),
+            std::pair(QString::fromUtf8(newCd), QString::fromUtf8(changeCd)));
+}
+
+TEST(CommentCodecTest, DecodingDropsTheFirstAndLastPiece)
+{
+    const std::pair<const char *, QStringList> cases[]
+        = { { "Sta1|a|b|End1", { u"a"_s, u"b"_s } }, { "Sta1|End1", {} }, { "Sta1||End1", { QString() } },
+              { "X|mitten|Y", { u"mitten"_s } }, { "Sta1|ohne Ende", {} }, { "", {} } };
+    for (const auto &[text, comments] : cases)
+        EXPECT_EQ(decode(QString::fromUtf8(text)), comments) << text;
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "records/CoverImage.h"
+#include "records/CoverStore.h"
 
 #include "QStringPrinting.h"
 #include "TestPaths.h"
@@ -11,6 +12,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+QImage picture(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(qRgb(10, 20, 30));
+    return image;
+}
+
 // One side reaches the box; the other is rounded half to even. The picture fills the cover.
 TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
 {
@@ -18,13 +26,11 @@ TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
         = { { { 600, 300 }, { 300, 150 } }, { { 100, 50 }, { 300, 150 } }, { { 300, 600 }, { 150, 300 } },
               { { 600, 301 }, { 300, 150 } }, { { 600, 303 }, { 300, 152 } }, { { 0, 10 }, {} },
               { { 1, 1000 }, { 1, 300 } }, { { 1000, 1 }, { 300, 1 } } }; // a side keeps one pixel
-    for (const auto &[picture, fitted] : cases)
-        EXPECT_EQ(coverimage::fitCoverSize(picture.width(), picture.height(), 300, 300), fitted)
-            << picture.width() << "x" << picture.height();
-    QImage picture(100, 50, QImage::Format_RGB32);
-    picture.fill(qRgb(255, 0, 0));
-    const QImage cover = coverimage::fitCover(picture);
-    EXPECT_EQ(std::pair(cover.size(), cover.pixel(150, 75)), std::pair(QSize(300, 150), qRgb(255, 0, 0)));
+    for (const auto &[size, fitted] : cases)
+        EXPECT_EQ(coverimage::fitCoverSize(size.width(), size.height(), 300, 300), fitted)
+            << size.width() << "x" << size.height();
+    const QImage cover = coverimage::fitCover(picture({ 100, 50 }));
+    EXPECT_EQ(std::pair(cover.size(), cover.pixel(150, 75)), std::pair(QSize(300, 150), qRgb(10, 20, 30)));
 }
 
 // The GIF is written by hand since the toolkit writes none; BMP and PNG come in through the command line
@@ -32,9 +38,7 @@ TEST(CoverImageTest, FittedSizeReachesTheBoxOnOneSide)
 TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
 {
     QTemporaryDir dir;
-    QImage picture(40, 20, QImage::Format_RGB32);
-    picture.fill(qRgb(0, 128, 255));
-    ASSERT_TRUE(picture.save(dir.filePath(u"bild.jpg"_s), "jpg"));
+    ASSERT_TRUE(picture({ 40, 20 }).save(dir.filePath(u"bild.jpg"_s), "jpg"));
     const std::pair<const char *, QByteArray> written[] = {
         { "punkt.gif",
             QByteArray::fromHex(
@@ -50,6 +54,31 @@ TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
         EXPECT_EQ(loaded.picture.size(), size) << name;
         EXPECT_EQ(loaded.error, !size.isEmpty() ? QString() : u"Ungültiges Bild!"_s) << name;
     }
+}
+
+// Hands out the given values in turn, as the random source of a cover store.
+CoverStore::RandomSource sequence(std::vector<double> values)
+{
+    return [values, next = size_t(0)]() mutable { return values.at(next++); };
+}
+
+// The number is the draw times 500000 rounded half to even; a taken number is drawn again, so
+// nothing is overwritten.
+TEST(CoverStoreTest, NumbersAreDrawnUntilOneIsFree)
+{
+    QTemporaryDir dir;
+    const CoverStore store(dir.path(), sequence({ 0.000005, 0.000003, 0.999999999, 0.1, 0.1, 0.5 }));
+    QStringList numbers;
+    for (const QSize size : { QSize(10, 10), QSize(20, 10), QSize(300, 150), QSize(150, 300) }) {
+        const StoreResult<QString> saved = store.save(picture(size));
+        EXPECT_TRUE(saved.ok()) << saved.error.message.toStdString();
+        numbers << saved.value;
+    }
+    EXPECT_EQ(numbers, (QStringList { u"2"_s, u"500000"_s, u"50000"_s, u"250000"_s }));
+    EXPECT_EQ(store.fileOf(u"250000"_s), dir.filePath(u"Covers/250000.bmp"_s));
+    EXPECT_TRUE(fileBytes(store.fileOf(u"50000"_s)).startsWith("BM"));
+    EXPECT_EQ(store.load(u"250000"_s).size(), QSize(150, 300));
+    EXPECT_TRUE(store.load(u"123"_s).isNull());
 }
 
 } // namespace
