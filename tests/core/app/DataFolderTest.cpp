@@ -41,26 +41,21 @@ TEST_F(DataFolderTest, PfadAndPathChooseTheFolder)
     }
 }
 
+// The folder of the first call stays for the session, even when the stored path is there
+// later, and its notice is given once.
 TEST_F(DataFolderTest, FirstCallFixesTheFolderAndTheNoticeComesOnce)
 {
-    QDir().mkpath(path(u"net"_s));
     settings().setValue(SettingKey::pfad, u"False"_s);
-    settings().setValue(SettingKey::path, path(u"net"_s));
+    settings().setValue(SettingKey::path, path(u"net/Silberbuch\\"_s));
     Session session;
-    EXPECT_EQ(getDataFolder(session, settings()), path(u"net"_s));
-    settings().setValue(SettingKey::pfad, u"True"_s);
-    EXPECT_EQ(getDataFolder(session, settings()), path(u"net"_s));
-
-    Session next;
     QString message;
-    settings().setValue(SettingKey::pfad, u"False"_s);
-    settings().setValue(SettingKey::path, path(u"unplugged/Silberbuch\\"_s));
-    EXPECT_EQ(getDataFolder(next, settings(), &message), programPath());
+    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
     EXPECT_EQ(message,
-        u"Hinweis: Der angegebene Pfad zur Datenbank ("_s + path(u"unplugged/Silberbuch"_s)
+        u"Hinweis: Der angegebene Pfad zur Datenbank ("_s + path(u"net/Silberbuch"_s)
             + u") ist zur Zeit nicht verfügbar. Es wird nun der Standard-Pfad verwendet (SLB-Verzeichniss)!"_s);
+    QDir().mkpath(path(u"net/Silberbuch"_s));
     message.clear();
-    EXPECT_EQ(getDataFolder(next, settings(), &message), programPath());
+    EXPECT_EQ(getDataFolder(session, settings(), &message), programPath());
     EXPECT_TRUE(message.isEmpty());
 }
 

@@ -15,29 +15,25 @@ using namespace Qt::StringLiterals;
 // folder it reads the build's copy; a share folder without the help page is not ours.
 TEST(Installation, ResourcesAreFoundBesideTheProgramOrInTheBuild)
 {
-    struct Case
-    {
-        const char *what;
-        QStringList files; // below the temporary folder
-        const char *expected; // relative to it, "" for none
-    };
-    const Case cases[] = {
+    // why, the files below the temporary folder, the folder found relative to it ("" for none)
+    const std::tuple<const char *, QStringList, const char *> cases[] = {
         { "installed", { u"usr/share/silberbuch/Hilfe.html"_s, u"build/share/silberbuch/Hilfe.html"_s },
             "usr/share/silberbuch" },
         { "build folder", { u"build/share/silberbuch/Hilfe.html"_s }, "build/share/silberbuch" },
-        { "foreign share folder", { u"usr/share/silberbuch/other.txt"_s, u"build/share/silberbuch/Hilfe.html"_s },
+        { "foreign share folder",
+            { u"usr/share/silberbuch/other.txt"_s, u"build/share/silberbuch/Hilfe.html"_s },
             "build/share/silberbuch" },
         { "neither", {}, "" },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[why, files, expected] : cases) {
+        SCOPED_TRACE(why);
         const QTemporaryDir temp;
         QDir().mkpath(temp.filePath(u"usr/bin"_s));
-        for (const QString &file : c.files)
+        for (const QString &file : files)
             writeFile(temp.filePath(file));
         const QString found = installation::findResourceFolder(
             temp.filePath(u"usr/bin"_s), temp.filePath(u"build/share/silberbuch"_s));
-        EXPECT_EQ(found, *c.expected ? temp.filePath(QString::fromLatin1(c.expected)) : QString());
+        EXPECT_EQ(found, *expected ? temp.filePath(QString::fromLatin1(expected)) : QString());
     }
 }
 

@@ -15,7 +15,7 @@ auto fields(const Layout &layout)
 
 // One stored value on an otherwise empty profile: the layout it loads as. A value the window
 // cannot take gets a notice, the default stands in, and the text is left for the next close
-// to overwrite.
+// to overwrite. Storing, and reading back what was stored, is the main window's desktop test.
 TEST_F(MainWindowLayoutTest, LoadsEachStoredValue)
 {
     const std::tuple<SettingKey, const char *, Layout, bool> cases[]
@@ -43,25 +43,6 @@ TEST_F(MainWindowLayoutTest, LoadsEachStoredValue)
                 && message.contains(Settings::declaredDefault(key)))
                 << message.toStdString();
     }
-}
-
-// The texts of Breite, Hoehe, StartupMaximized, TabStrip and Sort after a normal close.
-TEST_F(MainWindowLayoutTest, StoresTheLayoutAsText)
-{
-    const std::pair<Layout, const char *> cases[]
-        = { { { 13005, 8010.0f, Layout::Normal, 2, true }, "13005 8010 0 2 1" },
-              { { kResizeWidthFloor, 7575.0f, Layout::Normal, 1, false }, "8995 7575 0 1 0" } };
-    for (const auto &[closing, expected] : cases) {
-        storeMainWindowLayout(settings(), closing);
-        const Settings reread(settings().fileName());
-        QStringList stored;
-        for (SettingKey key : { SettingKey::Breite, SettingKey::Hoehe, SettingKey::StartupMaximized,
-                 SettingKey::TabStrip, SettingKey::Sort })
-            stored << reread.value(key);
-        EXPECT_EQ(stored.join(u' '), QString::fromLatin1(expected));
-    }
-    // A window dragged to the resize floor opens at the load floor next time.
-    EXPECT_EQ(loadMainWindowLayout(settings()).layout.widthTwips, kLayoutWidthFloor);
 }
 
 } // namespace

@@ -31,12 +31,4 @@ TEST_F(SettingsTest, ValuesReachTheFileAtOnceUnderTheirGroup)
     EXPECT_EQ(second.groupKeys(u"Drives"_s), QStringList { u"e:"_s });
 }
 
-TEST_F(SettingsTest, EnvironmentChoosesTheUserStore)
-{
-    const QString file = path(u"chosen/silberbuch.ini"_s);
-    const ScopedEnvironment chosen("SILBERBUCH_CONFIG", file.toLocal8Bit());
-    Settings().setValue(SettingKey::Start, u"7"_s);
-    EXPECT_EQ(Settings(file).value(SettingKey::Start), u"7"_s);
-}
-
 } // namespace
