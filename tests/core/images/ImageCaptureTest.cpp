@@ -1,6 +1,8 @@
 #include "images/ImageCapture.h"
 #include "images/ArchiveListing.h"
+#include "images/CaptureFilter.h"
 #include "images/CaptureProgress.h"
+#include "images/FolderEntries.h"
 
 #include "TestPaths.h"
 #include "TreeBuilder.h"
@@ -8,14 +10,12 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
 #include <map>
-
-#include <QThread>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -75,8 +75,8 @@ QByteArray archive(const QByteArray &path, bool rar = false)
 // One entry of the fixture volume and the lines it gives when all files are captured and
 // nothing is pruned. The entries stand in the order a capture writes them: depth first, each
 // folder sorted as the Windows file system lists it (upper-cased UTF-16 units, so "." before
-// letters, "A.ZIP" before "Archiv", "Leer" before "liesmich.txt", "ß" after "Z"). `made`: empty for a file of `size` bytes, "/" for a folder, "->x" for
-// a link to x, else the fixture it is a copy of.
+// letters, "A.ZIP" before "Archiv", "Leer" before "liesmich.txt", "ß" after "Z"). `made`: empty for a file of
+// `size` bytes, "/" for a folder, "->x" for a link to x, else the fixture it is a copy of.
 struct Entry
 {
     const char *path, *made;
@@ -126,7 +126,8 @@ QByteArray compose(const std::map<QString, QByteArray> &lines)
 {
     QByteArray out = ">d:\r\n";
     for (const Entry &e : fixtureVolume())
-        if (const auto found = lines.find(QString::fromUtf8(e.path)); found != lines.end() && !found->second.isEmpty())
+        if (const auto found = lines.find(QString::fromUtf8(e.path));
+            found != lines.end() && !found->second.isEmpty())
             out += found->second + "\r\n";
     return out + "\r\n";
 }
@@ -234,8 +235,7 @@ TEST(ImageCapture, RunningOutOfFileHandlesNeverGivesAShortImage)
 {
     Workspace w;
     w.tree.file(QStringLiteral("a/b/c.txt"), 1, kNotiz);
-    const QByteArray complete
-        = ">d:\r\n>d:\\a\r\n>d:\\a\\b\r\nd:\\a\\b\\c.txt|1|03.02.2001 04:05:06\r\n\r\n";
+    const QByteArray complete = ">d:\r\n>d:\\a\r\n>d:\\a\\b\r\nd:\\a\\b\\c.txt|1|03.02.2001 04:05:06\r\n\r\n";
     rlimit saved {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &saved), 0);
     bool walkStopped = false;
@@ -257,7 +257,8 @@ TEST(ImageCapture, RunningOutOfFileHandlesNeverGivesAShortImage)
             ::close(fd);
         ::setrlimit(RLIMIT_NOFILE, &saved);
         EXPECT_EQ(w.image(), result.ok() ? complete : kOldImage) << result.error.toStdString();
-        walkStopped = walkStopped || result.error.contains(QStringLiteral("Es sind zu viele Dateien geöffnet"));
+        walkStopped
+            = walkStopped || result.error.contains(QStringLiteral("Es sind zu viele Dateien geöffnet"));
     }
     EXPECT_TRUE(walkStopped);
 }
@@ -302,4 +303,47 @@ TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLine)
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     EXPECT_EQ(w.image(),
         ">d:\r\n>d:\\System Volume Information\r\nd:\\System Volume Information\\|0|01.01.1601\r\n\r\n");
+}
+
+// Folders list as the Windows file system sorts them, so images match the Windows
+// version's: upper-cased UTF-16 code units, compared one by one; equal keys by their bytes.
+TEST(FolderEntries, NamesSortAsTheWindowsFileSystemListsThem)
+{
+    // why, the name listed first, the name after it
+    const std::tuple<const char *, const char *, const char *> cases[] = {
+        { "letter case does not count", "apfel", "Birne" },
+        { "a prefix comes first", "A.ZIP", "a.zip.bak" },
+        { "punctuation by its code", "A.ZIP", "Archiv" },
+        { "letters before the underscore", "zebra", "_intern" },
+        { "hidden names by their dot", ".versteckt", "Archiv" },
+        { "equal when upper-cased: by bytes", "README", "Readme" },
+        { "umlauts after every ASCII letter", "Zebra", "Äpfel" },
+        { "sharp s stays itself, not SS", "Grüsse2", "Grüße" },
+        { "dotless i is I", "i", "ı" },
+        { "code units, not code points", "😀", "ﬁ" },
+        { "digits before letters", "9", "A" },
+    };
+    for (const auto &[why, before, after] : cases)
+        EXPECT_EQ(std::pair(ntfsLess(before, after), ntfsLess(after, before)), std::pair(true, false)) << why;
+}
+
+TEST(CaptureFilter, MatchesTheUpperCasedFilterAnywhereInTheUpperCasedName)
+{
+    // Only "txt" is left of "*.txt"; without a leading star the dot stays; the nameless line
+    // of an unreadable folder passes "*.*"; "" is "**". Code page 1252: \344 ä, \304 Ä.
+    const std::tuple<const char *, const char *, bool> cases[] = { { "*.TXT", "notiz.txt", true },
+        { "*.txt", "bild.jpg", false }, { "*.txt", "txtliste.doc", true }, { "a*.txt", "Daten.txt", true },
+        { "a*.txt", "Daten_txt", false }, { "*.[jt]*", "haus.jpg", true }, { "*.*", "", true },
+        { "*.txt", "", false }, { "", "beliebig.bin", true }, { "*\344rger*", "\304RGER.doc", true } };
+    for (const auto &[typed, name, passes] : cases) {
+        const CaptureFilter filter(typed);
+        ASSERT_TRUE(filter.errorMessage().isEmpty()) << typed;
+        EXPECT_EQ(filter.passes(name), passes) << typed << " ~ " << name;
+    }
+    // "[_-z]" upper-cased runs backwards: both sides are upper-cased, never lower-cased.
+    for (const char *typed : { "*.[", "*.[_-z]" }) {
+        const CaptureFilter filter(typed);
+        EXPECT_TRUE(filter.errorMessage().startsWith(QStringLiteral("Ungültiges Suchmuster"))) << typed;
+        EXPECT_FALSE(filter.passes("a")) << typed;
+    }
 }

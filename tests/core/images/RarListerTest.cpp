@@ -61,15 +61,13 @@ TEST(RarLister, ListsEachKindOfFixture)
         { "rar5_damaged_truncated_huff.rar", "" },
     };
     // Each volume lists the entries whose pieces it holds; both members of the RAR 5 set have no
-    // dot behind their first separator.
-    for (int part = 1; part <= 8; ++part) {
-        const std::string n = std::to_string(part);
-        cases["rar5_multivol.part0" + n + ".rar"] = "";
-        if (part <= 6)
-            cases["rar4_multivol_two_files.part" + n + ".rar"] = part < 3 ? first
-                : part == 3                                               ? first + ";" + second
-                                                                          : second;
-    }
+    // dot behind their first separator, in its first, a middle and its last volume.
+    for (int part = 1; part <= 6; ++part)
+        cases["rar4_multivol_two_files.part" + std::to_string(part) + ".rar"] = part < 3 ? first
+            : part == 3 ? first + ";" + second
+                        : second;
+    for (const char *part : { "01", "04", "08" })
+        cases["rar5_multivol.part" + std::string(part) + ".rar"] = "";
     for (const auto &[file, rows] : cases)
         EXPECT_EQ(rarRows(fixturePath(QStringLiteral("rar/") + QString::fromStdString(file))), rows) << file;
 }
@@ -77,13 +75,8 @@ TEST(RarLister, ListsEachKindOfFixture)
 TEST(RarLister, WhatIsNoReadableRarGivesNoRows)
 {
     QTemporaryDir dir;
-    // "-": not written; "": the folder itself.
-    const std::pair<const char *, QByteArray> files[] = { { "text.rar", "Dies ist kein RAR-Archiv.\r\n" },
-        { "nur_signatur.rar", QByteArray("Rar!\x1A\x07\x01\x00", 8) }, { "fehlt.rar", "-" }, { "", "-" } };
-    for (const auto &[name, bytes] : files) {
-        QFile file(dir.filePath(QLatin1String(name)));
-        if (bytes != "-" && file.open(QIODevice::WriteOnly))
-            file.write(bytes);
-        EXPECT_EQ(rarRows(file.fileName()), "") << name;
-    }
+    writeFile(dir.filePath(QStringLiteral("text.rar")), "Dies ist kein RAR-Archiv.\r\n");
+    writeFile(dir.filePath(QStringLiteral("nur_signatur.rar")), QByteArray("Rar!\x1A\x07\x01\x00", 8));
+    for (const char *name : { "text.rar", "nur_signatur.rar", "fehlt.rar", "" }) // "": the folder itself
+        EXPECT_EQ(rarRows(dir.filePath(QLatin1String(name))), "") << name;
 }

@@ -1,4 +1,5 @@
 #include "images/ArchiveListing.h"
+#include "images/DosDate.h"
 
 #include "ListingExpectations.h"
 #include "TestPaths.h"
@@ -67,34 +68,43 @@ TEST(ZipLister, BlockEdgesCutHeadersLimitAndMissingFile)
 // reach the image in code page 1252 like file names; other names stay the packer's bytes.
 TEST(ZipLister, Utf8NamesAreConvertedOthersStayBytes)
 {
-    const std::string umlauts = "Gr\xC3\xBC\xC3\x9F" "e.txt"; // "Grüße.txt" in UTF-8
-    const std::string cp1252 = "Gr\xFC\xDF" "e.txt";
+    const std::string umlauts = "Gr\xC3\xBC\xC3\x9F"
+                                "e.txt"; // "Grüße.txt" in UTF-8
+    const std::string cp1252 = "Gr\xFC\xDF"
+                               "e.txt";
     const auto unicodePath = [](const std::string &utf8) {
         std::string field = "\x75\x70";
         field += static_cast<char>((utf8.size() + 5) & 0xFF);
         field += static_cast<char>((utf8.size() + 5) >> 8);
         return field + "\x01" + "CRC!" + utf8;
     };
-    struct Case
-    {
-        const char *what;
-        std::string entry;
-        std::string listed;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, std::string, std::string> cases[] = {
+        // why, entry, name listed
         { "flag bit 11", zipEntry(umlauts, "x", 0x0800), cp1252 },
         { "no flag: bytes as written", zipEntry(umlauts, "x"), umlauts },
         { "code page name without flag", zipEntry(cp1252, "x"), cp1252 },
         { "outside the code page", zipEntry("\xE6\x97\xA5.txt", "x", 0x0800), "?.txt" },
-        { "Unicode path field wins", zipEntry("alt.txt", "x", 0, std::string("\x0a\x00\x00\x00", 4) + unicodePath(umlauts)),
-            cp1252 },
+        { "Unicode path field wins",
+            zipEntry("alt.txt", "x", 0, std::string("\x0a\x00\x00\x00", 4) + unicodePath(umlauts)), cp1252 },
         { "cut field is ignored", zipEntry("alt.txt", "x", 0, unicodePath(umlauts).substr(0, 9)), "alt.txt" },
     };
     QTemporaryDir dir;
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
-        const ArchiveListing listing = listZip(writeZip(dir.filePath(QStringLiteral("u.zip")), c.entry));
-        ASSERT_EQ(listing.rows.size(), 2u);
-        EXPECT_EQ(listing.rows[0].name, c.listed);
+    for (const auto &[why, entry, listed] : cases) {
+        const ArchiveListing listing = listZip(writeZip(dir.filePath(QStringLiteral("u.zip")), entry));
+        ASSERT_EQ(listing.rows.size(), 2u) << why;
+        EXPECT_EQ(listing.rows[0].name, listed) << why;
     }
+}
+
+TEST(DosDate, WordHoldsOnlyTheYearsItCanCarryAndItsTextIsNotChecked)
+{
+    const std::tuple<int, int, int, uint16_t> words[]
+        = { { 1979, 12, 31, 0 }, { 1980, 1, 1, 0x0021 }, { 2043, 12, 31, 0x7F9F }, { 2044, 1, 1, 0 } };
+    for (const auto &[year, month, day, word] : words)
+        EXPECT_EQ(dosDateWord(year, month, day), word) << year;
+    // Month 15 and day 0 stand as they are; year 2044 and later has no text.
+    const std::pair<uint16_t, const char *> texts[]
+        = { { 0x2A43, "03.02.2001" }, { 0x0000, "" }, { 0x8021, "" }, { 0x01E0, "00.15.1980" } };
+    for (const auto &[word, text] : texts)
+        EXPECT_EQ(dosDateText(word), text) << word;
 }
