@@ -50,84 +50,56 @@ TEST(Print1List, HeadEntriesAndClosingLine)
 
 // The test runs after each line: the 35th entry fills page 1, which then gets its footer
 // without a caption; each later page begins with NextPage's footer and, when full, gets the
-// short one printed over it.
+// short one printed over it. Later pages continue at the top.
 TEST(Print1List, PageBreaksAndTheirTwoFooters)
 {
-    struct Case
-    {
-        const char *what;
-        int entries;
-        int pages;
-        std::vector<Placed> footers;
+    const Placed f1 = footer(1, u"- Seite  1 -"_s), f2 = footer(2, u"- Seite  2 - "_s);
+    const Placed end2 { 2, 3, 2.625, u"- Ende der Liste -"_s }, cd36 { 2, 3, 2, u"Nr. 7 CD 36"_s };
+    const std::tuple<const char *, int, int, std::vector<Placed>, std::optional<Placed>> cases[] = {
+        { "an empty archive has no footer", 0, 1, {}, {} },
+        { "one entry short of full", 34, 1, {}, {} },
+        { "full first page", 35, 2, { f1, f2 }, end2 },
+        { "two full pages", 35 + 39, 3, { f1, f2, footer(2, u"- Seite  2 -"_s), footer(3, u"- Seite  3 - "_s) }, cd36 },
     };
-    const Case cases[] = {
-        { "an empty archive has no footer", 0, 1, {} },
-        { "one entry short of full", 34, 1, {} },
-        { "full first page", 35, 2, { footer(1, u"- Seite  1 -"_s), footer(2, u"- Seite  2 - "_s) } },
-        { "two full pages", 35 + 39, 3,
-            { footer(1, u"- Seite  1 -"_s), footer(2, u"- Seite  2 - "_s), footer(2, u"- Seite  2 -"_s),
-                footer(3, u"- Seite  3 - "_s) } },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, entries, pages, footers, page2Opener] : cases) {
+        SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"7 CD "_s, c.entries)).printed());
-        EXPECT_EQ(pageCount(printer), c.pages);
-        std::vector<Placed> footers;
-        for (const Placed &placed : placedTexts(printer)) {
-            if (placed.text.startsWith(u"- Seite"_s))
-                footers.push_back(placed);
+        ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"7 CD "_s, entries)).printed());
+        EXPECT_EQ(pageCount(printer), pages);
+        std::vector<Placed> printedFooters;
+        std::ranges::copy_if(placedTexts(printer), std::back_inserter(printedFooters),
+            [](const Placed &placed) { return placed.text.startsWith(u"- Seite"_s); });
+        EXPECT_EQ(printedFooters, footers);
+        if (page2Opener) {
+            EXPECT_EQ(textsOnPage(printer, 2).at(1), *page2Opener);
         }
-        EXPECT_EQ(footers, c.footers);
         const Placed last = placedTexts(printer).back();
         EXPECT_EQ(last.text, u"- Ende der Liste -"_s);
         EXPECT_EQ(last.x, 3);
     }
 }
 
-TEST(Print1List, LaterPagesContinueAtTheTop)
-{
-    RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"1 CD "_s, 36)).printed());
-    const std::vector<Placed> page2 = textsOnPage(printer, 2);
-    ASSERT_EQ(page2.size(), 3u);
-    EXPECT_EQ(page2[1], (Placed { 2, 3, 2, u"Nr. 1 CD 36"_s }));
-}
-
 TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
 {
     const QString first = u"Fehler! Es konnte nicht gedruckt werden. Stellen Sie sicher, dass ein Drucker "
                           u"angeschlossen und korrekt eingestellt ist."_s;
-    struct Case
-    {
-        const char *what;
-        QString fontSize;
-        PrintOutcome (*print)(Printer &, const PrintSettings &);
-        PrintOutcome::Status status;
-        QString message;
-        int number;
+    using Print = PrintOutcome (*)(Printer &, const PrintSettings &);
+    const Print list = [](Printer &p, const PrintSettings &s) { return Print1_list(p, s, {}); };
+    const Print comments = [](Printer &p, const PrintSettings &s) { return Print1_Kommentare(p, s, u"T"_s, {}); };
+    const Print results
+        = [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); };
+    using enum PrintOutcome::Status;
+    const std::tuple<const char *, QString, Print, PrintOutcome::Status, QString, int> cases[] = {
+        { "empty size box, title list: first line only", u""_s, list, Reported, first, 0 },
+        { "empty size box, comments: first line only", u""_s, comments, Reported, first, 0 },
+        { "size box beyond any font, results: untrapped", u"99999"_s, results, Untrapped, QString(), 380 },
+        { "letters in the results' box: untrapped", u"zehn"_s, results, Untrapped, QString(), 13 },
     };
-    const Case cases[] = {
-        { "empty size box, title list: first line only", u""_s,
-            [](Printer &p, const PrintSettings &s) { return Print1_list(p, s, {}); },
-            PrintOutcome::Status::Reported, first, 0 },
-        { "empty size box, comments: first line only", u""_s,
-            [](Printer &p, const PrintSettings &s) { return Print1_Kommentare(p, s, u"T"_s, {}); },
-            PrintOutcome::Status::Reported, first, 0 },
-        { "size box beyond any font, results: untrapped", u"99999"_s,
-            [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); },
-            PrintOutcome::Status::Untrapped, QString(), 380 },
-        { "letters in the results' box: untrapped", u"zehn"_s,
-            [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); },
-            PrintOutcome::Status::Untrapped, QString(), 13 },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, fontSize, print, status, message, number] : cases) {
+        SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
-        const PrintOutcome outcome = c.print(printer, settings(c.fontSize));
-        EXPECT_EQ(outcome.status, c.status);
-        EXPECT_EQ(outcome.message, c.message);
-        EXPECT_EQ(outcome.failure.number, c.number);
+        const PrintOutcome outcome = print(printer, settings(fontSize));
+        EXPECT_EQ(std::tie(outcome.status, outcome.message, outcome.failure.number), std::tie(status, message, number));
         EXPECT_FALSE(printer.finished());
     }
 }
@@ -153,25 +125,18 @@ protected:
 TEST_F(Print1Dateien, LinesCutToTheColumnsAskedFor)
 {
     const QByteArray bytes = ">d:\r\n>d:\\Setup\r\nd:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n\r\n";
-    struct Case
-    {
-        const char *what;
-        FileListColumns columns;
-        QString fileLine;
+    const std::pair<FileListColumns, QString> cases[] = {
+        { { false, false }, u"d:\\Setup\\start.exe"_s },
+        { { false, true }, u"d:\\Setup\\start.exe Date:19.01.2003 00:12:31"_s }, // the dialog's default
+        { { true, false }, u"d:\\Setup\\start.exe * 65536 Byte *"_s },
+        { { true, true }, u"d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s },
     };
-    const Case cases[] = {
-        { "neither", { false, false }, u"d:\\Setup\\start.exe"_s },
-        { "the dialog's default: date", { false, true }, u"d:\\Setup\\start.exe Date:19.01.2003 00:12:31"_s },
-        { "size", { true, false }, u"d:\\Setup\\start.exe * 65536 Byte *"_s },
-        { "both", { true, true }, u"d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[columns, fileLine] : cases) {
+        SCOPED_TRACE(fileLine.toStdString());
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(bytes), c.columns).printed());
+        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(bytes), columns).printed());
         // The empty closing line of the image prints the line before it once more.
-        const std::vector<QString> expected
-            = { u">d:"_s, u">d:\\Setup"_s, c.fileLine, c.fileLine, u"- Ende der Liste -"_s };
+        const std::vector<QString> expected = { u">d:"_s, u">d:\\Setup"_s, fileLine, fileLine, u"- Ende der Liste -"_s };
         EXPECT_EQ(listed(printer), expected);
     }
 }
@@ -195,40 +160,31 @@ TEST_F(Print1Dateien, HeadAndFirstFooter)
 }
 
 // Page 1 takes 33 lines below the head, later pages 39 from the top; the test after the last
-// line can give a page of the closing lines alone.
+// line can give a page of the closing lines alone. Lines: printed lines, the doubled last one
+// included; the line that opens page 2, none when the closing lines do.
 TEST_F(Print1Dateien, PageBreaks)
 {
-    struct Case
-    {
-        const char *what;
-        int lines; // printed lines, the doubled last one included
-        int pages;
-        int firstOnPage2; // index of the line that opens page 2, -1 for none
-    };
-    const Case cases[] = {
-        { "one short of a page", 32, 1, -1 },
-        { "exactly a page: the closing lines go to page 2", 33, 2, -1 },
+    const std::tuple<const char *, int, int, std::optional<int>> cases[] = {
+        { "one short of a page", 32, 1, {} },
+        { "exactly a page: the closing lines go to page 2", 33, 2, {} },
         { "one line more", 34, 2, 33 },
-        { "page 3", 33 + 39 + 1, 3, 33 },
+        { "page 3", 33 + 39 + 1, 3, 34 },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, lines, pages, firstOnPage2] : cases) {
+        SCOPED_TRACE(what);
         QByteArray bytes;
-        for (int i = 1; i < c.lines; ++i)
+        for (int i = 1; i < lines; ++i)
             bytes += ">d:\\Ordner" + QByteArray::number(i) + "\r\n";
-        bytes += "\r\n";
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"T"_s, image(bytes), {}).printed());
-        EXPECT_EQ(pageCount(printer), c.pages);
-        const std::vector<Placed> page2 = textsOnPage(printer, 2);
-        if (c.pages == 1)
+        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"T"_s, image(bytes + "\r\n"), {}).printed());
+        EXPECT_EQ(pageCount(printer), pages);
+        if (pages == 1)
             continue;
+        const std::vector<Placed> page2 = textsOnPage(printer, 2);
         ASSERT_GE(page2.size(), 2u);
         EXPECT_EQ(page2.front(), footer(2, u"- Seite  2 -  Archiv: Musik * CD: T"_s));
-        if (c.firstOnPage2 >= 0)
-            EXPECT_EQ(page2[1], (Placed { 2, 2, 2, u">d:\\Ordner"_s + QString::number(std::min(c.firstOnPage2 + 1, c.lines - 1)) }));
-        else
-            EXPECT_EQ(page2[1], (Placed { 2, 2, 2.625, u"- Ende der Liste -"_s }));
+        EXPECT_EQ(page2[1], (firstOnPage2 ? Placed { 2, 2, 2, u">d:\\Ordner%1"_s.arg(*firstOnPage2) }
+                                          : Placed { 2, 2, 2.625, u"- Ende der Liste -"_s }));
     }
 }
 
@@ -241,47 +197,37 @@ TEST_F(Print1Dateien, MissingImageIsRefusedBeforeAnyOutput)
     EXPECT_TRUE(printer.items().empty());
 }
 
-TEST(Print1Kommentare, SecondPageBeginsAtTheLeftEdge)
+// Comments stand at 3 cm on page 1 and at the left edge on later pages; no test after the last
+// comment, and the closing line at 2 cm.
+TEST(Print1Kommentare, PagesAndClosingLine)
 {
+    RecordingPrinter none(testPaper());
+    ASSERT_TRUE(Print1_Kommentare(none, settings(), u"Jazz"_s, {}).printed());
+    EXPECT_EQ(placedTexts(none).size(), 7u);
+    EXPECT_EQ(placedTexts(none).back(), (Placed { 1, 2, 6.375, u"- Ende der Liste -"_s }));
     RecordingPrinter printer(testPaper());
     ASSERT_TRUE(Print1_Kommentare(printer, settings(), u"Jazz"_s, numbered(u"Kommentar "_s, 34)).printed());
     const std::vector<Placed> page1 = textsOnPage(printer, 1);
     EXPECT_EQ(page1.front(), footer(1, u"- Seite  1 - Archiv: Musik * CD: Jazz"_s));
     EXPECT_EQ(page1[6], (Placed { 1, 3, 5.75, u"Kommentar 1"_s }));
-    const std::vector<Placed> page2 = textsOnPage(printer, 2);
-    ASSERT_EQ(page2.size(), 3u);
-    EXPECT_EQ(page2[1], (Placed { 2, 0, 2, u"Kommentar 34"_s }));
-    // No test after the last comment, and the closing line at 2 cm.
-    EXPECT_EQ(page2[2], (Placed { 2, 2, 3.25, u"- Ende der Liste -"_s }));
+    EXPECT_EQ(textsOnPage(printer, 2),
+        (std::vector<Placed> { footer(2, u"- Seite  2 -  Archiv: Musik * CD: Jazz"_s), { 2, 0, 2, u"Kommentar 34"_s },
+            { 2, 2, 3.25, u"- Ende der Liste -"_s } }));
 }
 
-TEST(Print1Kommentare, NoCommentsPrintsHeadAndClosingLine)
+// Results print as the results file has them, the empty end entry once more as the line
+// before it.
+TEST_F(Print1Dateien, ResultsInSearchOrder)
 {
-    RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_Kommentare(printer, settings(), u"Jazz"_s, {}).printed());
-    EXPECT_EQ(placedTexts(printer).size(), 7u);
-    EXPECT_EQ(placedTexts(printer).back(), (Placed { 1, 2, 6.375, u"- Ende der Liste -"_s }));
-}
-
-TEST(PrintResults, LinesOfTheResultsFileInSearchOrder)
-{
-    const std::vector<QString> hits = {
-        u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s,
-        u"1-Bilder<>d:\\Urlaub"_s,
-        u""_s,
-    };
+    const std::vector<QString> hits
+        = { u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s, u"1-Bilder<>d:\\Urlaub"_s, u""_s };
     RecordingPrinter printer(testPaper());
     ASSERT_TRUE(Print1_Dateien(printer, settings(), u"s*"_s, hits).printed());
-    const std::vector<Placed> texts = placedTexts(printer);
-    EXPECT_EQ(texts.front(), footer(1, u"- Seite  1 - Archiv: Musik * Suche nach s*"_s));
-    EXPECT_EQ(texts[2].text, u"* Suche nach: s*"_s);
-    const std::vector<QString> lines = { texts[6].text, texts[7].text, texts[8].text };
-    const std::vector<QString> expected = {
-        u"3-Setup-CD d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s,
-        u"1-Bilder >d:\\Urlaub"_s,
-        u"1-Bilder >d:\\Urlaub"_s,
-    };
-    EXPECT_EQ(lines, expected);
+    EXPECT_EQ(placedTexts(printer).front(), footer(1, u"- Seite  1 - Archiv: Musik * Suche nach s*"_s));
+    EXPECT_EQ(placedTexts(printer)[2].text, u"* Suche nach: s*"_s);
+    const std::vector<QString> expected = { u"3-Setup-CD d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s,
+        u"1-Bilder >d:\\Urlaub"_s, u"1-Bilder >d:\\Urlaub"_s, u"- Ende der Liste -"_s };
+    EXPECT_EQ(listed(printer), expected);
 }
 
 TEST(PrintCancel, StoppedAtAPageLeavesTheDocumentUnfinished)

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 #include <vector>
@@ -43,10 +44,7 @@ inline std::vector<Placed> placedTexts(const RecordingPrinter &printer)
 inline std::vector<Placed> textsOnPage(const RecordingPrinter &printer, int page)
 {
     std::vector<Placed> onPage;
-    for (const Placed &placed : placedTexts(printer)) {
-        if (placed.page == page)
-            onPage.push_back(placed);
-    }
+    std::ranges::copy_if(placedTexts(printer), std::back_inserter(onPage), [page](const Placed &p) { return p.page == page; });
     return onPage;
 }
 

@@ -11,15 +11,8 @@ using namespace Qt::StringLiterals;
 TEST(PrinterChoice, WhichEntryTheListsSelect)
 {
     const QStringList devices = { u"Buero"_s, u"Keller"_s };
-    struct Case
-    {
-        const char *what;
-        QString stored;
-        QString current;
-        QString preset;
-        int selected;
-    };
-    const Case cases[] = {
+    // Stored printer, current one, preset device, the entry selected.
+    const std::tuple<const char *, QString, QString, QString, int> cases[] = {
         { "the stored printer", u"Keller"_s, u"Buero"_s, {}, 1 },
         { "none stored: the current one", {}, u"Buero"_s, {}, 0 },
         { "a stored printer that has gone leaves no selection", u"Alt"_s, u"Buero"_s, {}, -1 },
@@ -27,11 +20,11 @@ TEST(PrinterChoice, WhichEntryTheListsSelect)
         { "a preset in the list wins", u"Keller"_s, u"Buero"_s, u"Buero"_s, 0 },
         { "a preset not in the list changes nothing", u"Keller"_s, u"Buero"_s, u"Dach"_s, 1 },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
-        const printerchoice::List list = printerchoice::listOf(devices, c.stored, c.current, c.preset);
+    for (const auto &[what, stored, current, preset, selected] : cases) {
+        SCOPED_TRACE(what);
+        const printerchoice::List list = printerchoice::listOf(devices, stored, current, preset);
         EXPECT_EQ(list.entries, (QStringList { u"Buero"_s, u"Keller"_s, u"PDF-Datei"_s }));
-        EXPECT_EQ(list.selected, c.selected);
+        EXPECT_EQ(list.selected, selected);
     }
 }
 

@@ -29,31 +29,20 @@ private:
     // The first node after `from` whose parent is `parent`.
     int after(int from, int parent) const
     {
-        for (size_t i = static_cast<size_t>(from + 1); i < m_nodes.size(); ++i) {
-            if (m_nodes[i].second == parent)
-                return static_cast<int>(i);
-        }
-        return -1;
+        const auto it = std::find_if(m_nodes.begin() + (from + 1), m_nodes.end(),
+            [parent](const std::pair<QString, int> &node) { return node.second == parent; });
+        return it == m_nodes.end() ? -1 : static_cast<int>(it - m_nodes.begin());
     }
 
     std::vector<std::pair<QString, int>> m_nodes;
     int m_selected;
 };
 
-struct Twips
+// The texts below the four of the title block.
+std::vector<Placed> nodeTexts(const RecordingPrinter &printer)
 {
-    QString text;
-    double x;
-    double y;
-};
-
-std::vector<Twips> nodeTexts(const RecordingPrinter &printer, size_t skip)
-{
-    std::vector<Twips> texts;
-    const std::vector<RecordingPrinter::Item> items = printer.texts();
-    for (size_t i = skip; i < items.size(); ++i)
-        texts.push_back({ items[i].text, items[i].x * twipsPerCm, items[i].y * twipsPerCm });
-    return texts;
+    const std::vector<Placed> placed = placedTexts(printer);
+    return { placed.begin() + 4, placed.end() };
 }
 
 PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int connectorStyle = 1, int printStyle = 1)
@@ -92,28 +81,17 @@ TEST(cPrinttvw, ConnectorsAndIndents)
     const double y1 = 5.75 * twipsPerCm + h; // under the root
     const double y2 = y1 + 50 + h;
     const double y3 = y2 + 50 + h;
-    struct Case
-    {
-        const char *what;
-        int connectorStyle;
-        size_t lines;
-    };
-    for (const Case &c : { Case { "connector lines", 1, 7 }, Case { "indents alone", 2, 0 } }) {
-        SCOPED_TRACE(c.what);
+    const auto at = [](double x, double y, const QString &text) { return Placed { 1, x / twipsPerCm, y / twipsPerCm, text }; };
+    const std::vector<Placed> expected
+        = { at(550, y1 - h, u"Jazz (d:)"_s), at(970, y1 + 50, u"A"_s), at(1390, y2 + 50, u"A1"_s), at(970, y3 + 50, u"B"_s) };
+    for (const auto &[connectorStyle, lineCount] : { std::pair { 1, 7u }, std::pair { 2, 0u } }) {
+        SCOPED_TRACE(connectorStyle == 1 ? "connector lines" : "indents alone");
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(printTree(printer, kTree, c.connectorStyle).printed());
-        const std::vector<Twips> texts = nodeTexts(printer, 4);
-        ASSERT_EQ(texts.size(), 4u);
-        const std::vector<Twips> expected
-            = { { u"Jazz (d:)"_s, 550, y1 - h }, { u"A"_s, 970, y1 + 50 }, { u"A1"_s, 1390, y2 + 50 }, { u"B"_s, 970, y3 + 50 } };
-        for (size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_EQ(texts[i].text, expected[i].text);
-            EXPECT_NEAR(texts[i].x, expected[i].x, 1e-6) << i;
-            EXPECT_NEAR(texts[i].y, expected[i].y, 1e-6) << i;
-        }
+        ASSERT_TRUE(printTree(printer, kTree, connectorStyle).printed());
+        EXPECT_EQ(nodeTexts(printer), expected);
         const std::vector<RecordingPrinter::Item> lines = printer.lines();
-        ASSERT_EQ(lines.size(), c.lines);
-        if (c.lines == 0)
+        ASSERT_EQ(lines.size(), lineCount);
+        if (lineCount == 0)
             continue;
         // B's upright runs from where A's stub began (rounded to whole twips) down to B.
         const RecordingPrinter::Item &upright = lines[5];
@@ -130,10 +108,9 @@ TEST(cPrinttvw, SelectedBranchAloneWithPrintStyle2)
     RecordingPrinter printer(testPaper());
     ASSERT_TRUE(printTree(printer, ListedTree({ { u"R"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } }, 1), 1, 2)
                     .printed());
-    const std::vector<Twips> texts = nodeTexts(printer, 4);
-    ASSERT_EQ(texts.size(), 2u);
-    EXPECT_EQ(texts[0].text, u"A"_s);
-    EXPECT_EQ(texts[1].text, u"A1"_s);
+    std::vector<QString> texts;
+    std::ranges::transform(nodeTexts(printer), std::back_inserter(texts), &Placed::text);
+    EXPECT_EQ(texts, (std::vector<QString> { u"A"_s, u"A1"_s }));
 }
 
 // A wide folder runs onto page 2: its uprights there start at the top, and no title repeats.
@@ -160,25 +137,21 @@ TEST(cPrinttvw, PageChangeStartsUprightsAtTheTop)
 
 TEST(Print1Ordner, SizesFromTheBoxAndItsFailures)
 {
-    struct Case
-    {
-        const char *what;
-        QString size;
-        PrintOutcome::Status status;
-        int number;
+    const ListedTree empty({});
+    using enum PrintOutcome::Status;
+    const std::tuple<const char *, QString, const PrintableTree *, PrintOutcome::Status, int> cases[] = {
+        { "a size", u"12"_s, &kTree, Printed, 0 },
+        { "empty box", u""_s, &kTree, Untrapped, 13 },
+        { "beyond 16 bits", u"40000"_s, &kTree, Untrapped, 6 },
+        { "an empty tree fails after the title", u"10"_s, &empty, Untrapped, 91 },
     };
-    const Case cases[] = {
-        { "a size", u"12"_s, PrintOutcome::Status::Printed, 0 },
-        { "empty box", u""_s, PrintOutcome::Status::Untrapped, 13 },
-        { "beyond 16 bits", u"40000"_s, PrintOutcome::Status::Untrapped, 6 },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, size, tree, status, number] : cases) {
+        SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
-        const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, c.size, printMoment() }, u"Jazz"_s, kTree);
-        EXPECT_EQ(outcome.status, c.status);
-        EXPECT_EQ(outcome.failure.number, c.number);
-        if (c.status == PrintOutcome::Status::Printed) {
+        const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, size, printMoment() }, u"Jazz"_s, *tree);
+        EXPECT_EQ(std::tie(outcome.status, outcome.failure.number), std::tie(status, number));
+        EXPECT_EQ(printer.finished(), status == Printed);
+        if (status == Printed) {
             EXPECT_EQ(printer.texts()[1].text, u"* Archiv: Musik*** CD: Jazz"_s);
             EXPECT_EQ(printer.texts().back().font.size, 12);
         }
@@ -197,15 +170,6 @@ TEST(Print1Ordner, DeepLevelsEndWithTheirReportAndTheRestGoesOn)
     EXPECT_TRUE(outcome.printed());
     EXPECT_EQ(outcome.levelReports, QStringList { u"Error in Printing Maintree, please contact Support!"_s });
     EXPECT_EQ(printer.texts().back().text, u"Nachbar"_s);
-}
-
-TEST(Print1Ordner, EmptyTreeIsAnUntrappedFailureAfterTheTitle)
-{
-    RecordingPrinter printer(testPaper());
-    const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, u"10"_s, printMoment() }, u"Jazz"_s, ListedTree({}));
-    EXPECT_EQ(outcome.status, PrintOutcome::Status::Untrapped);
-    EXPECT_EQ(outcome.failure.number, 91);
-    EXPECT_FALSE(printer.finished());
 }
 
 } // namespace
