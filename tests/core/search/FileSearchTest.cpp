@@ -1,4 +1,5 @@
 #include "search/FileSearch.h"
+#include "search/ImageLineMatcher.h"
 
 #include "ArchiveBuilder.h"
 #include "TestPaths.h"
@@ -21,7 +22,6 @@ using Outcome = FileSearchOutcome;
 // with CR LF, and the empty end line.
 struct ImageFolder
 {
-    ImageFolder() { QDir().mkpath(datapaths::imageFolder(path())); }
     QString path() const { return m_dir.path(); }
     QString imagePath(int32_t id) const { return datapaths::imageFile(path(), id); }
     void write(int32_t id, const Texts &lines) const
@@ -106,8 +106,6 @@ TEST(FileSearch, HitsFollowTheCdsThenTheLines)
         (Texts { "7-Spiele-CD <\xC4lt><d:\\b\\START.exe|1|01.01.2003",
             "7-Spiele-CD <\xC4lt><d:\\a\\start.exe|1|01.01.2003", "2-Zwei<d:\\b\\start.exe|1|01.01.2003",
             "9-Neun<d:\\b\\START.exe|1|01.01.2003", "9-Neun<d:\\a\\start.exe|1|01.01.2003" }));
-    EXPECT_EQ(texts(search.searchOneCd(seven, u"a\\start"_s, false)),
-        Texts { "7-Spiele-CD <\xC4lt><d:\\a\\start.exe|1|01.01.2003" });
     ArchiveBuilder archive(data.path(), u"Test"_s);
     archive.cd(9, u"Neun"_s, u"Sta1|End1"_s, 20)
         .cd(2, u"Zwei"_s, u"Sta1|End1"_s, -1408263712)
@@ -181,6 +179,29 @@ TEST(FileSearch, WorkersKeepTheOrderAndStopOnCancel)
     EXPECT_EQ(stopped.outcome, Outcome::Cancelled);
     EXPECT_TRUE(stopped.hits.empty());
     EXPECT_LE(canceller.m_calls.load(), 6);
+}
+
+using Lines = std::vector<std::string_view>;
+
+// Blocks cut where blockEnd says give the lines of the whole text, whatever the block size,
+// a CR LF split across the cut included.
+TEST(ImageLineMatcher, BlockByBlockScanGivesTheLinesOfTheWhole)
+{
+    const std::string_view text = "Haus|1\r\nx\nhaus\r\rBaum\r\n\r\nHAUS\r\nhaus";
+    const ImageLineMatcher matcher("*haus*", ImageLineMatcher::Part::WholeLine);
+    Lines whole;
+    matcher.scan(text, whole);
+    ASSERT_EQ(whole, (Lines { "Haus|1", "x\nhaus", "HAUS", "haus" }));
+    for (size_t blockSize = 1; blockSize <= 9; ++blockSize) {
+        Lines blocked;
+        for (size_t from = 0; from < text.size();) {
+            const size_t to = ImageLineMatcher::blockEnd(text, from, blockSize);
+            ASSERT_GT(to, from);
+            matcher.scan(text.substr(from, to - from), blocked);
+            from = to;
+        }
+        EXPECT_EQ(blocked, whole) << "blocks of " << blockSize;
+    }
 }
 
 } // namespace

@@ -16,14 +16,8 @@ TEST(ServiceRequest, RequestLinesGoOutAsBuilt)
 {
     FakeHttpServer server;
     server.answer("5.0");
-    struct Case
-    {
-        const char *what;
-        QByteArray address;
-        QByteArray requestLine;
-    };
     const QString base = server.baseAddress();
-    const Case cases[] = {
+    const std::tuple<const char *, QByteArray, QByteArray> cases[] = { // what, address, request line
         { "update check", service::updateAddress(base, u"3"_s, u"anna"_s),
             "GET /members/Tolvan/updates.pl?value1=3|anna HTTP/1.0" },
         { "update check without a user", service::updateAddress(base, u"12"_s, QString()),
@@ -34,10 +28,10 @@ TEST(ServiceRequest, RequestLinesGoOutAsBuilt)
         { "empty wish", service::wishAddress(base, u"3"_s, QString(), QString(), QString()),
             "GET /members/Tolvan/wunsch.pl?value1=3||| HTTP/1.0" },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(service::httpGetOnce(c.address), QByteArray("5.0"));
-        EXPECT_EQ(server.requestLine().toStdString(), c.requestLine.toStdString());
+    for (const auto &[what, address, requestLine] : cases) {
+        SCOPED_TRACE(what);
+        EXPECT_EQ(service::httpGetOnce(address), QByteArray("5.0"));
+        EXPECT_EQ(server.requestLine().toStdString(), requestLine.toStdString());
         EXPECT_EQ(server.agent(), QByteArray("Wininet Test"));
     }
 }
@@ -48,16 +42,8 @@ TEST(ServiceRequest, RepliesAreReadOnceAndComparedAsText)
     FakeHttpServer server;
     const QByteArray address = service::updateAddress(server.baseAddress(), u"3"_s, u"anna"_s);
     const QByteArray errorPage = "<html><body>Not Found</body></html>";
-    struct Case
-    {
-        const char *what;
-        QByteArray body;
-        int status;
-        QByteArray reply;
-        bool newer;
-        bool thanks;
-    };
-    const Case cases[] = {
+    // What, body, status, the reply read, newer version, thanks.
+    const std::tuple<const char *, QByteArray, int, QByteArray, bool, bool> cases[] = {
         { "empty", "", 200, "", false, false },
         { "same version", "5.0", 200, "5.0", false, false },
         { "a point release", "5.0.1", 200, "5.0.1", true, false },
@@ -68,13 +54,12 @@ TEST(ServiceRequest, RepliesAreReadOnceAndComparedAsText)
         { "thanks", "Danke", 200, "Danke", true, true },
         { "thanks with a line end", "Danke\r\n", 200, "Danke\r\n", true, false },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
-        server.answer(c.body, c.status);
+    for (const auto &[what, body, status, expected, newer, thanks] : cases) {
+        SCOPED_TRACE(what);
+        server.answer(body, status);
         const QByteArray reply = service::httpGetOnce(address);
-        EXPECT_EQ(reply, c.reply);
-        EXPECT_EQ(service::isNewerVersion(reply), c.newer);
-        EXPECT_EQ(service::isThanks(reply), c.thanks);
+        EXPECT_EQ(std::tuple(reply, service::isNewerVersion(reply), service::isThanks(reply)),
+            std::tuple(expected, newer, thanks));
     }
     server.stayQuiet();
     EXPECT_EQ(service::httpGetOnce(address, 300ms), QByteArray());

@@ -8,8 +8,8 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -17,22 +17,17 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// A record as the format stores it: the short form below 65535 bytes, else the long one.
+// A record as the format stores it: lengths little-endian, the short form below 65535 bytes,
+// else the long one.
 QByteArray record(const QByteArray &name, const QByteArray &content)
 {
-    const auto length = [](qsizetype size) {
-        QByteArray field;
-        const auto put = [&field](quint32 value, int bytes) {
-            for (int i = 0; i < bytes; ++i, value >>= 8)
-                field.append(static_cast<char>(value & 0xFF));
-        };
-        if (size < 0xFFFF) {
-            put(static_cast<quint32>(size), 2);
-        } else {
-            put(0xFFFF, 2);
-            put(static_cast<quint32>(size), 4);
-        }
-        return field;
+    const auto le = [](quint32 value, int bytes) {
+        value = qToLittleEndian(value);
+        return QByteArray(reinterpret_cast<const char *>(&value), bytes);
+    };
+    const auto length = [&le](qsizetype size) {
+        const auto n = static_cast<quint32>(size);
+        return size < 0xFFFF ? le(n, 2) : QByteArray(le(0xFFFF, 2) + le(n, 4));
     };
     return length(name.size()) + name + length(content.size()) + content;
 }
@@ -68,9 +63,8 @@ TEST(Backup, RestoresByteIdenticallyIntoAnEmptyDataFolder)
     ASSERT_TRUE(restored.ok()) << restored.error.toStdString();
     EXPECT_EQ(restored.written.size(), 3);
     std::map<QString, QByteArray> expected = filesBelow(data);
-    expected.erase(u"archive/def.ini"_s);
-    expected.erase(u"archive/def2.ini"_s);
-    expected.erase(u"lws/temp.tm1"_s);
+    for (const QString &notBackedUp : { u"archive/def.ini"_s, u"archive/def2.ini"_s, u"lws/temp.tm1"_s })
+        expected.erase(notBackedUp);
     EXPECT_EQ(filesBelow(empty.path()), expected);
 
     // Written again over the old one, the backup replaces it rather than growing behind it.
@@ -107,13 +101,7 @@ TEST(Backup, RefusedFilesWriteNothing)
     QTemporaryDir dir;
     const QByteArray inner = record("C:\\A\\Archive\\Neu.mdb", "db") + record("C:\\A\\LWS\\1.dat", "img");
     const QByteArray whole = record("C:\\TmpC.txt", " 2 \r\n") + record("C:\\b.bup2", inner);
-    struct Case
-    {
-        const char *what;
-        QByteArray bytes;
-        bool archiveThere;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, QByteArray, bool> cases[] = { // what, bytes, archive there
         { "cut short", whole.left(whole.size() - 3), false },
         { "empty", {}, false },
         { "foreign", "%PDF-1.4 no backup at all", false },
@@ -122,20 +110,20 @@ TEST(Backup, RefusedFilesWriteNothing)
         { "inner records run past their stream", record("C:\\TmpC.txt", " 2 \r\n") + record("C:\\b.bup2", inner.left(12)), false },
         { "the archive is there and stays", whole, true },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, bytes, archiveThere] : cases) {
+        SCOPED_TRACE(what);
         QTemporaryDir data;
-        if (c.archiveThere)
+        if (archiveThere)
             writeFile(data.filePath(u"archive/Neu.mdb"_s), "mine");
         const auto before = filesBelow(data.path());
-        writeFile(dir.filePath(u"b.bup"_s), c.bytes);
+        writeFile(dir.filePath(u"b.bup"_s), bytes);
         bool asked = false;
         const backup::RestoreResult restored = backup::restore(dir.filePath(u"b.bup"_s), data.path(), [&](const QString &name) {
             asked = name == u"Neu"_s;
             return false;
         });
         EXPECT_FALSE(restored.ok());
-        EXPECT_EQ(asked, c.archiveThere);
+        EXPECT_EQ(asked, archiveThere);
         EXPECT_EQ(filesBelow(data.path()), before);
     }
 }

@@ -27,6 +27,14 @@ const QByteArray kHead = "<HTML>\r\n<HEAD>\r\n<TITLE>Silberbuch Datenexport</TIT
                          "<TABLE WIDTH=100% CELLPADDING=0 CELLSPACING=2 BORDER=0>\r\n<TR BGCOLOR=#D7D7D7>\r\n"
                          "  <TH>Nr.\r\n</TH>\r\n  <TH>Name\r\n</TH>\r\n  <TH>Seriennummer\r\n</TH>\r\n  <TH>Inhalt\r\n</TH>\r\n</TR>\r\n";
 
+// One table row: number, title, serial number, the comment items each with its break.
+QByteArray row(const QByteArray &number, const QByteArray &title, const QByteArray &serial, const QByteArray &content)
+{
+    const QByteArray cell = "  <TD valign=_top>";
+    return "<TR>" + cell + number + "</TD>\r\n" + cell + title + "</TD>\r\n" + cell + serial + "</TD>\r\n" + cell
+        + content + "</TD>\r\n</TR>";
+}
+
 // One page written by hand from the rules: umlauts and quotes as entities, "&" and markup as
 // they are, a NULL cell, an empty one, a title that starts like a comment.
 TEST(HtmlExport, OnePageByteForByte)
@@ -43,22 +51,10 @@ TEST(HtmlExport, OnePageByteForByte)
     ASSERT_TRUE(result.ok());
     EXPECT_EQ(result.pages, QStringList { path });
     const QByteArray expected = kHead
-        + "<TR>  <TD valign=_top>1</TD>\r\n  <TD valign=_top>Gr&uuml;&szlig;e & &quot;&Ouml;l&quot; <b></TD>\r\n"
-          "  <TD valign=_top>4711</TD>\r\n  <TD valign=_top>Musik<BR>\r\nJazz<BR>\r\n<BR>\r\n</TD>\r\n</TR>"
-          "<TR>  <TD valign=_top>2</TD>\r\n  <TD valign=_top>&nbsp;</TD>\r\n  <TD valign=_top>0</TD>\r\n"
-          "  <TD valign=_top></TD>\r\n</TR>"
-          "<TR>  <TD valign=_top>3</TD>\r\n  <TD valign=_top>Titel<BR>\r\n<BR>\r\n</TD>\r\n  <TD valign=_top>0</TD>\r\n"
-          "  <TD valign=_top><BR>\r\n<BR>\r\n</TD>\r\n</TR>"
-          "</TABLE>\r\n<P><B>Anzahl der CDs: 3</B></P>\r\n</BODY>\r\n</HTML>\r\n";
+        + row("1", "Gr&uuml;&szlig;e & &quot;&Ouml;l&quot; <b>", "4711", "Musik<BR>\r\nJazz<BR>\r\n<BR>\r\n")
+        + row("2", "&nbsp;", "0", "") + row("3", "Titel<BR>\r\n<BR>\r\n", "0", "<BR>\r\n<BR>\r\n")
+        + "</TABLE>\r\n<P><B>Anzahl der CDs: 3</B></P>\r\n</BODY>\r\n</HTML>\r\n";
     EXPECT_EQ(fileBytes(path), expected);
-}
-
-// The row of CD i of cds(): number, title, no image, an empty comment list.
-QByteArray cdRow(int i)
-{
-    const QByteArray n = QByteArray::number(i);
-    return "<TR>  <TD valign=_top>" + n + "</TD>\r\n  <TD valign=_top>CD " + n
-        + "</TD>\r\n  <TD valign=_top>0</TD>\r\n  <TD valign=_top><BR>\r\n<BR>\r\n</TD>\r\n</TR>";
 }
 
 // Every page of 0, 1, 15, 16 and 31 CDs byte for byte: 15 CDs a page, the running count, the
@@ -83,7 +79,7 @@ TEST(HtmlExport, PagesByteForByte)
             QByteArray expected = kHead;
             const int last = std::min(count, page * 15);
             for (int i = (page - 1) * 15 + 1; i <= last; ++i)
-                expected += cdRow(i);
+                expected += row(QByteArray::number(i), "CD " + QByteArray::number(i), "0", "<BR>\r\n<BR>\r\n");
             expected += "</TABLE>\r\n<P><B>Anzahl der CDs: " + QByteArray::number(last) + "</B></P>\r\n";
             if (pages > 1) {
                 expected += "<HR SIZE=1>\r\n<P>";

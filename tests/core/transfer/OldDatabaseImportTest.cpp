@@ -44,40 +44,34 @@ TEST(OldDatabaseImport, TheExampleGivesItsTwoRows)
 
 TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
 {
-    struct Case
-    {
-        const char *what;
-        QByteArray ini;
-        QStringList rows;
-        const char *error;
-    };
-    const Case cases[] = {
-        { "empty file", "", {}, "" },
-        { "no section heads", "Name=x\r\nnoch was\r\n", {}, "" },
-        { "NO in capitals is no image", "[A]\r\nSeriennummer=NO\r\neins\r\n\r\n", { u"1|A|0|Sta1|eins||End1"_s }, "" },
+    // What, the file, the rows of the archive, the error reported.
+    const std::tuple<const char *, QByteArray, QStringList, QString> cases[] = {
+        { "empty file", "", {}, {} },
+        { "no section heads", "Name=x\r\nnoch was\r\n", {}, {} },
+        { "NO in capitals is no image", "[A]\r\nSeriennummer=NO\r\neins\r\n\r\n", { u"1|A|0|Sta1|eins||End1"_s }, {} },
         { "the prefix counts with case", "[A]\r\nseriennummer=123\r\neins\r\n\r\n",
-            { u"1|A|0|Sta1|seriennummer=123|eins|End1"_s }, "" },
-        { "a missing image file leaves the id out", "[A]\r\nSeriennummer=77\r\n\r\n", { u"1|A|0|Sta1||End1"_s }, "" },
+            { u"1|A|0|Sta1|seriennummer=123|eins|End1"_s }, {} },
+        { "a missing image file leaves the id out", "[A]\r\nSeriennummer=77\r\n\r\n", { u"1|A|0|Sta1||End1"_s }, {} },
         { "heads differing in case both get the first's lines",
             "[A]\r\nSeriennummer=no\r\neins\r\n\r\n[a]\r\nSeriennummer=no\r\nzwei\r\n\r\n",
-            { u"1|A|0|Sta1|eins||End1"_s, u"2|a|0|Sta1|eins||End1"_s }, "" },
-        { "an empty head leaves a gap", "[]\r\nx\r\n\r\n[B]\r\nSeriennummer=no\r\ny\r\n\r\n", { u"2|B|0|Sta1|y||End1"_s }, "" },
+            { u"1|A|0|Sta1|eins||End1"_s, u"2|a|0|Sta1|eins||End1"_s }, {} },
+        { "an empty head leaves a gap", "[]\r\nx\r\n\r\n[B]\r\nSeriennummer=no\r\ny\r\n\r\n", { u"2|B|0|Sta1|y||End1"_s }, {} },
         { "a head without a blank line before it is a comment line",
             "[A]\r\nSeriennummer=no\r\neins\r\n[B]\r\nSeriennummer=no\r\n\r\n",
-            { u"1|A|0|Sta1|eins|[B]|End1"_s, u"2|B|0|Sta1||End1"_s }, "" },
-        { "a stop line right behind the head", "[A]\r\n\r\n[B]\r\nx", { u"1|A|0|Sta1|End1"_s, u"2|B|0|Sta1|End1"_s }, "" },
+            { u"1|A|0|Sta1|eins|[B]|End1"_s, u"2|B|0|Sta1||End1"_s }, {} },
+        { "a stop line right behind the head", "[A]\r\n\r\n[B]\r\nx", { u"1|A|0|Sta1|End1"_s, u"2|B|0|Sta1|End1"_s }, {} },
         { "the last line a head: the sections before stay", "[A]\r\nSeriennummer=no\r\neins\r\n\r\n[B]",
-            { u"1|A|0|Sta1|eins||End1"_s }, "Fehler! Fehlernummer: 9 Description: Index außerhalb des gültigen Bereichs" },
+            { u"1|A|0|Sta1|eins||End1"_s }, u"Fehler! Fehlernummer: 9 Description: Index außerhalb des gültigen Bereichs"_s },
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto &[what, ini, rows, error] : cases) {
+        SCOPED_TRACE(what);
         QTemporaryDir dir;
-        writeFile(dir.filePath(u"Alt/Daten/alt.ini"_s), c.ini);
+        writeFile(dir.filePath(u"Alt/Daten/alt.ini"_s), ini);
         const QString data = dir.filePath(u"data"_s);
         const olddatabase::ImportResult result
             = olddatabase::importIni(dir.filePath(u"Alt/Daten/alt.ini"_s), data, u"alt.ini"_s);
-        EXPECT_EQ(result.error, QString::fromUtf8(c.error));
-        EXPECT_EQ(rowsOf(datapaths::archiveFile(data, u"alt.ini"_s)), c.rows);
+        EXPECT_EQ(result.error, error);
+        EXPECT_EQ(rowsOf(datapaths::archiveFile(data, u"alt.ini"_s)), rows);
     }
 }
 
