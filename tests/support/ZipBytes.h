@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestPaths.h"
+
 #include <QFile>
 
 #include <cstdint>
@@ -31,11 +33,8 @@ inline std::string zipEntries(int count)
     return out;
 }
 
-// Writes `bytes` to `path` and gives the path in file system bytes.
+// Writes `bytes` to `path` (a failure fails the test) and gives the path in file system bytes.
 inline std::string writeZip(const QString &path, const std::string &bytes)
 {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-    return QFile::encodeName(path).toStdString();
+    return QFile::encodeName(writeFile(path, QByteArray::fromStdString(bytes))).toStdString();
 }

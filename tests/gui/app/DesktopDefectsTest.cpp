@@ -35,34 +35,27 @@ TEST(DesktopDefects, QtsOwnButtonsSpeakGerman)
 // the desktop has no program to show it.
 TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
 {
-    struct Case
-    {
-        const char *what;
-        QByteArray present; // empty: no page yet
-        bool desktopRefuses;
-    };
-    const Case cases[] = {
-        { "no page yet", {}, false },
-        { "the user's own page", "<html>meine Hilfe</html>", false },
-        { "no program for it", {}, true },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    // the page there before (empty: none), the desktop refuses to open it
+    const std::tuple<const char *, QByteArray, bool> cases[] = { { "no page yet", {}, false },
+        { "the user's own page", "<html>meine Hilfe</html>", false }, { "no program for it", {}, true } };
+    for (const auto &[what, present, desktopRefuses] : cases) {
+        SCOPED_TRACE(what);
         MainWindowRun m;
         m.show();
         const QString page = programFolder() + u"/Hilfe.html"_s;
         QFile::remove(page);
-        if (!c.present.isEmpty())
-            writeFile(page, c.present);
+        if (!present.isEmpty())
+            writeFile(page, present);
         shellopen::ShellRecorder shell;
-        if (c.desktopRefuses)
+        if (desktopRefuses)
             shell.refuse();
         m.main->hilfe_Click();
-        EXPECT_EQ(fileBytes(page), c.present.isEmpty() ? fileBytes(resources::helpPage()) : c.present);
+        EXPECT_EQ(fileBytes(page), present.isEmpty() ? fileBytes(resources::helpPage()) : present);
         EXPECT_EQ(shell.opened(), QList<QUrl> { QUrl::fromLocalFile(page) });
         EXPECT_EQ(m.run.prompts().messages(),
-            c.desktopRefuses ? QStringList { u"Es ist kein Programm zum Öffnen von "_s + page + u" eingerichtet."_s }
-                             : QStringList());
+            desktopRefuses
+                ? QStringList { u"Es ist kein Programm zum Öffnen von "_s + page + u" eingerichtet."_s }
+                : QStringList());
     }
 }
 
@@ -72,26 +65,17 @@ TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
 // tray the window hides behind its icon. The start with -minimized does the same, silently.
 TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
 {
-    struct Case
-    {
-        const char *what;
-        bool trayThere;
-        bool byMenu; // "In Tray" twice, else the start's -minimized
-        bool visible;
-        bool minimized;
-        int messages;
-    };
-    const Case cases[] = {
-        { "menu, tray there", true, true, false, false, 0 },
-        { "menu, no tray: told once", false, true, true, true, 1 },
-        { "minimized start, no tray", false, false, true, true, 0 },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.what);
+    // tray there, by the menu ("In Tray" twice, else the start's -minimized), visible, minimized, messages
+    const std::tuple<const char *, bool, bool, bool, bool, int> cases[]
+        = { { "menu, tray there", true, true, false, false, 0 },
+              { "menu, no tray: told once", false, true, true, true, 1 },
+              { "minimized start, no tray", false, false, true, true, 0 } };
+    for (const auto &[what, trayThere, byMenu, visible, minimized, messages] : cases) {
+        SCOPED_TRACE(what);
         MainWindowRun m;
         m.show();
-        const tray::TrayOverride tray(c.trayThere);
-        if (c.byMenu) {
+        const tray::TrayOverride tray(trayThere);
+        if (byMenu) {
             m.main->mntray_Click();
             m.main->showNormal();
             m.main->mntray_Click();
@@ -99,10 +83,9 @@ TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
             m.main->goToTray();
         }
         m.run.settle();
-        EXPECT_EQ(m.main->isVisible(), c.visible);
-        EXPECT_EQ(m.main->isMinimized(), c.minimized);
-        EXPECT_EQ(m.main->trayIcon()->isVisible(), c.trayThere);
-        EXPECT_EQ(m.run.prompts().messages().size(), c.messages);
+        EXPECT_EQ(std::tuple(m.main->isVisible(), m.main->isMinimized(), m.main->trayIcon()->isVisible(),
+                      m.run.prompts().messages().size()),
+            std::tuple(visible, minimized, trayThere, messages));
     }
 }
 

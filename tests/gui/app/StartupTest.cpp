@@ -10,24 +10,20 @@ using namespace Qt::StringLiterals;
 
 TEST(Startup, EachKindOfStartLeadsToItsWindow)
 {
-    // The rules are the core's start table; here one start leads to each window.
-    enum Folder { NoFolder, EmptyFolder, ArchivesAB }; // the default archive is B
-    // name, folder, Start and autoarchiv before (nullptr: missing), command line, the window, Start
-    // after, and "notice" or "tray".
+    // The rules are the core's start table; here one start leads to each window. The default archive is B.
+    // name, archives A and B there, Start and autoarchiv before (nullptr: missing), command line, the
+    // window, Start after, and "notice" or "tray".
     using S = const char *;
-    const std::tuple<S, Folder, S, S, S, S, S, S> cases[] = {
-        { "first start", NoFolder, nullptr, nullptr, "", "Form3", "1", "" },
-        { "archive folder without a file", EmptyFolder, "7", "0", "", "Form3", "1", "" },
-        { "asking, -minimized", ArchivesAB, "1", "1", "-minimized", "openarchiv", "2", "notice" },
-        { "automatic", ArchivesAB, "1", "0", "", "Hauptfenster", "2", "" },
-        { "automatic, -minimized", ArchivesAB, "1", "0", "-minimized", "Hauptfenster", "2", "tray" },
+    const std::tuple<S, bool, S, S, S, S, S, S> cases[] = {
+        { "first start", false, nullptr, nullptr, "", "Form3", "1", "" },
+        { "asking, -minimized", true, "1", "1", "-minimized", "openarchiv", "2", "notice" },
+        { "automatic", true, "1", "0", "", "Hauptfenster", "2", "" },
+        { "automatic, -minimized", true, "1", "0", "-minimized", "Hauptfenster", "2", "tray" },
     };
-    for (const auto &[name, folder, start, autoarchiv, commandLine, window, counted, extra] : cases) {
+    for (const auto &[name, archives, start, autoarchiv, commandLine, window, counted, extra] : cases) {
         SCOPED_TRACE(name);
         DesktopRun run(QString::fromLatin1(commandLine));
-        if (folder != NoFolder)
-            QDir().mkpath(datapaths::archiveFolder(run.home()));
-        if (folder == ArchivesAB) { // two, so that the chooser does not open one by itself
+        if (archives) { // two, so that the chooser does not open one by itself
             run.archive(u"A"_s);
             run.archive(u"B"_s);
         }

@@ -77,52 +77,45 @@ TEST(openarchiv, DefaultAndDeleteWorkOnTheSelection)
     EXPECT_EQ(entries(list(shown)), QStringList { u"B"_s });
 }
 
-TEST(openarchiv, CancelEndsTheRunAtAStartAndReturnsWhileChangingAndEndUnloadsAll)
+// Cancel ends the run at a start and returns to the main window while changing, the archive
+// unchanged. After the open archive was deleted nothing is left to return to: cancel keeps the
+// chooser and says why, and closing it ends the run.
+TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
 {
-    for (const bool changing : { false, true }) {
-        SCOPED_TRACE(changing ? "changing" : "at a start");
+    // changing, open archive deleted, the run ended, the main window back
+    const std::tuple<bool, bool, bool, bool> cases[]
+        = { { false, false, true, false }, { true, false, false, true }, { true, true, false, false } };
+    for (const auto &[changing, deleted, ends, returns] : cases) {
+        SCOPED_TRACE(std::to_string(changing) + std::to_string(deleted));
         DesktopRun run;
         run.openArchive(u"A"_s);
         run.session().changingArchive = changing;
         bool ended = false;
         QObject::connect(&run.program(), &Program::allUnloaded, [&ended] { ended = true; });
         openarchiv *shown = chooser(run);
-        textBox(shown)->setText(u"B"_s);
+        textBox(shown)->setText(deleted ? u"A"_s : u"B"_s);
+        if (deleted) {
+            run.prompts().answerMessage(Prompts::Answer::Yes);
+            shown->mdelete_Click();
+            ASSERT_FALSE(QFileInfo::exists(run.session().archivePath));
+        }
         shown->Command3_Click();
         run.settle();
-        EXPECT_EQ(std::pair(ended, run.form<Hauptfenster>() != nullptr), std::pair(!changing, changing));
+        EXPECT_EQ(std::tuple(ended, run.form<Hauptfenster>() != nullptr, run.form<openarchiv>()),
+            std::tuple(ends, returns, deleted ? shown : nullptr));
         EXPECT_EQ(run.session().archiveName, u"A"_s) << "the archive is not changed";
-        if (changing) {
+        if (deleted) {
+            EXPECT_EQ(run.prompts().messages().last(),
+                u"Das geöffnete Archiv wurde gelöscht. Bitte wählen Sie ein anderes Archiv aus."_s);
+            shown->close();
+            run.settle();
+            EXPECT_TRUE(ended);
+        } else if (changing) {
             run.program().show<openarchiv>()->Command4_Click();
             run.settle();
             EXPECT_EQ(run.program().loadedCount(), 0) << "the end button unloads every window";
         }
     }
-}
-
-// Deleting the open archive leaves nothing to return to: cancel keeps the chooser and says
-// why, closing it ends the run, choosing another archive goes on with that one.
-TEST(openarchiv, AfterDeletingTheOpenArchiveOnlyAnotherArchiveOrTheEndRemains)
-{
-    DesktopRun run;
-    run.session().changingArchive = true;
-    openarchiv *shown = chooser(run);
-    run.openArchive(u"A"_s);
-    bool ended = false;
-    QObject::connect(&run.program(), &Program::allUnloaded, [&ended] { ended = true; });
-    textBox(shown)->setText(u"A"_s);
-    run.prompts().answerMessage(Prompts::Answer::Yes);
-    shown->mdelete_Click();
-    ASSERT_FALSE(QFileInfo::exists(run.session().archivePath));
-    shown->Command3_Click();
-    run.settle();
-    EXPECT_EQ(run.form<openarchiv>(), shown);
-    EXPECT_EQ(run.form<Hauptfenster>(), nullptr);
-    EXPECT_EQ(run.prompts().messages().last(),
-        u"Das geöffnete Archiv wurde gelöscht. Bitte wählen Sie ein anderes Archiv aus."_s);
-    shown->close();
-    run.settle();
-    EXPECT_TRUE(ended);
 }
 
 TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)

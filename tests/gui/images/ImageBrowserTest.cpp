@@ -53,8 +53,8 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
     QAbstractItemModelTester tester(
         m_browser->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     const std::tuple<QString, QString, QString> cases[] = { // node, files, current folder
-        { u""_s, u"liesmich.txt"_s, u"d:"_s }, { u"Bilder"_s, u"haus.jpg|garten.jpg"_s, u"d:\\Bilder"_s },
-        { u"Bilder/alt.zip"_s, u"2001/haus.jpg|2001/garten.jpg|"_s, u"d:\\Bilder\\alt.zip"_s }
+        { u"Bilder/alt.zip"_s, u"2001/haus.jpg|2001/garten.jpg|"_s, u"d:\\Bilder\\alt.zip"_s },
+        { u"Bilder"_s, u"haus.jpg|garten.jpg"_s, u"d:\\Bilder"_s }
     };
     for (const auto &[path, files, folder] : cases) {
         SCOPED_TRACE(path.toStdString());
@@ -62,7 +62,6 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFiles)
         EXPECT_EQ(column(0), files);
         EXPECT_EQ(m.run.session().currentFolder, folder);
     }
-    m.clickNode(u"Bilder"_s);
     EXPECT_EQ(column(1) + u'|' + column(2), u"482113|501772|28.07.2002 18:02:44|28.07.2002 18:02:50"_s);
 }
 
@@ -100,10 +99,9 @@ TEST_F(ImageBrowserTest, ColumnsTakeTheirSharesAtEveryLoadAndWidth)
         else
             m.clickNode(u"Bilder"_s);
         m.run.settle();
-        const int listWidth = list->width();
-        EXPECT_EQ(list->columnWidth(0), listWidth * 2935 / 5010);
-        EXPECT_EQ(list->columnWidth(1), listWidth * 639 / 5010);
-        EXPECT_EQ(list->columnWidth(2), listWidth * 1352 / 5010);
+        const int w = list->width();
+        EXPECT_EQ(std::tuple(list->columnWidth(0), list->columnWidth(1), list->columnWidth(2)),
+            std::tuple(w * 2935 / 5010, w * 639 / 5010, w * 1352 / 5010));
     }
 }
 

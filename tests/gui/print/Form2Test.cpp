@@ -21,30 +21,37 @@ namespace {
 class Form2Test : public ::testing::Test
 {
 protected:
-    Form2 *openForm2()
+    // Shows the main window with the CD `selected` (0: none) and opens the print dialog from it.
+    Form2 *openForm2(int selected = 0)
     {
+        m_main.show();
+        if (selected)
+            m_main.select(selected);
         m_main.control<QAction>("printt")->trigger();
         m_main.run.settle();
         return m_main.run.form<Form2>();
     }
 
-    // Answers the file dialog of "PDF-Datei" with a file of the test's own.
-    QString answerPdf(const QString &name)
+    // Clicks the print button with the file dialog of "PDF-Datei" answered by a file of the
+    // test's own; gives the file's text, and its page count in m_pages.
+    QString printToPdf(Form2 *form, const char *button, const QString &name)
     {
         const QString path = m_out.filePath(name);
         m_main.run.prompts().answerFile(Prompts::FileAnswer { path, 0 });
-        return path;
+        control<QPushButton>(form, button)->click();
+        m_main.run.settle();
+        m_pages = pdfPages(path);
+        return pdfText(path);
     }
 
     MainWindowRun m_main;
     QTemporaryDir m_out;
+    int m_pages = -1;
 };
 
 TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
 {
-    m_main.show();
-    m_main.select(7);
-    Form2 *form = openForm2();
+    Form2 *form = openForm2(7);
     ASSERT_NE(form, nullptr);
     for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
         EXPECT_TRUE(control<QRadioButton>(form, option)->isEnabled()) << option;
@@ -54,14 +61,11 @@ TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
     screenshot(form, u"Form2-Steckbrief"_s);
     EXPECT_EQ(control<QComboBox>(form, "cboPrinters")->currentText(), u"PDF-Datei"_s);
 
-    const QString pdf = answerPdf(u"steckbrief.pdf"_s);
-    control<QPushButton>(form, "Command7")->click();
-    m_main.run.settle();
-    EXPECT_EQ(pdfPages(pdf), 1);
     // pdftotext lays the blanks out anew.
-    const QString text = pdfText(pdf).simplified();
-    for (const QString &expected : { u"Archiv: Test CD: Abc"_s, u"Kommentare zur CD:"_s, u"eins"_s, u"zwei"_s,
-             u"Seriennummer: 1001"_s })
+    const QString text = printToPdf(form, "Command7", u"steckbrief.pdf"_s).simplified();
+    EXPECT_EQ(m_pages, 1);
+    for (const QString &expected :
+        { u"Archiv: Test CD: Abc"_s, u"Kommentare zur CD:"_s, u"eins"_s, u"zwei"_s, u"Seriennummer: 1001"_s })
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
     EXPECT_FALSE(form->CancelPrint());
     // The sheet's print leaves the dialog open.
@@ -70,7 +74,6 @@ TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
 
 TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
 {
-    m_main.show();
     Form2 *form = openForm2();
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(control<QRadioButton>(form, "Option1")->isEnabled());
@@ -91,10 +94,7 @@ TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
     size->setText(u"10"_s);
 
     control<QCheckBox>(form, "chkStandard2")->setChecked(true);
-    const QString pdf = answerPdf(u"liste.pdf"_s);
-    control<QPushButton>(form, "Command4")->click();
-    m_main.run.settle();
-    const QString text = pdfText(pdf);
+    const QString text = printToPdf(form, "Command4", u"liste.pdf"_s);
     EXPECT_TRUE(text.contains(u"--- Archiv: Test. Liste der CD-Titel Stand:"_s)) << text.toStdString();
     EXPECT_LT(text.indexOf(u"Nr. 3 birne"_s), text.indexOf(u"Nr. 7 Abc"_s));
     EXPECT_TRUE(text.contains(u"- Ende der Liste -"_s));
@@ -104,9 +104,7 @@ TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
 
 TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 {
-    m_main.show();
-    m_main.select(12);
-    Form2 *form = openForm2();
+    Form2 *form = openForm2(12);
     control<QRadioButton>(form, "Option3")->setChecked(true);
     control<QPushButton>(form, "Command3")->click();
     EXPECT_TRUE(control<QCheckBox>(form, "Check1")->isVisible());
@@ -118,19 +116,13 @@ TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 
 TEST_F(Form2Test, FolderTreeFromTheImageTab)
 {
-    m_main.show();
-    m_main.select(7);
-    Form2 *form = openForm2();
+    Form2 *form = openForm2(7);
     control<QRadioButton>(form, "Option4")->setChecked(true);
     control<QPushButton>(form, "Command3")->click();
     EXPECT_EQ(m_main.paneShown(), u"fr_2"_s);
-    const QString pdf = answerPdf(u"ordner.pdf"_s);
-    control<QPushButton>(form, "Command4")->click();
-    m_main.run.settle();
-    const QString text = pdfText(pdf);
-    EXPECT_TRUE(text.contains(u"Ordnerstruktur"_s));
-    EXPECT_TRUE(text.contains(u"* Archiv: Test*** CD: Abc"_s));
-    EXPECT_TRUE(text.contains(u"Abc (d:)"_s)) << text.toStdString();
+    const QString text = printToPdf(form, "Command4", u"ordner.pdf"_s);
+    for (const QString &expected : { u"Ordnerstruktur"_s, u"* Archiv: Test*** CD: Abc"_s, u"Abc (d:)"_s })
+        EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
 }
 
 // A stored printer that has gone leaves the lists without a selection; a preset device that
@@ -138,7 +130,6 @@ TEST_F(Form2Test, FolderTreeFromTheImageTab)
 TEST_F(Form2Test, GonePrinterAndPresetDevice)
 {
     m_main.run.program().settings().setGroupValue(u"Printer"_s, u"Device"_s, u"Abgebaut"_s);
-    m_main.show();
     Form2 *form = openForm2();
     for (const char *list : { "cboPrinters", "cboPrinters2" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentIndex(), -1) << list;

@@ -19,21 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList manyCds(int count)
+// The title list of `count` CDs, printed as a long print-out.
+PrintOutcome printList(Printer &target, int count)
 {
     QStringList entries;
     for (int i = 1; i <= count; ++i)
         entries << u"%1 CD %1"_s.arg(i);
-    return entries;
-}
-
-QWidget *waitWindow()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == u"wait"_s && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
+    return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, entries);
 }
 
 // A long print-out shows its pages as they go; a cancel there ends the job, and the file it
@@ -42,25 +34,24 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
 {
     PromptScript prompts;
     QTemporaryDir dir;
-    const QString path = dir.filePath(u"liste.pdf"_s);
-    writeFile(path, "alte Liste");
+    const QString path = writeFile(dir.filePath(u"liste.pdf"_s), "alte Liste");
 
     QString progress;
     QTimer poll;
     poll.setInterval(0);
     QObject::connect(&poll, &QTimer::timeout, [&] {
-        QWidget *waiting = waitWindow();
-        if (!waiting)
-            return;
-        progress = control<QLabel>(waiting, "lblProgress")->text();
-        if (progress == u"Seite 3"_s)
-            control<QPushButton>(waiting, "cmdCancel")->click();
+        for (QWidget *waiting : QApplication::topLevelWidgets()) {
+            if (waiting->objectName() != u"wait"_s || !waiting->isVisible())
+                continue;
+            progress = control<QLabel>(waiting, "lblProgress")->text();
+            if (progress == u"Seite 3"_s)
+                control<QPushButton>(waiting, "cmdCancel")->click();
+        }
     });
     poll.start();
     PdfPrinter printer(path);
-    const bool printed = printrun::print(nullptr, printer, std::nullopt, [](Printer &target) {
-        return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, manyCds(2000));
-    });
+    const bool printed = printrun::print(
+        nullptr, printer, std::nullopt, [](Printer &target) { return printList(target, 2000); });
     poll.stop();
     EXPECT_FALSE(printed);
     EXPECT_EQ(progress, u"Seite 3"_s);
@@ -85,9 +76,7 @@ TEST(PrintRun, PreviewShowsThePages)
         dialog->reject();
     });
     poll.start();
-    printrun::preview(nullptr, std::nullopt, [](Printer &target) {
-        return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, manyCds(200));
-    });
+    printrun::preview(nullptr, std::nullopt, [](Printer &target) { return printList(target, 200); });
     poll.stop();
     EXPECT_GE(pages, 3);
     EXPECT_TRUE(prompts.shown().empty());

@@ -41,10 +41,8 @@ protected:
         click("Command4");
         // PNG pictures load as well as the others, so the filter offers them too.
         const auto &shown = m_prompts.shown();
-        const auto asked = std::find_if(shown.rbegin(), shown.rend(),
-            [](const PromptScript::Shown &prompt) { return prompt.kind == PromptScript::Kind::File; });
-        ASSERT_NE(asked, shown.rend());
-        EXPECT_TRUE(asked->file.nameFilters.join(u';').contains(u"*.[pP][nN][gG]"_s));
+        ASSERT_TRUE(!shown.empty() && shown.back().kind == PromptScript::Kind::File);
+        EXPECT_TRUE(shown.back().file.nameFilters.join(u';').contains(u"*.[pP][nN][gG]"_s));
         click("Command2");
         EXPECT_EQ(m_catalog.session().captureMode, QLatin1String(captureMode));
         ASSERT_TRUE(capture(drive, m_dialog->findChild<abbild *>()));
