@@ -89,9 +89,8 @@ void TreeBuilder::symlink(const QString &target, const QString &relative, int64_
 void TreeBuilder::setTime(const QString &relative, int64_t mtime, bool link) const
 {
     const timespec times[2] = { { static_cast<time_t>(mtime), 0 }, { static_cast<time_t>(mtime), 0 } };
-    check(::utimensat(
-              AT_FDCWD, QFile::encodeName(path(relative)).constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0)
-            == 0,
-        "cannot time", relative);
+    const QByteArray file = QFile::encodeName(path(relative));
+    check(::utimensat(AT_FDCWD, file.constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0) == 0, "cannot time",
+        relative);
 }
 

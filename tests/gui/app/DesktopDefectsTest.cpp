@@ -90,32 +90,26 @@ TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
 }
 
 // The bar between the CD list and the right pane goes as far left as the layout's clamps
-// allow (margin and least list width), not only down to the width of the list's title.
-TEST(DesktopDefects, TheSplitterGoesDownToTheLayoutsClamp)
+// allow (margin and least list width), not only down to the width of the list's title. At the
+// default size no caption of the image tab is cut: the print button under the tree is whole or
+// not there at all.
+TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
 {
     MainWindowRun m;
     m.show();
     auto *splitter = m.control<QSplitter>("splitterMain");
-    const int before = splitter->sizes().value(0);
-    ASSERT_GT(before, 100);
-    const int total = splitter->sizes().value(0) + splitter->sizes().value(1);
+    ASSERT_GT(splitter->sizes().value(0), 100);
+    int total = splitter->sizes().value(0) + splitter->sizes().value(1);
     splitter->setSizes({ 30, total - 30 }); // where a drag leaves it
     emit splitter->splitterMoved(30, 1);
     m.run.settle();
     EXPECT_LE(splitter->sizes().value(0), 35);
     EXPECT_GE(splitter->sizes().value(0), twipsToPixels(300));
-}
 
-// At the default size no caption of the image tab is cut: the print button under the tree is
-// whole or not there at all.
-TEST(DesktopDefects, ThePrintButtonIsWholeOrHidden)
-{
-    MainWindowRun m;
-    m.show();
     m.showTab(2);
-    auto *splitter = m.control<QSplitter>("Splitter1");
+    splitter = m.control<QSplitter>("Splitter1");
     auto *print = m.control<QPushButton>("Command7");
-    const int total = splitter->sizes().value(0) + splitter->sizes().value(1);
+    total = splitter->sizes().value(0) + splitter->sizes().value(1);
     // Just wider than the caption alone: the two buttons beside it leave it too little.
     for (const int treeWidth : { total / 2, print->sizeHint().width() + 20, print->sizeHint().width() - 10, 60 }) {
         SCOPED_TRACE(treeWidth);
@@ -125,4 +119,3 @@ TEST(DesktopDefects, ThePrintButtonIsWholeOrHidden)
         EXPECT_TRUE(print->isHidden() || print->width() >= print->sizeHint().width()) << print->width();
     }
 }
-
