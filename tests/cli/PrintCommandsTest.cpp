@@ -91,6 +91,9 @@ TEST_F(PrintCommands, EachPrintOutIntoAPdfFile)
             EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\nin: " << text.toStdString();
         keepFirstPage(pdf, QString::fromLatin1(c.name));
     }
+    // The list of printers, empty where none is set up, is no failure.
+    const CliRun printers = m_cli.run({ u"print"_s, u"--printers"_s });
+    EXPECT_EQ(std::pair(printers.exitCode, printers.error), std::pair(0, QString()));
 }
 
 TEST_F(PrintCommands, LongListsBreakIntoPagesWithTheirFooters)
@@ -144,13 +147,6 @@ TEST_F(PrintCommands, ResultsWithoutHitsSayWhatTheSearchSays)
     EXPECT_EQ(printed.exitCode, 1);
     EXPECT_EQ(printed.error, search.error);
     EXPECT_FALSE(QFileInfo::exists(m_cli.scratch(u"x.pdf"_s)));
-}
-
-TEST_F(PrintCommands, PrintersAreListed)
-{
-    const CliRun run = m_cli.run({ u"print"_s, u"--printers"_s });
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.error, QString());
 }
 
 } // namespace
