@@ -74,8 +74,7 @@ TEST(Print1List, PageBreaksAndTheirTwoFooters)
             EXPECT_EQ(textsOnPage(printer, 2).at(1), *page2Opener);
         }
         const Placed last = placedTexts(printer).back();
-        EXPECT_EQ(last.text, u"- Ende der Liste -"_s);
-        EXPECT_EQ(last.x, 3);
+        EXPECT_EQ(std::pair(last.text, last.x), std::pair(u"- Ende der Liste -"_s, 3.0));
     }
 }
 
@@ -88,19 +87,21 @@ TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
     const Print comments = [](Printer &p, const PrintSettings &s) { return Print1_Kommentare(p, s, u"T"_s, {}); };
     const Print results
         = [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); };
+    const Print noImage = [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, u"/fehlt/0.dat"_s, {}); };
     using enum PrintOutcome::Status;
     const std::tuple<const char *, QString, Print, PrintOutcome::Status, QString, int> cases[] = {
         { "empty size box, title list: first line only", u""_s, list, Reported, first, 0 },
         { "empty size box, comments: first line only", u""_s, comments, Reported, first, 0 },
         { "size box beyond any font, results: untrapped", u"99999"_s, results, Untrapped, QString(), 380 },
         { "letters in the results' box: untrapped", u"zehn"_s, results, Untrapped, QString(), 13 },
+        { "a missing image: refused before any output", u"10"_s, noImage, Refused, u"Kein Laufwerks_Abbild verfügbar!"_s, 0 },
     };
     for (const auto &[what, fontSize, print, status, message, number] : cases) {
         SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
         const PrintOutcome outcome = print(printer, settings(fontSize));
         EXPECT_EQ(std::tie(outcome.status, outcome.message, outcome.failure.number), std::tie(status, message, number));
-        EXPECT_FALSE(printer.finished());
+        EXPECT_TRUE(printer.items().empty()); // each fails before anything is printed
     }
 }
 
@@ -122,9 +123,14 @@ protected:
     QTemporaryDir m_dir;
 };
 
-TEST_F(Print1Dateien, LinesCutToTheColumnsAskedFor)
+// Footer and head, then the lines at 2 cm and the closing line after a blank one.
+TEST_F(Print1Dateien, HeadAndLinesCutToTheColumnsAskedFor)
 {
     const QByteArray bytes = ">d:\r\n>d:\\Setup\r\nd:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n\r\n";
+    const std::vector<Placed> head = { footer(1, u"- Seite  1 - Archiv: Musik * CD: Setup-CD"_s),
+        { 1, 2, 2, u"* Archiv: Musik"_s }, { 1, 2, 2.625, u"* CD: Setup-CD"_s },
+        { 1, 2, 3.25, u"* Stand: 19.01.2003 14:05:09"_s }, { 1, 2, 3.875, u"* Erstellt mit dem Silberbuch 5.1"_s },
+        { 1, 2, 4.5, u"* "_s + kWeb } };
     const std::pair<FileListColumns, QString> cases[] = {
         { { false, false }, u"d:\\Setup\\start.exe"_s },
         { { false, true }, u"d:\\Setup\\start.exe Date:19.01.2003 00:12:31"_s }, // the dialog's default
@@ -136,27 +142,12 @@ TEST_F(Print1Dateien, LinesCutToTheColumnsAskedFor)
         RecordingPrinter printer(testPaper());
         ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(bytes), columns).printed());
         // The empty closing line of the image prints the line before it once more.
-        const std::vector<QString> expected = { u">d:"_s, u">d:\\Setup"_s, fileLine, fileLine, u"- Ende der Liste -"_s };
-        EXPECT_EQ(listed(printer), expected);
+        std::vector<Placed> expected = head;
+        for (const QString &line : { u">d:"_s, u">d:\\Setup"_s, fileLine, fileLine })
+            expected.push_back({ 1, 2, 5.75 + 0.625 * (static_cast<double>(expected.size()) - 6), line });
+        expected.push_back({ 1, 2, 8.875, u"- Ende der Liste -"_s });
+        EXPECT_EQ(placedTexts(printer), expected);
     }
-}
-
-TEST_F(Print1Dateien, HeadAndFirstFooter)
-{
-    RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(">d:\r\n\r\n"), {}).printed());
-    const std::vector<Placed> expected = {
-        footer(1, u"- Seite  1 - Archiv: Musik * CD: Setup-CD"_s),
-        { 1, 2, 2, u"* Archiv: Musik"_s },
-        { 1, 2, 2.625, u"* CD: Setup-CD"_s },
-        { 1, 2, 3.25, u"* Stand: 19.01.2003 14:05:09"_s },
-        { 1, 2, 3.875, u"* Erstellt mit dem Silberbuch 5.1"_s },
-        { 1, 2, 4.5, u"* "_s + kWeb },
-        { 1, 2, 5.75, u">d:"_s },
-        { 1, 2, 6.375, u">d:"_s },
-        { 1, 2, 7.625, u"- Ende der Liste -"_s },
-    };
-    EXPECT_EQ(placedTexts(printer), expected);
 }
 
 // Page 1 takes 33 lines below the head, later pages 39 from the top; the test after the last
@@ -186,15 +177,6 @@ TEST_F(Print1Dateien, PageBreaks)
         EXPECT_EQ(page2[1], (firstOnPage2 ? Placed { 2, 2, 2, u">d:\\Ordner%1"_s.arg(*firstOnPage2) }
                                           : Placed { 2, 2, 2.625, u"- Ende der Liste -"_s }));
     }
-}
-
-TEST_F(Print1Dateien, MissingImageIsRefusedBeforeAnyOutput)
-{
-    RecordingPrinter printer(testPaper());
-    const PrintOutcome outcome = Print1_Dateien(printer, settings(), u"T"_s, m_dir.filePath(u"0.dat"_s), {});
-    EXPECT_EQ(outcome.status, PrintOutcome::Status::Refused);
-    EXPECT_EQ(outcome.message, u"Kein Laufwerks_Abbild verfügbar!"_s);
-    EXPECT_TRUE(printer.items().empty());
 }
 
 // Comments stand at 3 cm on page 1 and at the left edge on later pages; no test after the last

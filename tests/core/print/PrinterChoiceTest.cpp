@@ -31,12 +31,10 @@ TEST(PrinterChoice, WhichEntryTheListsSelect)
 // The list path knows one quality only; the sheet's good one asks for draft.
 TEST(PrinterChoice, QualitiesAsTheDialogsSetThem)
 {
-    EXPECT_EQ(printerchoice::listQuality(true), -4);
-    EXPECT_EQ(printerchoice::listQuality(false), std::nullopt);
-    using printerchoice::SheetQuality;
-    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Good), -1);
-    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Normal), -3);
-    EXPECT_EQ(printerchoice::sheetQuality(SheetQuality::Poor), -4);
+    using enum printerchoice::SheetQuality;
+    EXPECT_EQ(std::tuple(printerchoice::listQuality(true), printerchoice::listQuality(false), printerchoice::sheetQuality(Good),
+                  printerchoice::sheetQuality(Normal), printerchoice::sheetQuality(Poor)),
+        std::tuple(std::optional(-4), std::optional<int>(), -1, -3, -4));
 }
 
 } // namespace

@@ -38,13 +38,6 @@ private:
     int m_selected;
 };
 
-// The texts below the four of the title block.
-std::vector<Placed> nodeTexts(const RecordingPrinter &printer)
-{
-    const std::vector<Placed> placed = placedTexts(printer);
-    return { placed.begin() + 4, placed.end() };
-}
-
 PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int connectorStyle = 1, int printStyle = 1)
 {
     cPrinttvw printout;
@@ -56,39 +49,29 @@ PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int
     return printout.PrintTvw(printer);
 }
 
-const ListedTree kTree({ { u"Jazz (d:)"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } });
+const std::vector<std::pair<QString, int>> kNodes = { { u"Jazz (d:)"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } };
+const ListedTree kTree(kNodes);
 
-TEST(cPrinttvw, TitleBlockCentredOnThePaper)
-{
-    RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(printTree(printer, ListedTree({ { u"Jazz (d:)"_s, -1 } })).printed());
-    const std::vector<Placed> expected = {
-        { 1, (21 - 14 * 0.3125) / 2, 2.5, u"Ordnerstruktur"_s },
-        { 1, (21 - 27 * 0.3125) / 2, 3.125, u"* Archiv: Musik*** CD: Jazz"_s },
-        { 1, (21 - 67 * 0.25) / 2, 3.75, u"Erstellt mit dem Silberbuch 5.1 von https://silberbuch.example.org/"_s },
-        { 1, (21 - 33 * 0.25) / 2, 4.25, u"19.01.2003      ---      14:05:09"_s },
-        { 1, 550 / twipsPerCm, 5.75, u"Jazz (d:)"_s },
-    };
-    EXPECT_EQ(placedTexts(printer), expected);
-    EXPECT_TRUE(printer.lines().empty());
-    EXPECT_TRUE(printer.finished());
-}
-
-// Each level moves 420 twips right: the stub down at parent x + 220, the stub across 200.
-TEST(cPrinttvw, ConnectorsAndIndents)
+// The title block centred on the paper; each level moves 420 twips right: the stub down at
+// parent x + 220, the stub across 200.
+TEST(cPrinttvw, TitleBlockConnectorsAndIndents)
 {
     const double h = 0.625 * twipsPerCm; // a line at 10 points
     const double y1 = 5.75 * twipsPerCm + h; // under the root
     const double y2 = y1 + 50 + h;
     const double y3 = y2 + 50 + h;
     const auto at = [](double x, double y, const QString &text) { return Placed { 1, x / twipsPerCm, y / twipsPerCm, text }; };
-    const std::vector<Placed> expected
-        = { at(550, y1 - h, u"Jazz (d:)"_s), at(970, y1 + 50, u"A"_s), at(1390, y2 + 50, u"A1"_s), at(970, y3 + 50, u"B"_s) };
+    const std::vector<Placed> expected = { { 1, (21 - 14 * 0.3125) / 2, 2.5, u"Ordnerstruktur"_s },
+        { 1, (21 - 27 * 0.3125) / 2, 3.125, u"* Archiv: Musik*** CD: Jazz"_s },
+        { 1, (21 - 67 * 0.25) / 2, 3.75, u"Erstellt mit dem Silberbuch 5.1 von https://silberbuch.example.org/"_s },
+        { 1, (21 - 33 * 0.25) / 2, 4.25, u"19.01.2003      ---      14:05:09"_s }, at(550, y1 - h, u"Jazz (d:)"_s),
+        at(970, y1 + 50, u"A"_s), at(1390, y2 + 50, u"A1"_s), at(970, y3 + 50, u"B"_s) };
     for (const auto &[connectorStyle, lineCount] : { std::pair { 1, 7u }, std::pair { 2, 0u } }) {
         SCOPED_TRACE(connectorStyle == 1 ? "connector lines" : "indents alone");
         RecordingPrinter printer(testPaper());
         ASSERT_TRUE(printTree(printer, kTree, connectorStyle).printed());
-        EXPECT_EQ(nodeTexts(printer), expected);
+        EXPECT_EQ(placedTexts(printer), expected);
+        EXPECT_TRUE(printer.finished());
         const std::vector<RecordingPrinter::Item> lines = printer.lines();
         ASSERT_EQ(lines.size(), lineCount);
         if (lineCount == 0)
@@ -98,19 +81,17 @@ TEST(cPrinttvw, ConnectorsAndIndents)
         EXPECT_NEAR(upright.x * twipsPerCm, 770, 1e-6);
         EXPECT_NEAR(upright.y * twipsPerCm, std::nearbyint(y1), 1e-6);
         EXPECT_NEAR(upright.y2 * twipsPerCm, y3 + 50, 1e-6);
-        for (const RecordingPrinter::Item &line : lines)
-            EXPECT_EQ(line.dots, 4);
+        EXPECT_TRUE(std::ranges::all_of(lines, [](const RecordingPrinter::Item &line) { return line.dots == 4; }));
     }
 }
 
 TEST(cPrinttvw, SelectedBranchAloneWithPrintStyle2)
 {
     RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(printTree(printer, ListedTree({ { u"R"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } }, 1), 1, 2)
-                    .printed());
-    std::vector<QString> texts;
-    std::ranges::transform(nodeTexts(printer), std::back_inserter(texts), &Placed::text);
-    EXPECT_EQ(texts, (std::vector<QString> { u"A"_s, u"A1"_s }));
+    ASSERT_TRUE(printTree(printer, ListedTree(kNodes, 1), 1, 2).printed());
+    const std::vector<Placed> placed = placedTexts(printer); // the title block, then the branch
+    ASSERT_EQ(placed.size(), 6u);
+    EXPECT_EQ(std::tuple(placed[4].text, placed[5].text), std::tuple(u"A"_s, u"A1"_s));
 }
 
 // A wide folder runs onto page 2: its uprights there start at the top, and no title repeats.

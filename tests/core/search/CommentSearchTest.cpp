@@ -46,14 +46,13 @@ TEST_F(CommentSearchTest, FindsCdNumbersInNumberOrder)
 TEST_F(CommentSearchTest, RefusedAndFailedSearchesSayWhy)
 {
     const CommentSearchResult empty = searchComments(m_archive.store(), QString(), std::nullopt, false);
-    EXPECT_EQ(empty.outcome, CommentSearchOutcome::EmptyWord);
-    EXPECT_EQ(empty.message, u"Bitte geben Sie einen Suchbegriff ein!"_s);
+    EXPECT_EQ(std::tuple(empty.outcome, empty.message),
+        std::tuple(CommentSearchOutcome::EmptyWord, u"Bitte geben Sie einen Suchbegriff ein!"_s));
     const ArchiveStore missing(datapaths::archiveFile(m_dir.path(), u"Fehlt"_s));
     for (const CommentSearchResult &failed :
         { searchComments(m_archive.store(), u"[abc"_s, std::nullopt, false),
             searchComments(missing, u"word"_s, std::nullopt, false) }) {
-        EXPECT_EQ(failed.outcome, CommentSearchOutcome::Failed);
-        EXPECT_FALSE(failed.message.isEmpty());
+        EXPECT_EQ(std::pair(failed.outcome, failed.message.isEmpty()), std::pair(CommentSearchOutcome::Failed, false));
     }
 }
 

@@ -56,7 +56,6 @@ TEST(Backup, RestoresByteIdenticallyIntoAnEmptyDataFolder)
     QTemporaryDir out;
     const QString target = out.filePath(u"Test.bup"_s);
     ASSERT_EQ(backup::write(catalog.session().archivePath, data, target, false), QString());
-    EXPECT_EQ(QDir(out.path()).entryList(QDir::Files | QDir::Hidden), QStringList { u"Test.bup"_s });
 
     QTemporaryDir empty;
     const backup::RestoreResult restored = backup::restore(target, empty.path(), [](const QString &) { return false; });
@@ -66,12 +65,6 @@ TEST(Backup, RestoresByteIdenticallyIntoAnEmptyDataFolder)
     for (const QString &notBackedUp : { u"archive/def.ini"_s, u"archive/def2.ini"_s, u"lws/temp.tm1"_s })
         expected.erase(notBackedUp);
     EXPECT_EQ(filesBelow(empty.path()), expected);
-
-    // Written again over the old one, the backup replaces it rather than growing behind it.
-    EXPECT_FALSE(backup::write(catalog.session().archivePath, data, target, false).isEmpty());
-    const qint64 size = QFileInfo(target).size();
-    ASSERT_EQ(backup::write(catalog.session().archivePath, data, target, true), QString());
-    EXPECT_EQ(QFileInfo(target).size(), size);
 }
 
 // A backup as the Windows version writes it: "\" paths, code page 1252, a count text, a name
