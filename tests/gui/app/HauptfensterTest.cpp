@@ -22,19 +22,18 @@ TEST(Hauptfenster, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
     main->sortListe_Click();
     main->close();
     m.run.settle();
-    EXPECT_EQ(settings.value(SettingKey::Breite) + settings.value(SettingKey::Hoehe), u"135009600"_s);
-    EXPECT_EQ(settings.value(SettingKey::StartupMaximized), u"0"_s);
-    EXPECT_EQ(m.run.program().loadedCount(), 0);
+    EXPECT_EQ(std::tuple(settings.value(SettingKey::Breite) + settings.value(SettingKey::Hoehe),
+                  settings.value(SettingKey::StartupMaximized), m.run.program().loadedCount()),
+        std::tuple(u"135009600"_s, u"0"_s, 0));
 
     main = m.show();
-    EXPECT_EQ(m.entries().first(), u"7  Abc"_s);
-    EXPECT_EQ(m.paneShown(), u"fr_3"_s);
+    EXPECT_EQ(m.entries().first() + u'|' + m.paneShown(), u"7  Abc|fr_3"_s);
     main->showMaximized();
     m.run.settle();
     main->close();
     m.run.settle();
-    EXPECT_EQ(settings.value(SettingKey::StartupMaximized), u"2"_s);
-    EXPECT_EQ(settings.value(SettingKey::Breite), u"13500"_s);
+    EXPECT_EQ(settings.value(SettingKey::StartupMaximized) + u'|' + settings.value(SettingKey::Breite),
+        u"2|13500"_s);
 
     settings.setValue(SettingKey::StartupMaximized, u"0"_s);
     settings.setValue(SettingKey::Breite, u"9000"_s);

@@ -1,4 +1,5 @@
 #include "MainWindowRun.h"
+#include "Screenshot.h"
 
 #include "images/DriveTable.h"
 #include "images/FileListView.h"
@@ -48,9 +49,12 @@ protected:
 } // namespace
 
 // The list starts in the image's order and each header click turns the order round, the first
-// one too, as in the result list.
+// one too, as in the result list. The main window with a folder listed is pictured, under the
+// build folder next to the test program too.
 TEST_F(ImageBrowserTest, ClickingAFolderListsItsFilesAndHeaderClicksTurnTheOrderRound)
 {
+    m.run.settings().setValue(SettingKey::Breite, u"15000"_s);
+    m.run.settings().setValue(SettingKey::Hoehe, u"9000"_s);
     load();
     QAbstractItemModelTester tester(
         m_browser->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -65,6 +69,10 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFilesAndHeaderClicksTurnTheOrder
         EXPECT_EQ(m.run.session().currentFolder, folder);
     }
     EXPECT_EQ(column(1) + u'|' + column(2), u"482113|501772|28.07.2002 18:02:44|28.07.2002 18:02:50"_s);
+    m.run.settle(50);
+    const QString folder = QCoreApplication::applicationDirPath() + u"/screenshots"_s;
+    EXPECT_TRUE(QDir().mkpath(folder) && m.main->grab().toImage().save(folder + u"/Hauptfenster.png"_s));
+    screenshot(m.main, u"hauptfenster-cd-abbild"_s);
     m_browser->ColumnClick(0);
     EXPECT_EQ(column(0), u"haus.jpg|garten.jpg"_s); // descending by name
     m_browser->ColumnClick(0);

@@ -21,15 +21,21 @@ namespace {
 class Form2Test : public ::testing::Test
 {
 protected:
-    // Shows the main window with the CD `selected` (0: none) and opens the print dialog from it.
-    Form2 *openForm2(int selected = 0)
+    // Shows the main window with the CD `selected` (0: none), opens the print dialog from it
+    // and, given an option, chooses that print-out and moves on to its page.
+    Form2 *openForm2(int selected = 0, const char *option = nullptr)
     {
         m_main.show();
         if (selected)
             m_main.select(selected);
         m_main.control<QAction>("printt")->trigger();
         m_main.run.settle();
-        return m_main.run.form<Form2>();
+        Form2 *form = m_main.run.form<Form2>();
+        if (form && option) {
+            control<QRadioButton>(form, option)->setChecked(true);
+            control<QPushButton>(form, "Command3")->click();
+        }
+        return form;
     }
 
     // Clicks the print button with the file dialog of "PDF-Datei" answered by a file of the
@@ -51,12 +57,10 @@ protected:
 
 TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
 {
-    Form2 *form = openForm2(7);
+    Form2 *form = openForm2(7, "Option5");
     ASSERT_NE(form, nullptr);
     for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
         EXPECT_TRUE(control<QRadioButton>(form, option)->isEnabled()) << option;
-    control<QRadioButton>(form, "Option5")->setChecked(true);
-    control<QPushButton>(form, "Command3")->click();
     EXPECT_TRUE(control<QWidget>(form, "Frame3")->isVisible());
     screenshot(form, u"Form2-Steckbrief"_s);
     EXPECT_EQ(control<QComboBox>(form, "cboPrinters")->currentText(), u"PDF-Datei"_s);
@@ -74,13 +78,11 @@ TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
 
 TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
 {
-    Form2 *form = openForm2();
+    Form2 *form = openForm2(0, "Option1");
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(control<QRadioButton>(form, "Option1")->isEnabled());
     for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
         EXPECT_FALSE(control<QRadioButton>(form, option)->isEnabled()) << option;
-    control<QRadioButton>(form, "Option1")->setChecked(true);
-    control<QPushButton>(form, "Command3")->click();
     EXPECT_TRUE(control<QWidget>(form, "Frame2")->isVisible());
     EXPECT_FALSE(control<QCheckBox>(form, "Check1")->isVisible());
     screenshot(form, u"Form2-Liste"_s);
@@ -104,9 +106,7 @@ TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
 
 TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 {
-    Form2 *form = openForm2(12);
-    control<QRadioButton>(form, "Option3")->setChecked(true);
-    control<QPushButton>(form, "Command3")->click();
+    Form2 *form = openForm2(12, "Option3");
     EXPECT_TRUE(control<QCheckBox>(form, "Check1")->isVisible());
     control<QPushButton>(form, "Command4")->click();
     m_main.run.settle();
@@ -116,9 +116,7 @@ TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 
 TEST_F(Form2Test, FolderTreeFromTheImageTab)
 {
-    Form2 *form = openForm2(7);
-    control<QRadioButton>(form, "Option4")->setChecked(true);
-    control<QPushButton>(form, "Command3")->click();
+    Form2 *form = openForm2(7, "Option4");
     EXPECT_EQ(m_main.paneShown(), u"fr_2"_s);
     const QString text = printToPdf(form, "Command4", u"ordner.pdf"_s);
     for (const QString &expected : { u"Ordnerstruktur"_s, u"* Archiv: Test*** CD: Abc"_s, u"Abc (d:)"_s })

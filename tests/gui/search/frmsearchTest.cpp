@@ -1,6 +1,7 @@
 #include "Screenshot.h"
 #include "SearchFixture.h"
 
+#include <QTest>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -36,9 +37,10 @@ TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
     EXPECT_TRUE(window<frmResults>()->isVisible());
 }
 
-// Each refusal says why; the dialog stays for another word, except when the CD on display has
-// no image, and the hits before stay the ones on the list.
-TEST_F(frmsearchTest, SearchesThatFindNothingSayWhy)
+// "*" alone hits every line of every image the list can show (the core holds which lines).
+// Each refusal after it says why; the dialog stays for another word, except when the CD on
+// display has no image, and list, heading and saved results still show the "*" search.
+TEST_F(frmsearchTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
 {
     const std::tuple<const char *, Where, What, QString, Icon> cases[] = {
         { "", AllCds, Files, u"Bitte geben Sie einen Suchbegriff ein!"_s, Icon::None },
@@ -47,8 +49,11 @@ TEST_F(frmsearchTest, SearchesThatFindNothingSayWhy)
         { "word", OneCd, Files, u"Kein Datenträgerabbild vorhanden!"_s, Icon::Critical }
     };
     selectCd(3);
-    ASSERT_TRUE(search(u"start"_s, AllCds, Files));
+    ASSERT_TRUE(search(u"*"_s, AllCds, Files));
+    EXPECT_TRUE(shown().empty());
     const std::vector<QString> before = session().lastResults;
+    ASSERT_FALSE(before.empty());
+    screenshot(window<frmResults>(), u"ergebnisse-nach-stern"_s);
     for (const auto &[text, where, what, message, icon] : cases) {
         SCOPED_TRACE(text);
         m_run.prompts().clear();
@@ -57,22 +62,50 @@ TEST_F(frmsearchTest, SearchesThatFindNothingSayWhy)
         EXPECT_EQ(window<frmsearch>() != nullptr, where == AllCds); // only the missing image closes it
     }
     EXPECT_EQ(session().lastResults, before);
-    EXPECT_EQ(window<frmResults>()->searchWord(), u"start"_s);
+    EXPECT_EQ(window<frmResults>()->searchWord(), u"*"_s);
+    EXPECT_EQ(control<QTreeView>(window<frmResults>(), "ListView1")->model()->rowCount(),
+        static_cast<int>(before.size()));
+}
+
+class Form1Test : public SearchFixture
+{
+protected:
+    // The navigator's position, "<" and ">" when enabled, and the CD selected in the main window.
+    QString state(Form1 *navigator) const
+    {
+        return control<QLabel>(navigator, "Label6")->text()
+            + (control<QPushButton>(navigator, "Command1")->isEnabled() ? u" <"_s : QString())
+            + (control<QPushButton>(navigator, "Command2")->isEnabled() ? u" >"_s : QString()) + u" | "_s
+            + (m_list->currentItem() ? m_list->currentItem()->text() : QString());
+    }
+};
+
+TEST_F(Form1Test, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
+{
+    ASSERT_TRUE(search(u"WORD"_s, AllCds, Comments));
+    QPointer<Form1> navigator = window<Form1>();
+    ASSERT_FALSE(navigator.isNull());
+    // The dialog gave way to the navigator, which counts the CDs found.
+    EXPECT_EQ(std::tuple(window<frmsearch>(), session().foundCdNumbers,
+                  control<QLabel>(navigator, "Label2")->text()),
+        std::tuple(nullptr, std::vector<QString> { u"1"_s, u"3"_s }, u"2"_s));
+    // Nothing lies before the first CD: "<" is disabled there.
+    EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
+    QTest::keyClick(control<QPushButton>(navigator, "Command3"), Qt::Key_Return); // Enter means ">"
+    EXPECT_EQ(state(navigator) + u" | "_s + mainLabel("Text2"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
+    control<QPushButton>(navigator, "Command1")->click();
+    EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
+    EXPECT_EQ(std::pair(window<Form1>(), shown().size()), std::pair(navigator.data(), size_t(0)));
+}
+
+TEST_F(Form1Test, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
+{
+    ASSERT_TRUE(search(u"ägypten"_s, AllCds, Comments));
+    QTest::qWait(20);
+    settle();
+    EXPECT_EQ(window<Form1>(), nullptr);
+    EXPECT_EQ(m_list->currentItem()->text() + u" | "_s + mainLabel("Label8"), u"2 Fotos | 2"_s);
+    expectOneMessage(u"Gefundene CDs: 1. Die CD wird nun angezeigt."_s, Icon::None);
 }
 
 } // namespace
-
-// "*" alone hits every line of every image; the empty end line, which the list could not
-// take apart, stays out (the core holds which lines), so list, heading and saved results all
-// show this one search.
-TEST_F(frmsearchTest, AStarAloneListsEveryLineTheListCanShow)
-{
-    selectCd(3);
-    ASSERT_TRUE(search(u"*"_s, AllCds, Files));
-    EXPECT_TRUE(shown().empty());
-    const std::vector<QString> &hits = session().lastResults;
-    ASSERT_FALSE(hits.empty());
-    EXPECT_EQ(window<frmResults>()->searchWord(), u"*"_s);
-    screenshot(window<frmResults>(), u"ergebnisse-nach-stern"_s);
-    EXPECT_EQ(control<QTreeView>(window<frmResults>(), "ListView1")->model()->rowCount(), static_cast<int>(hits.size()));
-}

@@ -18,20 +18,23 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     run.archive(u"Musik"_s)->cd(1, u"Eins"_s, u"Sta1|Jazz|End1"_s);
     run.openArchive(u"Musik"_s);
     QTemporaryDir out;
+    // Clicks the dialog's start button with `file` answered in the file dialog.
+    const auto go = [&run](auto *dialog, const QString &file) {
+        run.prompts().answerFile(Prompts::FileAnswer { file, 0 });
+        dialog->Command1_Click();
+        run.settle();
+    };
 
     Exportieren *exporter = run.program().show<Exportieren>();
     screenshot(exporter, u"Exportieren"_s);
     // The name typed without its extension gets the filter's.
-    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik"_s), 0 });
-    exporter->Command1_Click();
-    run.settle();
+    go(exporter, out.filePath(u"musik"_s));
     EXPECT_EQ(run.prompts().messages().last(), u"Das Backup wurde erfolgreich erstellt!"_s);
     EXPECT_TRUE(QFileInfo::exists(out.filePath(u"musik.bup"_s)));
 
     exporter = run.program().show<Exportieren>();
     exporter->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
-    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.html"_s), 0 });
-    exporter->Command1_Click();
+    go(exporter, out.filePath(u"musik.html"_s));
     EXPECT_EQ(run.opened().last(), QUrl::fromLocalFile(out.filePath(u"musik.html"_s)));
     EXPECT_NE(run.form<Exportieren>(), nullptr); // the HTML way leaves the dialog open
     exporter->close();
@@ -40,20 +43,15 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     Importieren *importer = run.program().show<Importieren>();
     screenshot(importer, u"Importieren"_s);
     importer->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
-    run.prompts().answerFile(Prompts::FileAnswer { out.filePath(u"musik.bup"_s), 0 });
     run.prompts().answerMessage(Prompts::Answer::Yes);
-    importer->Command1_Click();
-    run.settle();
+    go(importer, out.filePath(u"musik.bup"_s));
     EXPECT_TRUE(run.prompts().messages().contains(
         u"Das Archiv Musik ist bereits vorhanden. Wollen Sie es durch das Archiv aus dem Backup ersetzen?"_s));
     EXPECT_EQ(run.prompts().messages().last(),
         u"Das Archiv wurde erfolgreich Importiert! Sie können es nun unter 'Archiv wechseln' im Hauptfenster auswählen!"_s);
 
     const QString ini = writeFile(out.filePath(u"alt.ini"_s), "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n");
-    importer = run.program().show<Importieren>();
-    run.prompts().answerFile(Prompts::FileAnswer { ini, 0 });
-    importer->Command1_Click();
-    run.settle();
+    go(run.program().show<Importieren>(), ini);
     EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), u"alt.ini"_s)));
     EXPECT_EQ(run.form<Importieren>(), nullptr);
 }
