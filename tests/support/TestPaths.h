@@ -12,3 +12,20 @@ QByteArray fileBytes(const QString &path);
 
 // Writes the bytes, making the folders on the way; a failure fails the test. Gives the path.
 QString writeFile(const QString &path, const QByteArray &bytes = {});
+
+// Sets an environment variable for the life of the object, then restores or unsets it.
+class ScopedEnvironment
+{
+public:
+    ScopedEnvironment(const char *name, const QByteArray &value)
+        : m_name(name)
+        , m_old(qgetenv(name)) // null when unset
+    {
+        qputenv(name, value);
+    }
+    ~ScopedEnvironment() { m_old.isNull() ? qunsetenv(m_name) : qputenv(m_name, m_old); }
+
+private:
+    const char *m_name;
+    QByteArray m_old;
+};

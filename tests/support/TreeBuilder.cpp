@@ -57,15 +57,12 @@ void TreeBuilder::folder(const QString &relative)
 void TreeBuilder::file(const QString &relative, int64_t size, int64_t mtime)
 {
     folder(QFileInfo(relative).path());
-    const int fd = ::open(
-        QFile::encodeName(path(relative)).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    check(fd >= 0, "cannot create", relative);
-    const QByteArray content(static_cast<qsizetype>(std::min<int64_t>(size, 65536)), 'x');
-    const bool written
-        = ::write(fd, content.constData(), static_cast<size_t>(content.size())) == content.size()
-        && ::ftruncate(fd, size) == 0;
-    ::close(fd);
-    check(written, "cannot write", relative);
+    QFile out(path(relative));
+    // resize() leaves a hole past the written part.
+    check(out.open(QIODevice::WriteOnly) && out.write(QByteArray(std::min<int64_t>(size, 65536), 'x')) >= 0
+            && out.resize(size),
+        "cannot write", relative);
+    out.close();
     setTime(relative, mtime, false);
 }
 
@@ -93,4 +90,3 @@ void TreeBuilder::setTime(const QString &relative, int64_t mtime, bool link) con
     check(::utimensat(AT_FDCWD, file.constData(), times, link ? AT_SYMLINK_NOFOLLOW : 0) == 0, "cannot time",
         relative);
 }
-

@@ -36,14 +36,10 @@ TEST_F(StartDecisionTest, FollowsTheStartTable)
         Settings own(path(u"case%1.ini"_s.arg(++row)));
         for (const auto &[key, text] :
             { std::pair { SettingKey::Start, start }, std::pair { SettingKey::autoarchiv, autoarchiv },
-                std::pair { SettingKey::Standard, standard } }) {
+                std::pair { SettingKey::Standard, standard } })
             if (text)
                 own.setValue(key, QString::fromLatin1(text));
-        }
-        if (fileExists)
-            writeFile(archive, "db");
-        else
-            QFile::remove(archive);
+        fileExists ? void(writeFile(archive, "db")) : void(QFile::remove(archive));
 
         const StartDecision decision = decideStart(own, data, QString::fromLatin1(commandLine));
         EXPECT_EQ(std::tuple(decision.window, decision.askingArchive, decision.showMinimizedNotice,

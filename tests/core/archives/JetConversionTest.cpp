@@ -44,12 +44,11 @@ TEST(JetTable, OnlyJetHeadersCount)
     const QTemporaryDir temp;
     const QString sqlite = temp.filePath(u"ours.mdb"_s);
     ASSERT_TRUE(ArchiveStore::create(sqlite).ok());
-    writeFile(temp.filePath(u"empty.mdb"_s), {});
-    writeFile(temp.filePath(u"shifted.mdb"_s), "Standard Jet DB and more bytes");
     // The signature at the wrong offset does not count; neither does a missing file.
     const std::pair<QString, bool> cases[]
-        = { { jetFixture(), true }, { sqlite, false }, { temp.filePath(u"empty.mdb"_s), false },
-              { temp.filePath(u"shifted.mdb"_s), false }, { temp.filePath(u"none.mdb"_s), false } };
+        = { { jetFixture(), true }, { sqlite, false }, { writeFile(temp.filePath(u"empty.mdb"_s)), false },
+              { writeFile(temp.filePath(u"shifted.mdb"_s), "Standard Jet DB and more bytes"), false },
+              { temp.filePath(u"none.mdb"_s), false } };
     for (const auto &[path, jet] : cases)
         EXPECT_EQ(isJetFile(path), jet) << path.toStdString();
 }
@@ -86,7 +85,7 @@ TEST(JetConversion, DamagedFilesAreRefusedAndLeftAlone)
 }
 
 // The fields of the table are taken by name in any case, nulls stay nulls; the file is replaced
-// once and its original kept beside it.
+// once and its original kept beside it, never overwritten.
 TEST(JetConversion, FieldsByNameReplaceTheFileOnceAndKeepTheOriginal)
 {
     JetTable table;
@@ -118,31 +117,22 @@ TEST(JetConversion, FieldsByNameReplaceTheFileOnceAndKeepTheOriginal)
         std::tuple(40000, 0, false));
     int nulls = 0;
     ArchiveConnection(path, ArchiveConnection::Mode::Existing)
-        .run(u"SELECT cd_name IS NULL, cd_inhalt IS NULL, cd_cover IS NULL FROM cds WHERE cd_nummer=40000"_s,
-            {}, [&](sqlite3_stmt *row) {
-                for (int c = 0; c < 3; ++c)
-                    nulls += sqlite3_column_int(row, c);
-            });
+        .run(
+            u"SELECT (cd_name IS NULL) + (cd_inhalt IS NULL) + (cd_cover IS NULL) FROM cds WHERE cd_nummer=40000"_s,
+            {}, [&](sqlite3_stmt *row) { nulls = sqlite3_column_int(row, 0); });
     EXPECT_EQ(nulls, 3);
     EXPECT_TRUE(convertIfJet(path).ok() && !convertIfJet(path).converted);
+    // An original already kept blocks a second conversion.
+    writeFile(path, original);
+    writeFile(path + u".jet"_s, "older original");
+    EXPECT_EQ(convertIfJet(path).error.message,
+        u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden. Die Datei "
+        u"Alt.mdb.jet ist bereits vorhanden; bitte benennen Sie sie um."_s);
+    EXPECT_EQ(std::pair(fileBytes(path + u".jet"_s), isJetFile(path)),
+        std::pair(QByteArray("older original"), true));
 
     table.columns[0] = u"cd_bild"_s;
     EXPECT_EQ(cdsRowsOf(table).error.message, u"Der Tabelle cds fehlt das Feld cd_cover."_s);
-}
-
-TEST(JetConversion, AnOriginalAlreadyKeptBlocksASecondConversion)
-{
-    const QTemporaryDir temp;
-    const QString path = temp.filePath(u"Alt.mdb"_s);
-    writeFile(path, fileBytes(jetFixture()));
-    writeFile(path + u".jet"_s, "older original");
-    const JetConversion conversion = convertIfJet(path);
-    EXPECT_EQ(conversion.error.message,
-        u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden. Die Datei "
-        u"Alt.mdb.jet "
-        u"ist bereits vorhanden; bitte benennen Sie sie um."_s);
-    EXPECT_EQ(fileBytes(path + u".jet"_s), QByteArray("older original"));
-    EXPECT_TRUE(isJetFile(path));
 }
 
 } // namespace

@@ -39,14 +39,10 @@ TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
 {
     QTemporaryDir dir;
     ASSERT_TRUE(picture({ 40, 20 }).save(dir.filePath(u"bild.jpg"_s), "jpg"));
-    const std::pair<const char *, QByteArray> written[] = {
-        { "punkt.gif",
-            QByteArray::fromHex(
-                "47494638396101000100800000ff000000000021f90400000000002c00000000010001000002024401003b") },
-        { "brief.jpg", "Kein Bild, nur Text." }
-    };
-    for (const auto &[name, bytes] : written)
-        writeFile(dir.filePath(QString::fromLatin1(name)), bytes);
+    writeFile(dir.filePath(u"punkt.gif"_s),
+        QByteArray::fromHex(
+            "47494638396101000100800000ff000000000021f90400000000002c00000000010001000002024401003b"));
+    writeFile(dir.filePath(u"brief.jpg"_s), "Kein Bild, nur Text.");
     const std::pair<const char *, QSize> cases[] = { { "bild.jpg", { 40, 20 } }, { "punkt.gif", { 1, 1 } },
         { "brief.jpg", { 0, 0 } }, { "fehlt.bmp", { 0, 0 } } };
     for (const auto &[name, size] : cases) {
