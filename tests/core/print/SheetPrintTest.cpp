@@ -102,16 +102,13 @@ TEST(Print1Steckbrief, CommentSizeWithoutANumberIsReportedInFull)
 
 TEST(CoverBoxFace, LargePicturesFitSmallOnesStayCentred)
 {
-    QImage wide(520, 130, QImage::Format_RGB32);
+    QImage wide(520, 130, QImage::Format_RGB32), small(10, 10, QImage::Format_RGB32);
     wide.fill(Qt::red);
-    const QImage face = coverBoxFace(wide);
-    ASSERT_EQ(face.size(), QSize(260, 260));
-    EXPECT_EQ(face.pixelColor(130, 130), QColor(Qt::red));
-    EXPECT_EQ(face.pixelColor(130, 10), QColor(Qt::white));
-    QImage small(10, 10, QImage::Format_RGB32);
     small.fill(Qt::blue);
-    EXPECT_EQ(coverBoxFace(small).pixelColor(130, 130), QColor(Qt::blue));
-    EXPECT_EQ(coverBoxFace(small).pixelColor(100, 130), QColor(Qt::white));
+    const QImage face = coverBoxFace(wide), smallFace = coverBoxFace(small);
+    EXPECT_EQ(std::tuple(face.size(), face.pixelColor(130, 130), face.pixelColor(130, 10), smallFace.pixelColor(130, 130),
+                  smallFace.pixelColor(100, 130)),
+        std::tuple(QSize(260, 260), QColor(Qt::red), QColor(Qt::white), QColor(Qt::blue), QColor(Qt::white)));
     EXPECT_TRUE(coverBoxFace(QImage()).isNull());
 }
 
