@@ -53,11 +53,9 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
     const bool printed = printrun::print(
         nullptr, printer, std::nullopt, [](Printer &target) { return printList(target, 2000); });
     poll.stop();
-    EXPECT_FALSE(printed);
-    EXPECT_EQ(progress, u"Seite 3"_s);
-    EXPECT_TRUE(prompts.shown().empty());
-    EXPECT_EQ(fileBytes(path), QByteArray("alte Liste"));
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { u"liste.pdf"_s });
+    EXPECT_EQ(std::tuple(printed, progress, prompts.shown().size(), fileBytes(path),
+                  QDir(dir.path()).entryList(QDir::Files)),
+        std::tuple(false, u"Seite 3"_s, size_t(0), QByteArray("alte Liste"), QStringList { u"liste.pdf"_s }));
 }
 
 // The preview draws the same pages; it closes like any dialog.
@@ -78,8 +76,7 @@ TEST(PrintRun, PreviewShowsThePages)
     poll.start();
     printrun::preview(nullptr, std::nullopt, [](Printer &target) { return printList(target, 200); });
     poll.stop();
-    EXPECT_GE(pages, 3);
-    EXPECT_TRUE(prompts.shown().empty());
+    EXPECT_TRUE(pages >= 3 && prompts.shown().empty()) << pages;
 }
 
 } // namespace
