@@ -8,8 +8,7 @@
 
 QString fixturePath(const QString &relative)
 {
-    const QString root = qEnvironmentVariable("SILBERBUCH_FIXTURES");
-    return QDir(root).filePath(relative);
+    return QDir(qEnvironmentVariable("SILBERBUCH_FIXTURES")).filePath(relative);
 }
 
 QByteArray fileBytes(const QString &path)

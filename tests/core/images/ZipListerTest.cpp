@@ -72,10 +72,8 @@ TEST(ZipLister, Utf8NamesAreConvertedOthersStayBytes)
     const std::string cp1252 = "Gr\xFC\xDF"
                                "e.txt";
     const auto unicodePath = [](const std::string &utf8) {
-        std::string field = "\x75\x70";
-        field += static_cast<char>((utf8.size() + 5) & 0xFF);
-        field += static_cast<char>((utf8.size() + 5) >> 8);
-        return field + "\x01" + "CRC!" + utf8;
+        const size_t size = utf8.size() + 5;
+        return "\x75\x70" + std::string { char(size & 0xFF), char(size >> 8) } + "\x01" + "CRC!" + utf8;
     };
     const std::tuple<const char *, std::string, std::string> cases[] = {
         // why, entry, name listed

@@ -32,9 +32,8 @@ protected:
 
     QTemporaryDir m_dir;
     ArchiveBuilder m_archive { m_dir.path(), u"Test"_s };
-    std::vector<double> m_draws = { 0.1, 0.2 };
-    size_t m_next = 0;
-    CoverStore m_covers { m_dir.path(), [this] { return m_draws.at(m_next++ % m_draws.size()); } };
+    CoverStore m_covers { m_dir.path(),
+        [second = false]() mutable { return (second = !second) ? 0.1 : 0.2; } };
 };
 
 TEST_F(CdSaverTest, NewCdIsStoredWithTheNewCdEncodingAndItsCover)
@@ -59,11 +58,9 @@ TEST_F(CdSaverTest, RefusedSavesChangeNothing)
     for (const auto &[changing, number, title, messageStart] : cases) {
         SCOPED_TRACE(messageStart);
         const CdSaver::Outcome outcome = save(withCover({ number, title, { u"k"_s }, 9 }), changing);
-        EXPECT_FALSE(outcome.saved);
-        EXPECT_TRUE(outcome.message.startsWith(QString::fromUtf8(messageStart)))
-            << outcome.message.toStdString();
-        EXPECT_EQ(rows(), before);
-        EXPECT_TRUE(coverFiles().isEmpty());
+        const QString start = QString::fromUtf8(messageStart);
+        EXPECT_EQ(std::tuple(outcome.saved, outcome.message.left(start.size()), rows(), coverFiles()),
+            std::tuple(false, start, before, QStringList()));
     }
     QFile blocker(m_dir.filePath(u"Covers"_s)); // a file where the folder should be
     ASSERT_TRUE(QDir(blocker.fileName()).removeRecursively() && blocker.open(QIODevice::WriteOnly));

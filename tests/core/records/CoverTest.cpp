@@ -52,18 +52,15 @@ TEST(CoverImageTest, LoaderReadsTheOfferedFormatsAndRefusesTheRest)
     }
 }
 
-// Hands out the given values in turn, as the random source of a cover store.
-CoverStore::RandomSource sequence(std::vector<double> values)
-{
-    return [values, next = size_t(0)]() mutable { return values.at(next++); };
-}
-
 // The number is the draw times 500000 rounded half to even; a taken number is drawn again, so
 // nothing is overwritten.
 TEST(CoverStoreTest, NumbersAreDrawnUntilOneIsFree)
 {
     QTemporaryDir dir;
-    const CoverStore store(dir.path(), sequence({ 0.000005, 0.000003, 0.999999999, 0.1, 0.1, 0.5 }));
+    const CoverStore store(dir.path(),
+        [draws = std::vector { 0.000005, 0.000003, 0.999999999, 0.1, 0.1, 0.5 }, next = size_t(0)]() mutable {
+            return draws.at(next++);
+        });
     QStringList numbers;
     for (const QSize size : { QSize(10, 10), QSize(20, 10), QSize(300, 150), QSize(150, 300) }) {
         const StoreResult<QString> saved = store.save(picture(size));

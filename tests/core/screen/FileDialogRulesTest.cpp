@@ -4,15 +4,6 @@
 
 using namespace filedialogrules;
 
-namespace {
-
-QString converted(const char *filter)
-{
-    return convertFilter(QString::fromUtf8(filter));
-}
-
-} // namespace
-
 TEST(FileDialogRules, NameFiltersStopAtTheFirstEmptyPieceAndMatchEitherCase)
 {
     // "*.*" is every file, names without a dot too; an empty name or pattern ends the list.
@@ -24,7 +15,8 @@ TEST(FileDialogRules, NameFiltersStopAtTheFirstEmptyPieceAndMatchEitherCase)
         { "", "" },
     };
     for (const auto &[filter, filters] : cases)
-        EXPECT_EQ(nameFilters(converted(filter)).join(u'|'), QLatin1String(filters)) << filter;
+        EXPECT_EQ(nameFilters(convertFilter(QString::fromUtf8(filter))).join(u'|'), QLatin1String(filters))
+            << filter;
 }
 
 TEST(FileDialogRules, SaveNamesGetTheExtension)
@@ -49,8 +41,8 @@ TEST(FileDialogRules, SaveNamesGetTheExtension)
                 "/h/x.abcd" },
         };
     for (const auto &[why, chosen, filter, index, defaultExt, fileName, result] : cases) {
-        const SaveNames names
-            = saveNames(QString::fromUtf8(chosen), converted(filter), index, QString::fromUtf8(defaultExt));
+        const SaveNames names = saveNames(QString::fromUtf8(chosen), convertFilter(QString::fromUtf8(filter)),
+            index, QString::fromUtf8(defaultExt));
         EXPECT_EQ(std::pair(names.fileName, names.result),
             std::pair(QString::fromLatin1(fileName), QString::fromLatin1(result)))
             << why;
