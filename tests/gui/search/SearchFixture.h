@@ -48,14 +48,6 @@ protected:
         m_list = control<QListWidget>(m_main, "List2");
     }
 
-    // Selects the CD's entry in the main window's list, as a click would.
-    void selectCd(int number)
-    {
-        m_list->setCurrentItem(
-            m_list->findItems(QString::number(number) + QLatin1Char(' '), Qt::MatchStartsWith).value(0));
-        ASSERT_NE(m_list->currentItem(), nullptr) << "CD " << number;
-    }
-
     // Opens the dialog from the menu, sets the options, types the word and presses "Suchen";
     // true once the search has ended or was refused before it began.
     bool search(const QString &word, Where where, What what, bool explicitMatch = false)

@@ -5,6 +5,8 @@
 #include "app/GermanQtTexts.h"
 #include "app/MainWindowLayout.h"
 #include "app/Resources.h"
+#include "app/StartDecision.h"
+#include "app/Startup.h"
 #include "app/TrayAvailability.h"
 
 #include <QDialogButtonBox>
@@ -117,5 +119,90 @@ TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
         emit splitter->splitterMoved(treeWidth, 1);
         m.run.settle();
         EXPECT_TRUE(print->isHidden() || print->width() >= print->sizeHint().width()) << print->width();
+    }
+}
+
+// A load shows the archive in title, list and count, at first in the default layout. A normal
+// close stores size, tab and sort for the next load; a maximized one keeps the last normal size.
+// A stored width below the floor is raised and rewritten.
+TEST(Hauptfenster, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
+{
+    MainWindowRun m;
+    Settings &settings = m.run.settings();
+    Hauptfenster *main = m.show();
+    EXPECT_EQ(main->windowTitle(), u"Silberbuch 5.1  -  Ravelin   |   Archiv: Test"_s);
+    EXPECT_EQ(m.entries(), (QStringList { u"3 birne"_s, u"7 Abc"_s, u"12 Zebra"_s }));
+    EXPECT_EQ(m.text("Label9") + u'|' + m.text("Text2"), u"3|Keine CD ausgewählt !"_s);
+    EXPECT_EQ(std::tuple(main->size(), m.paneShown(), settings.contains(SettingKey::Breite)),
+        std::tuple(QSize(816, 505), u"fr_1"_s, false));
+    main->resize(300, 400);
+    EXPECT_GE(main->width(), 600) << "the resize floor";
+    main->resize(900, 640);
+    m.showTab(3);
+    main->sortListe_Click();
+    main->close();
+    m.run.settle();
+    EXPECT_EQ(std::tuple(settings.value(SettingKey::Breite) + settings.value(SettingKey::Hoehe),
+                  settings.value(SettingKey::StartupMaximized), m.run.program().loadedCount()),
+        std::tuple(u"135009600"_s, u"0"_s, 0));
+
+    main = m.show();
+    EXPECT_EQ(m.entries().first() + u'|' + m.paneShown(), u"7  Abc|fr_3"_s);
+    main->showMaximized();
+    m.run.settle();
+    main->close();
+    m.run.settle();
+    EXPECT_EQ(settings.value(SettingKey::StartupMaximized) + u'|' + settings.value(SettingKey::Breite),
+        u"2|13500"_s);
+
+    settings.setValue(SettingKey::StartupMaximized, u"0"_s);
+    settings.setValue(SettingKey::Breite, u"9000"_s);
+    settings.setValue(SettingKey::Hoehe, u"8000"_s);
+    EXPECT_EQ(m.show()->size(), QSize(707, 533));
+    EXPECT_EQ(settings.value(SettingKey::Breite), u"10600"_s);
+}
+
+TEST(Startup, EachKindOfStartLeadsToItsWindow)
+{
+    // The rules are the core's start table; here one start leads to each window. The default archive is B.
+    // name, archives A and B there, Start and autoarchiv before (nullptr: missing), command line, the
+    // window, Start after, and "notice" or "tray".
+    using S = const char *;
+    const std::tuple<S, bool, S, S, S, S, S, S> cases[] = {
+        { "first start", false, nullptr, nullptr, "", "Form3", "1", "" },
+        { "asking, -minimized", true, "1", "1", "-minimized", "openarchiv", "2", "notice" },
+        { "automatic", true, "1", "0", "", "Hauptfenster", "2", "" },
+        { "automatic, -minimized", true, "1", "0", "-minimized", "Hauptfenster", "2", "tray" },
+    };
+    for (const auto &[name, archives, start, autoarchiv, commandLine, window, counted, extra] : cases) {
+        SCOPED_TRACE(name);
+        DesktopRun run(QString::fromLatin1(commandLine));
+        if (archives) { // two, so that the chooser does not open one by itself
+            run.archive(u"A"_s);
+            run.archive(u"B"_s);
+        }
+        if (start)
+            run.settings().setValue(SettingKey::Start, QString::fromLatin1(start));
+        if (autoarchiv)
+            run.settings().setValue(SettingKey::autoarchiv, QString::fromLatin1(autoarchiv));
+        run.settings().setValue(SettingKey::Standard, u"B"_s);
+        run.program().show<Startup>()->Timer1_Timer(); // the splash's timer ticks at once
+        run.settle();
+        // The splash unloads itself in every branch, leaving the one window.
+        ASSERT_EQ(std::tuple(run.form<Startup>(), run.program().loadedCount(),
+                      run.program().form(QString::fromLatin1(window)) != nullptr,
+                      run.settings().value(SettingKey::Start)),
+            std::tuple(nullptr, 1, true, QString::fromLatin1(counted)));
+        EXPECT_EQ(run.prompts().messages(),
+            extra == std::string_view("notice") ? QStringList { minimizedStartNotice() } : QStringList());
+        if (Hauptfenster *main = run.form<Hauptfenster>()) {
+            EXPECT_EQ(run.session().archiveName, u"B"_s);
+            EXPECT_EQ(std::pair(main->isVisible(), main->trayIcon()->isVisible()),
+                std::pair(extra != std::string_view("tray"), extra == std::string_view("tray")));
+            // Two quick presses of the right button, as some desktops report a double click.
+            for (int press = 0; press < 2; ++press)
+                emit main->trayIcon()->activated(QSystemTrayIcon::Context);
+            EXPECT_TRUE(main->isVisible());
+        }
     }
 }
