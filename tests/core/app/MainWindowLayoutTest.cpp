@@ -34,13 +34,12 @@ TEST_F(MainWindowLayoutTest, LoadsEachStoredValue)
         Settings fresh(path(u"case%1.ini"_s.arg(++row)));
         fresh.setValue(key, QString::fromLatin1(stored));
         const LayoutLoad load = loadMainWindowLayout(fresh);
-        EXPECT_EQ(fields(load.layout), fields(expected));
-        EXPECT_EQ(fresh.value(key), QString::fromLatin1(stored));
-        EXPECT_EQ(load.messages.size(), notice ? 1 : 0);
+        EXPECT_EQ(std::tuple(fields(load.layout), fresh.value(key), load.messages.size()),
+            std::tuple(fields(expected), QString::fromLatin1(stored), qsizetype(notice ? 1 : 0)));
+        const QString head = u"Die gespeicherte Einstellung \"%1\" (%2)"_s.arg(
+            Settings::keyName(key), QLatin1String(stored));
         for (const QString &message : load.messages)
-            EXPECT_TRUE(message.startsWith(u"Die gespeicherte Einstellung \""_s + Settings::keyName(key)
-                            + u"\" ("_s + QString::fromLatin1(stored) + u")"_s)
-                && message.contains(Settings::declaredDefault(key)))
+            EXPECT_TRUE(message.startsWith(head) && message.contains(Settings::declaredDefault(key)))
                 << message.toStdString();
     }
 }

@@ -79,8 +79,8 @@ TEST(JetConversion, DamagedFilesAreRefusedAndLeftAlone)
         EXPECT_TRUE(!conversion.ok()
             && conversion.error.message.startsWith(
                 u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden."_s));
-        EXPECT_EQ(fileBytes(path), damaged);
-        EXPECT_EQ(QDir(temp.path()).entryList(QDir::Files | QDir::Hidden), QStringList({ u"Alt.mdb"_s }));
+        EXPECT_EQ(std::pair(fileBytes(path), QDir(temp.path()).entryList(QDir::Files | QDir::Hidden)),
+            std::pair(damaged, QStringList({ u"Alt.mdb"_s })));
     }
 }
 

@@ -25,10 +25,6 @@ protected:
     {
         return writeFile(m_dir.filePath(QStringLiteral("1.dat")), QByteArray::fromStdString(bytes));
     }
-    std::shared_ptr<const ImageIndex> load(const std::string &bytes)
-    {
-        return ImageIndex::load(write(bytes));
-    }
 
     // Each folder as "key<parent" and each row as "name|size|date".
     static Strings tree(const ImageIndex &image)
@@ -74,7 +70,7 @@ TEST_F(ImageIndexTest, TreeAndLineCounts)
     };
     for (const auto &[why, bytes, folders, folderLines, fileLines] : cases) {
         SCOPED_TRACE(why);
-        const auto image = load(bytes);
+        const auto image = ImageIndex::load(write(bytes));
         EXPECT_EQ(
             std::tuple(image->isLoaded(), tree(*image), image->folderLineCount(), image->fileLineCount()),
             std::tuple(true, folders, folderLines, fileLines));
@@ -103,7 +99,7 @@ TEST_F(ImageIndexTest, ListsTheFilesOfExactlyOneFolderInFileOrder)
             "d:\\z.zip", { "a.txt|1|01.01.2001", "b.txt|3|03.03.2003", "||", "||" } },
     };
     for (const auto &[why, bytes, folder, expected] : cases)
-        EXPECT_EQ(rows(load(bytes)->listFolder(folder, kNone)), expected) << why;
+        EXPECT_EQ(rows(ImageIndex::load(write(bytes))->listFolder(folder, kNone)), expected) << why;
 }
 
 TEST_F(ImageIndexTest, CacheReloadsWhenTheFileChangesOrAppears)
@@ -146,7 +142,7 @@ TEST_F(ImageIndexTest, LargeImageLosesNoLineAtBlockEdgesOrInOverlongLines)
             expected[folder].push_back(name + "|" + std::to_string(n) + "|x");
         }
     }
-    const auto loaded = load(image);
+    const auto loaded = ImageIndex::load(write(image));
     ASSERT_EQ(loaded->folders().size(), 3002u);
     EXPECT_EQ(loaded->fileLineCount(), 45001);
     for (const auto &[folder, names] : expected)

@@ -9,17 +9,11 @@
 
 #include <map>
 
-namespace {
-
-std::string rarRows(const QString &path)
+// What is no readable RAR gives no rows.
+TEST(RarLister, ListsEachKindOfFixtureAndNothingOfTheRest)
 {
-    return rowsOf(listRar(QFile::encodeName(path).toStdString()));
-}
-
-} // namespace
-
-TEST(RarLister, ListsEachKindOfFixture)
-{
+    const auto rarRows
+        = [](const QString &path) { return rowsOf(listRar(QFile::encodeName(path).toStdString())); };
     const std::string first = "LibarchiveAddingTest2.html|20111|21.09.2012";
     const std::string second = "LibarchiveAddingTest.html|20111|01.01.2012";
     const std::string unixTest = "test.txt|20|26.06.2011";
@@ -70,10 +64,6 @@ TEST(RarLister, ListsEachKindOfFixture)
         cases["rar5_multivol.part" + std::string(part) + ".rar"] = "";
     for (const auto &[file, rows] : cases)
         EXPECT_EQ(rarRows(fixturePath(QStringLiteral("rar/") + QString::fromStdString(file))), rows) << file;
-}
-
-TEST(RarLister, WhatIsNoReadableRarGivesNoRows)
-{
     QTemporaryDir dir;
     writeFile(dir.filePath(QStringLiteral("text.rar")), "Dies ist kein RAR-Archiv.\r\n");
     writeFile(dir.filePath(QStringLiteral("nur_signatur.rar")), QByteArray("Rar!\x1A\x07\x01\x00", 8));
