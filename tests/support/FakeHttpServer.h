@@ -26,8 +26,27 @@ public:
         m_body = body;
         m_status = status;
         m_silent = false;
+        m_endless = false;
     }
     void stayQuiet() { m_silent = true; }
+    // The next answers: a status line and then a header line that never ends, sent for as long
+    // as the client reads it.
+    void sendEndlessHeader()
+    {
+        m_silent = false;
+        m_endless = true;
+        m_endlessClosed = false;
+    }
+    // Whether the client closed the connection of the endless header.
+    bool endlessHeaderClosed() const { return m_endlessClosed; }
+
+    // The status line and headers that go before a body of that length.
+    static QByteArray head(int status, qsizetype bodyLength)
+    {
+        return "HTTP/1.1 " + QByteArray::number(status) + (status == 200 ? " OK" : " Not Found")
+            + "\r\nContent-Type: text/html\r\nContent-Length: " + QByteArray::number(bodyLength)
+            + "\r\nConnection: close\r\n\r\n";
+    }
 
     const QByteArray &requestLine() const { return m_requestLine; }
     const QByteArray &agent() const { return m_agent; }
@@ -46,10 +65,26 @@ private:
         m_request.clear();
         if (m_silent)
             return;
-        socket->write("HTTP/1.1 " + QByteArray::number(m_status) + (m_status == 200 ? " OK" : " Not Found")
-            + "\r\nContent-Type: text/html\r\nContent-Length: " + QByteArray::number(m_body.size())
-            + "\r\nConnection: close\r\n\r\n" + m_body);
+        if (m_endless) {
+            sendEndless(socket);
+            return;
+        }
+        socket->write(head(m_status, m_body.size()) + m_body);
         socket->disconnectFromHost();
+    }
+
+    // Tops the header up whenever little is left to send, so the server's own buffer stays small.
+    void sendEndless(QTcpSocket *socket)
+    {
+        socket->write("HTTP/1.1 200 OK\r\nX-Endlos: ");
+        const auto topUp = [socket] {
+            if (socket->state() == QAbstractSocket::ConnectedState && socket->bytesToWrite() < 65536)
+                socket->write(QByteArray(16384, 'a'));
+        };
+        connect(socket, &QTcpSocket::bytesWritten, socket, topUp);
+        connect(socket, &QTcpSocket::disconnected, this, [this] { m_endlessClosed = true; });
+        connect(socket, &QTcpSocket::errorOccurred, this, [this] { m_endlessClosed = true; });
+        topUp();
     }
 
     QTcpServer m_server;
@@ -59,4 +94,6 @@ private:
     QByteArray m_body;
     int m_status = 200;
     bool m_silent = false;
+    bool m_endless = false;
+    bool m_endlessClosed = false;
 };

@@ -78,11 +78,13 @@ QByteArray httpGetOnce(const QByteArray &address, std::chrono::milliseconds time
             send();
     });
     QObject::connect(&socket, &QSslSocket::encrypted, &socket, send);
+    // The limit holds for the whole answer, headers included: a header that never ends must
+    // not grow the process for as long as the server goes on sending.
+    socket.setReadBufferSize(kReplyLimit);
+    const auto readWithinLimit = [&] { received += socket.read(kReplyLimit - received.size()); };
     QObject::connect(&socket, &QIODevice::readyRead, &loop, [&] {
-        received += socket.readAll();
-        // A longer body is cut at the limit: no need to wait for its end.
-        const qsizetype headerEnd = received.indexOf("\r\n\r\n");
-        if (headerEnd >= 0 && received.size() - headerEnd - 4 >= kReplyLimit)
+        readWithinLimit();
+        if (received.size() >= kReplyLimit)
             loop.quit();
     });
     if (target->secure)
@@ -91,15 +93,16 @@ QByteArray httpGetOnce(const QByteArray &address, std::chrono::milliseconds time
         socket.connectToHost(QString::fromLatin1(target->host), target->port);
     limit.start(timeLimit);
     loop.exec();
-    received += socket.readAll();
+    readWithinLimit();
     const bool inTime = limit.isActive() || socket.state() == QAbstractSocket::UnconnectedState;
     socket.abort();
 
-    // Any page the server sent counts, an error page too; no answer in time counts as none.
+    // Any page the server sent counts, an error page too; no answer in time, or headers that
+    // fill the limit, count as none.
     const qsizetype headerEnd = received.indexOf("\r\n\r\n");
     if (!inTime || !received.startsWith("HTTP/") || headerEnd < 0)
         return {};
-    return received.mid(headerEnd + 4, kReplyLimit);
+    return received.mid(headerEnd + 4);
 }
 
 } // namespace service

@@ -6,7 +6,8 @@
 
 // One HTTP GET as the online services make it: a direct connection (no proxy), never answered
 // from a cache, the agent "Wininet Test", the address's bytes as built in the request line,
-// and one read of at most 50000 bytes of the body (an error page's too).
+// and one read of at most 50000 bytes of the whole answer, headers included; the body of what
+// was read is the reply (an error page's too).
 // Events go on being handled while it waits, so the window that asked stays alive. Whatever
 // fails (no network, no server, the time limit) gives an empty reply, as a failed read did.
 namespace service {

@@ -32,23 +32,22 @@ QString truthText(bool value)
 Values load(Settings &settings, const QString &programFolder)
 {
     Values values;
-    values.path = programFolder;
+    values.path = settings.value(SettingKey::path, programFolder);
     const std::optional<bool> autostart = storedFlag(settings, SettingKey::autostart);
     const std::optional<bool> chooseArchive = storedFlag(settings, SettingKey::autoarchiv);
     const std::optional<bool> standardPath = parseTruthValue(settings.value(SettingKey::pfad, truthText(true)));
     if (!autostart || !chooseArchive || !standardPath) {
+        // The reset values are what the dialog shows, so that a save stores them and not the
+        // values read before the unreadable one.
         const Settings::Update update(settings);
         settings.setValue(SettingKey::autostart, flagText(false));
         settings.setValue(SettingKey::autoarchiv, flagText(false));
         settings.setValue(SettingKey::pfad, truthText(true));
-        values.autostart = autostart.value_or(false);
-        values.chooseArchive = chooseArchive.value_or(false);
         return values;
     }
     values.autostart = *autostart;
     values.chooseArchive = *chooseArchive;
     values.standardPath = *standardPath;
-    values.path = settings.value(SettingKey::path, programFolder);
     return values;
 }
 

@@ -16,8 +16,9 @@ struct Values
 };
 
 // What the dialog shows: the stored values, the path defaulting to the program folder. A
-// stored value that cannot be read resets autostart, the archive question and the path
-// choice in the settings, and the load stops there (the path keeps its default).
+// stored value that cannot be read resets autostart ("0"), the archive question ("0") and the
+// path choice (standard) in the settings, and these reset values are what the dialog shows;
+// the path is shown as stored.
 Values load(Settings &settings, const QString &programFolder);
 
 // A restart is offered when the standard path was stored and is left now, or when the path

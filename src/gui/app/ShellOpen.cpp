@@ -32,13 +32,23 @@ bool open(QWidget *parent, const QUrl &url)
     return opened;
 }
 
-bool startDetached(const QString &program, const QStringList &arguments)
+bool startDetached(const QString &program, const QStringList &arguments, const QStringList &environment)
 {
     if (activeRecorder) {
         activeRecorder->m_started << (QStringList { program } + arguments);
+        activeRecorder->m_startedEnvironments << environment;
         return true;
     }
-    return QProcess::startDetached(program, arguments);
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    for (const QString &variable : environment) {
+        const qsizetype equals = variable.indexOf(QLatin1Char('='));
+        variables.insert(variable.left(equals), variable.mid(equals + 1));
+    }
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setProcessEnvironment(variables);
+    return process.startDetached();
 }
 
 ShellRecorder::ShellRecorder()

@@ -10,6 +10,7 @@
 #include "app/StartupFolders.h"
 #include "common/Prompts.h"
 #include "screen/RegionFromBitmap.h"
+#include "services/Restart.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -56,20 +57,27 @@ void Startup::Timer1_Timer()
     const StartDecision decision
         = decideStart(program.settings(), program.dataFolder(), program.commandLine());
     decision.applyTo(program.session());
+    const bool restartedMinimized = restart::takeMinimizedWindowWish();
+    QWidget *next = nullptr;
     switch (decision.window) {
     case StartDecision::Window::Form3:
-        program.show<Form3>();
+        next = program.show<Form3>();
         break;
     case StartDecision::Window::openarchiv:
-        program.show<openarchiv>();
-        if (decision.showMinimizedNotice)
-            Prompts::message(nullptr, minimizedStartNotice(), Prompts::Icon::Information);
+        next = program.show<openarchiv>();
         break;
     case StartDecision::Window::Hauptfenster:
         if (Hauptfenster *main = program.show<Hauptfenster>(); main && decision.goToTray)
             main->goToTray();
+        else
+            next = main;
         break;
     }
+    // A restart from the options brings the first window up minimized.
+    if (next && restartedMinimized)
+        next->showMinimized();
+    if (decision.showMinimizedNotice)
+        Prompts::message(nullptr, minimizedStartNotice(), Prompts::Icon::Information);
     program.unload(this);
 }
 

@@ -10,6 +10,7 @@
 #include "app/DataFolder.h"
 #include "app/Settings.h"
 #include "services/Options.h"
+#include "services/Restart.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -124,13 +125,14 @@ void frmOptions::Command1_Click()
                               "Anwendung neustarten?"),
                Prompts::Icon::None, {}, Prompts::Buttons::YesNo)
             == Prompts::Answer::Yes) {
-        const QString executable = QCoreApplication::applicationFilePath();
+        const restart::Command again
+            = restart::commandFor(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
         // The main window's own close routine stores its layout and unloads every window.
         if (Hauptfenster *main = m_program.form<Hauptfenster>())
             main->close();
         else
             m_program.unloadAll();
-        shellopen::startDetached(executable, { QStringLiteral("-minimized") });
+        shellopen::startDetached(again.program, again.arguments, again.environment);
         return;
     }
     close();

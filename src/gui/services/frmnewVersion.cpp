@@ -19,6 +19,11 @@ frmnewVersion::frmnewVersion(Program &program)
     setObjectName(QStringLiteral("frmnewVersion"));
     setWindowTitle(QStringLiteral("Neue Version gefunden"));
     m_label1 = dialogparts::label("Label1", QStringLiteral("Fehler!"), this);
+    // The server's reply is shown as the text it is: an error page is no heading, and a page
+    // of nested tables must not reach the rich-text layout. A long reply is cut at the
+    // dialog's edge instead of widening it.
+    m_label1->setTextFormat(Qt::PlainText);
+    m_label1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *command1 = new QPushButton(QStringLiteral("Downloadseite aufrufen"), this);
     command1->setObjectName(QStringLiteral("Command1"));
     auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);

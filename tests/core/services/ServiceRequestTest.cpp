@@ -3,6 +3,10 @@
 
 #include "FakeHttpServer.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -50,7 +54,8 @@ TEST(ServiceRequest, RepliesAreReadOnceAndComparedAsText)
         { "this version", "5.1", 200, "5.1", true, false },
         { "text, not numbers", "10.0", 200, "10.0", false, false },
         { "an error page is a reply", errorPage, 404, errorPage, true, false },
-        { "cut at 50000 bytes", QByteArray(60000, '9'), 200, QByteArray(50000, '9'), true, false },
+        { "cut where the whole answer, headers included, reaches 50000 bytes", QByteArray(60000, '9'), 200,
+            QByteArray(50000 - FakeHttpServer::head(200, 60000).size(), '9'), true, false },
         { "thanks", "Danke", 200, "Danke", true, true },
         { "thanks with a line end", "Danke\r\n", 200, "Danke\r\n", true, false },
     };
@@ -64,6 +69,23 @@ TEST(ServiceRequest, RepliesAreReadOnceAndComparedAsText)
     server.stayQuiet();
     EXPECT_EQ(service::httpGetOnce(address, 300ms), QByteArray());
     EXPECT_EQ(service::httpGetOnce("http://127.0.0.1:1/members/Tolvan/updates.pl?value1=3|"), QByteArray());
+}
+
+// A header that never ends is read up to the limit and no further: the request ends there, long
+// before its time limit, with no reply.
+TEST(ServiceRequest, EndlessHeaderIsCutAtTheLimit)
+{
+    FakeHttpServer server;
+    server.sendEndlessHeader();
+    QElapsedTimer clock;
+    clock.start();
+    const QByteArray reply = service::httpGetOnce(service::updateAddress(server.baseAddress(), u"3"_s, u"anna"_s), 8s);
+    const auto took = std::chrono::milliseconds(clock.elapsed());
+    // The server learns of the closed connection by its own events.
+    const QDeadlineTimer wait(2s);
+    while (!server.endlessHeaderClosed() && !wait.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    EXPECT_EQ(std::tuple(reply, took < 4s, server.endlessHeaderClosed()), std::tuple(QByteArray(), true, true));
 }
 
 } // namespace

@@ -9,7 +9,11 @@
 #include "services/frmnewVersion.h"
 #include "services/frmupdate.h"
 
+#include "app/Hauptfenster.h"
+#include "app/Startup.h"
+
 #include "app/AutostartEntry.h"
+#include "app/StartDecision.h"
 #include "app/DataFolder.h"
 #include "services/ServiceRequest.h"
 
@@ -19,19 +23,30 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The dialogs ask the test's server instead of the maker's.
+// The dialogs ask the test's server instead of the maker's, and the autostart entry goes to a
+// configuration folder of the test's.
 class ServiceDialogsTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { qputenv("SILBERBUCH_SERVICE_URL", m_server.baseAddress().toUtf8()); }
-    void TearDown() override { qunsetenv("SILBERBUCH_SERVICE_URL"); }
+    void SetUp() override
+    {
+        qputenv("SILBERBUCH_SERVICE_URL", m_server.baseAddress().toUtf8());
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_config.path()));
+    }
+    void TearDown() override
+    {
+        qunsetenv("SILBERBUCH_SERVICE_URL");
+        qunsetenv("XDG_CONFIG_HOME");
+    }
 
     FakeHttpServer m_server;
+    QTemporaryDir m_config;
 };
 
 // Which replies count as news or thanks is the core's; here one of each reaches its window.
@@ -65,6 +80,29 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
     }
 }
 
+// The reply is shown as the text it is, one line of the label's font: an error page is no
+// heading, and tables nested thousands deep are no layout to recurse into.
+TEST_F(ServiceDialogsTest, NewVersionShowsTheReplyAsPlainText)
+{
+    const std::pair<const char *, QByteArray> cases[] = {
+        { "error page", "<h1>500 Internal Server Error</h1>" },
+        { "tables nested 3000 deep", QByteArray("<table><tr><td>").repeated(3000) },
+    };
+    for (const auto &[what, body] : cases) {
+        SCOPED_TRACE(what);
+        DesktopRun run;
+        m_server.answer(body, 500);
+        run.program().show<frmupdate>()->Command1_Click();
+        run.settle();
+        frmnewVersion *found = run.form<frmnewVersion>();
+        ASSERT_NE(found, nullptr);
+        const QLabel *label = control<QLabel>(found, "Label1");
+        const QImage shot = found->grab().toImage();
+        EXPECT_EQ(std::tuple(label->text(), label->heightForWidth(label->width()), shot.isNull()),
+            std::tuple(QString::fromLatin1(body), label->fontMetrics().height(), false));
+    }
+}
+
 TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
 {
     const std::pair<QByteArray, QString> cases[] = {
@@ -94,8 +132,6 @@ TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
 // the autostart entry written and removed.
 TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
 {
-    QTemporaryDir config;
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
     // stored path (nullptr: never stored), folder chosen, typed path, autostart, restart offered
     const std::tuple<const char *, const char *, bool, QString, bool, bool> cases[] = {
         { "first save always offers a restart", nullptr, false, {}, false, true },
@@ -129,10 +165,9 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
             expected << u"Hinweis: Die Änderungen werden erst nach einem Neustart der Anwendung wirksam. "
                         u"Anwendung neustarten?"_s;
         EXPECT_EQ(run.prompts().messages(), expected);
-        // The restart starts the program minimized, and the dialog and all windows are gone.
-        EXPECT_EQ(std::tuple(
-                      shell.started().size(), shell.started().value(0).value(1), run.program().loadedCount()),
-            std::tuple(restartOffered ? 1 : 0, restartOffered ? u"-minimized"_s : QString(), 0));
+        // The restart starts the program again, and the dialog and all windows are gone.
+        EXPECT_EQ(std::pair(shell.started().size(), run.program().loadedCount()),
+            std::pair(qsizetype(restartOffered ? 1 : 0), 0));
         const Settings &stored = run.settings();
         EXPECT_EQ(QStringList({ stored.value(SettingKey::autostart), stored.value(SettingKey::autoarchiv),
                       stored.value(SettingKey::pfad), stored.value(SettingKey::path) }),
@@ -140,22 +175,85 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
                 chooseFolder ? typedPath : programFolder() }));
         EXPECT_EQ(QFileInfo::exists(autostart::entryPath()), autostart);
     }
-    qunsetenv("XDG_CONFIG_HOME");
 }
 
-TEST_F(ServiceDialogsTest, OptionsLoadFallsBackOnAValueThatIsNoNumber)
+// The restart starts the same program with the same arguments, nothing added: "-minimized" would
+// send it to the tray. The new run brings its main window up minimized all the same.
+TEST_F(ServiceDialogsTest, OptionsRestartStartsTheProgramAsTheUserDidWithItsWindowMinimized)
 {
-    DesktopRun run;
-    run.settings().setValue(SettingKey::autostart, u"ja"_s);
-    run.settings().setValue(SettingKey::pfad, u"False"_s);
-    run.settings().setValue(SettingKey::path, u"/daten"_s);
-    frmOptions *dialog = run.program().show<frmOptions>();
-    EXPECT_EQ(std::tuple(control<QRadioButton>(dialog, "Option1")->isChecked(),
-                  control<QLineEdit>(dialog, "Text1")->text(), run.settings().value(SettingKey::autostart),
-                  run.settings().value(SettingKey::pfad)),
-        std::tuple(true, programFolder(), u"0"_s, u"True"_s));
-    control<QAbstractButton>(dialog, "Command10")->click();
-    EXPECT_EQ(run.prompts().shown().back().title, u"Infos: Datenbank-Pfad ändern"_s);
+    QStringList started;
+    QStringList environment;
+    {
+        DesktopRun run; // no path stored yet: the first save offers the restart
+        shellopen::ShellRecorder shell;
+        run.prompts().answerMessage(Prompts::Answer::Ok);
+        run.prompts().answerMessage(Prompts::Answer::Yes);
+        run.program().show<frmOptions>()->Command1_Click();
+        run.settle();
+        ASSERT_EQ(shell.started().size(), 1);
+        started = shell.started().front();
+        environment = shell.startedEnvironments().front();
+    }
+    EXPECT_EQ(started, QStringList { QCoreApplication::applicationFilePath() } + QCoreApplication::arguments().mid(1));
+
+    // The new run, with the variables it was given and the default archive to open.
+    for (const QString &variable : environment) {
+        const qsizetype equals = variable.indexOf(u'=');
+        qputenv(variable.left(equals).toLocal8Bit().constData(), variable.mid(equals + 1).toLocal8Bit());
+    }
+    DesktopRun again(wholeCommandLine(started));
+    again.archive(u"B"_s);
+    again.settings().setValue(SettingKey::Start, u"2"_s);
+    again.settings().setValue(SettingKey::autoarchiv, u"0"_s);
+    again.settings().setValue(SettingKey::Standard, u"B"_s);
+    again.program().show<Startup>()->Timer1_Timer();
+    again.settle();
+    Hauptfenster *main = again.form<Hauptfenster>();
+    ASSERT_NE(main, nullptr);
+    EXPECT_EQ(std::tuple(main->isVisible(), main->isMinimized(), main->trayIcon()->isVisible(),
+                  again.prompts().messages()),
+        std::tuple(true, true, false, QStringList()));
+}
+
+// A stored value that can't be read resets autostart, the archive question and the path choice,
+// and the dialog shows exactly the reset values: a save then stores them, not the old ones.
+TEST_F(ServiceDialogsTest, OptionsLoadShowsTheResetValuesAfterAValueThatCannotBeRead)
+{
+    // name, autostart, autoarchiv, pfad as stored
+    const std::tuple<const char *, const char *, const char *, const char *> cases[] = {
+        { "autostart no number", "abc", "1", "False" },
+        { "archive question no number", "1", "ja", "False" },
+        { "path choice no truth value", "1", "1", "vielleicht" },
+    };
+    for (const auto &[what, autostartValue, autoarchiv, pfad] : cases) {
+        SCOPED_TRACE(what);
+        DesktopRun run;
+        Settings &settings = run.settings();
+        settings.setValue(SettingKey::autostart, QString::fromLatin1(autostartValue));
+        settings.setValue(SettingKey::autoarchiv, QString::fromLatin1(autoarchiv));
+        settings.setValue(SettingKey::pfad, QString::fromLatin1(pfad));
+        settings.setValue(SettingKey::path, u"/daten"_s);
+        frmOptions *dialog = run.program().show<frmOptions>();
+        const auto stored = [&] {
+            return QStringList { settings.value(SettingKey::autostart), settings.value(SettingKey::autoarchiv),
+                settings.value(SettingKey::pfad), settings.value(SettingKey::path) };
+        };
+        const QStringList reset { u"0"_s, u"0"_s, u"True"_s, u"/daten"_s };
+        const QStringList shown { control<QCheckBox>(dialog, "Check1")->isChecked() ? u"1"_s : u"0"_s,
+            control<QCheckBox>(dialog, "Check3")->isChecked() ? u"1"_s : u"0"_s,
+            control<QRadioButton>(dialog, "Option1")->isChecked() ? u"True"_s : u"False"_s,
+            control<QLineEdit>(dialog, "Text1")->text() };
+        EXPECT_EQ(std::pair(shown, stored()), std::pair(reset, reset));
+        control<QAbstractButton>(dialog, "Command10")->click();
+        EXPECT_EQ(run.prompts().shown().back().title, u"Infos: Datenbank-Pfad ändern"_s);
+        // Saved as shown: the same values, and no restart, since nothing changed.
+        run.prompts().clear();
+        run.prompts().answerMessage(Prompts::Answer::Ok);
+        dialog->Command1_Click();
+        run.settle();
+        EXPECT_EQ(std::pair(run.prompts().messages(), stored()),
+            std::pair(QStringList { u"Einstellungen gespeichert!"_s }, reset));
+    }
 }
 
 TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
