@@ -43,7 +43,20 @@ TEST(ArchiveCommands, RefusedCallsSayWhyAndChangeNothing)
             u"Das Archiv wird aus der Liste entfernt!"_s },
         { args({ "archive", "default", "musik" }), 1,
             u"Archiv nicht gefunden! Bitte wählen Sie ein anderes aus."_s },
-        { args({ "archive", "umbenennen", "x" }), 2, u"Aufruf: silberbuch-cli archive"_s } });
+        { args({ "archive", "umbenennen", "x" }), 2, u"Aufruf: silberbuch-cli archive"_s },
+        // Names a list, a backup or a file name cannot hold: no file is made, hidden or not.
+        { args({ "archive", "create", ".hidden" }), 1,
+            u"Der Name \".hidden\" beginnt mit einem Punkt: Das Archiv wäre eine versteckte Datei und erschiene in "
+            u"keiner Liste. Bitte wählen Sie einen anderen Namen."_s },
+        { args({ "archive", "create", "a\nb" }), 1,
+            u"Der Name des Archivs enthält ein Steuerzeichen (etwa einen Zeilenumbruch oder einen Tabulator). Bitte "
+            u"wählen Sie einen anderen Namen."_s },
+        { args({ "archive", "create", "Ωmega" }), 1,
+            u"Der Name \"Ωmega\" enthält das Zeichen \"Ω\", das in Sicherungen und HTML-Seiten nicht gespeichert "
+            u"werden kann. Erlaubt sind die Zeichen des westeuropäischen Zeichensatzes (Windows-1252). Bitte wählen "
+            u"Sie einen anderen Namen."_s } });
+    ASSERT_EQ(cli.run(args({ "archive", "create", "Übersicht" })).exitCode, 0);
+    EXPECT_EQ(cli.run(args({ "archive", "list" })).lines, args({ "Musik", "Übersicht" }));
 
     const QString missing = cli.scratch(u"nirgends"_s);
     const CliRun refused = cli.run({ u"--data"_s, missing, u"archive"_s, u"create"_s, u"X"_s }, false);

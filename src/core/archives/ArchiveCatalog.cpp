@@ -3,6 +3,7 @@
 #include "ArchiveStore.h"
 #include "app/DataPaths.h"
 #include "app/Settings.h"
+#include "common/Cp1252.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -50,13 +51,8 @@ QString ArchiveCatalog::pathOf(const QString &name) const
 
 ArchiveError ArchiveCatalog::create(const QString &name, const QStringList &listedNames) const
 {
-    if (name.isEmpty())
-        return { Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.") };
-    if (name.contains(QLatin1Char('/')) || name.contains(QChar(0)))
-        return { Kind::BadName,
-            QStringLiteral("Der Name \"") + name
-                + QStringLiteral("\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie "
-                                 "einen anderen Namen.") };
+    if (const ArchiveError refused = checkNewArchiveName(name); !refused.ok())
+        return refused;
     if (listedNames.contains(name))
         return { Kind::DuplicateName, duplicateNameMessage(name) };
     if (!QDir().mkpath(datapaths::archiveFolder(m_dataFolder)))
@@ -84,6 +80,43 @@ QString ArchiveCatalog::duplicateNameMessage(const QString &name)
 {
     return QStringLiteral("Fehler! Es existiert bereits ein Archiv mit dem Namen ") + name
         + QStringLiteral(" !\r\nBitte wählen Sie einen anderen Namen");
+}
+
+ArchiveError checkNewArchiveName(const QString &name)
+{
+    const QString other = QStringLiteral(" Bitte wählen Sie einen anderen Namen.");
+    if (name.isEmpty())
+        return { Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.") };
+    // A "\" separates folders on Windows, and a backup that holds one is refused whole.
+    if (name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) || name.contains(QChar(0)))
+        return { Kind::BadName,
+            QStringLiteral("Der Name \"") + name + QStringLiteral("\" kann nicht als Dateiname verwendet werden.")
+                + other };
+    if (name.startsWith(QLatin1Char('.')))
+        return { Kind::BadName,
+            QStringLiteral("Der Name \"") + name
+                + QStringLiteral("\" beginnt mit einem Punkt: Das Archiv wäre eine versteckte Datei und erschiene "
+                                 "in keiner Liste.")
+                + other };
+    const QList<uint> characters = name.toUcs4();
+    // The name is not repeated here: its line break or escape would garble the message itself.
+    if (std::any_of(characters.begin(), characters.end(),
+            [](uint c) { return QChar::category(char32_t { c }) == QChar::Other_Control; }))
+        return { Kind::BadName,
+            QStringLiteral("Der Name des Archivs enthält ein Steuerzeichen (etwa einen Zeilenumbruch oder einen "
+                           "Tabulator).")
+                + other };
+    const auto outside = std::find_if_not(characters.begin(), characters.end(), cp1252::holds);
+    if (outside != characters.end()) {
+        const char32_t character = *outside;
+        return { Kind::BadName,
+            QStringLiteral("Der Name \"") + name + QStringLiteral("\" enthält das Zeichen \"")
+                + QString::fromUcs4(&character, 1)
+                + QStringLiteral("\", das in Sicherungen und HTML-Seiten nicht gespeichert werden "
+                                 "kann. Erlaubt sind die Zeichen des westeuropäischen Zeichensatzes (Windows-1252).")
+                + other };
+    }
+    return {};
 }
 
 bool archiveNameMatches(const QString &typed, const QStringList &entries)

@@ -18,8 +18,9 @@ public:
     QStringList names() const;
     QString pathOf(const QString &name) const;
 
-    // Creates an empty archive. listedNames are the names the caller showed: a name among
-    // them is refused, compared binary, even when its file has gone meanwhile.
+    // Creates an empty archive under a name that checkNewArchiveName() allows. listedNames are
+    // the names the caller showed: a name among them is refused, compared binary, even when its
+    // file has gone meanwhile.
     ArchiveError create(const QString &name, const QStringList &listedNames) const;
     // Deletes the archive's file alone; images and covers stay, as they belong to no archive.
     ArchiveError remove(const QString &name) const;
@@ -29,6 +30,12 @@ public:
 private:
     QString m_dataFolder;
 };
+
+// Whether a new archive may be called `name`; a BadName error with the German reason when not.
+// The name must be a plain file name, must not begin with "." (the file would be hidden and
+// no list would show the archive), must hold no control character (it would break the lines
+// of a list) and only characters of code page 1252, in which backups and HTML pages store it.
+ArchiveError checkNewArchiveName(const QString &name);
 
 // The typed name of the archive chooser is found when it equals an entry, or an entry
 // followed by ".mdb"; binary, so letter case counts.

@@ -105,6 +105,11 @@ void appendFromUtf8(std::string_view utf8, std::string &out)
     }
 }
 
+bool holds(char32_t codePoint)
+{
+    return codePoint == U'?' || byteOf(codePoint) != '?';
+}
+
 std::string fromUtf8(std::string_view utf8)
 {
     std::string out;

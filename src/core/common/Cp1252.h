@@ -16,6 +16,9 @@ namespace cp1252 {
 std::string fromUtf8(std::string_view utf8);
 void appendFromUtf8(std::string_view utf8, std::string &out);
 
+// Whether the code page has a byte for the Unicode character.
+bool holds(char32_t codePoint);
+
 std::string toUtf8(std::string_view bytes);
 
 QString toQString(std::string_view bytes);

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-// One entry of a ZIP or RAR file as it goes into an entry line: code page 1252 bytes.
+// One entry of a ZIP or RAR file as it goes into an entry line: code page 1252 bytes. The
+// name is the packer's; the image writer puts "?" for a "|" or a control character in it, and
+// a "\" stays, as it is the packer's folder separator.
 struct ArchiveEntry
 {
     std::string name;

@@ -1,8 +1,7 @@
 #include "FolderEntries.h"
 
 #include "CaptureFilter.h"
-
-#include "common/Cp1252.h"
+#include "ImageNames.h"
 
 #include <QChar>
 #include <QString>
@@ -97,7 +96,7 @@ FolderRead readFolder(int anchorFd, const char *relativePath, dev_t device, cons
             continue;
         FolderEntry item;
         item.name = entry->d_name;
-        cp1252::appendFromUtf8(item.name, item.name1252);
+        imagenames::appendVolumeName(item.name, item.name1252);
         item.type = entry->d_type;
         const bool isFolder = item.type == DT_DIR;
         const bool needsStatus = item.type == DT_UNKNOWN || isFolder || filter.passes(item.name1252);

@@ -10,7 +10,7 @@
 struct FolderEntry
 {
     std::string name; // file system bytes
-    std::string name1252; // the image's code page 1252 form
+    std::string name1252; // the image's form: code page 1252, "?" for what a line cannot hold
     unsigned char type = 0; // DT_DIR, DT_REG, ...
     bool onOtherDevice = false; // a folder that is a mount point: written, not entered
     bool statusKnown = false; // size and date were read (files that pass the filter)

@@ -1,5 +1,7 @@
 #include "ImageWriter.h"
 
+#include "ImageNames.h"
+
 #include "common/DateText.h"
 #include "common/Temporaries.h"
 
@@ -18,17 +20,11 @@ const QString kTemporaryPrefix = QStringLiteral(".capture-");
 // Lines are handed to the file system in pieces of about this size.
 constexpr size_t kWriteSize = size_t { 1 } << 20;
 
-// A CR or LF inside a name would end its line and could inject others: it becomes "?", as a
-// character outside the code page does.
 void appendName(std::string_view name, std::string &out)
 {
     const size_t start = out.size();
     out.append(name);
-    if (name.find_first_of("\r\n") == std::string_view::npos)
-        return;
-    for (size_t i = start; i < out.size(); ++i)
-        if (out[i] == '\r' || out[i] == '\n')
-            out[i] = '?';
+    imagenames::maskLineBreakers(out, start);
 }
 
 void appendNumber(long long value, std::string &out)

@@ -14,7 +14,8 @@
 // back (the pruned walk drops the line of a folder that turned out empty), so the caller
 // says through settle() how many of the latest lines may still go.
 //
-// A CR or LF inside a folder, file or entry name becomes "?", so every name stays on its line.
+// A "|" or a control character (CR and LF among them) inside a folder, file or entry name
+// becomes "?", so every name stays on its line and in its field.
 class ImageWriter
 {
 public:

@@ -127,8 +127,13 @@ void openarchiv::Command2_Click()
             return;
         const ArchiveCatalog catalog(m_program.dataFolder());
         const ArchiveError error = catalog.create(*answer, m_files);
+        // A name taken or not allowed is asked for again.
         if (error.kind == ArchiveError::Kind::DuplicateName) {
             Prompts::message(this, error.message);
+            continue;
+        }
+        if (error.kind == ArchiveError::Kind::BadName) {
+            Prompts::message(this, error.message, Prompts::Icon::Critical);
             continue;
         }
         if (!error.ok()) {

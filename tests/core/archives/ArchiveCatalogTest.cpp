@@ -39,6 +39,13 @@ TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
 {
     ASSERT_TRUE(m_catalog.create(u"musik"_s, {}).ok());
     ASSERT_TRUE(m_catalog.create(u"Musik"_s, m_catalog.names()).ok()); // letter case makes another name
+    // Every character of code page 1252 may stand in a name, a dot too where it does not lead.
+    for (const QString &name : { u"Übersicht"_s, u"Preise in € – «Œuvre» ™ ß ÿ"_s, u"v1.2"_s })
+        EXPECT_TRUE(m_catalog.create(name, {}).ok()) << name.toStdString();
+    EXPECT_EQ(m_catalog.names(),
+        (QStringList { u"Musik"_s, u"musik"_s, u"Preise in € – «Œuvre» ™ ß ÿ"_s, u"v1.2"_s, u"Übersicht"_s }));
+    for (const QString &name : { u"Übersicht"_s, u"Preise in € – «Œuvre» ™ ß ÿ"_s, u"v1.2"_s })
+        ASSERT_TRUE(m_catalog.remove(name).ok()) << name.toStdString();
     EXPECT_EQ(m_catalog.names(), (QStringList { u"Musik"_s, u"musik"_s }));
     const auto rows = ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll();
     EXPECT_TRUE(rows.ok() && rows.value.empty());
@@ -54,6 +61,13 @@ TEST_F(ArchiveCatalogTest, CreateAndRemoveTouchOnlyTheArchiveFile)
 
 TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
 {
+    const QString kControl = u"Der Name des Archivs enthält ein Steuerzeichen (etwa einen Zeilenumbruch oder einen "
+                             u"Tabulator). Bitte wählen Sie einen anderen Namen."_s;
+    const auto outside = [](const QString &name, const QString &character) {
+        return u"Der Name \""_s + name + u"\" enthält das Zeichen \""_s + character
+            + u"\", das in Sicherungen und HTML-Seiten nicht gespeichert werden kann. Erlaubt sind die Zeichen des "
+              u"westeuropäischen Zeichensatzes (Windows-1252). Bitte wählen Sie einen anderen Namen."_s;
+    };
     ArchiveBuilder(m_dir.path(), u"Musik"_s).cd(1, u"Bleibt"_s);
     const std::tuple<QString, QStringList, Kind, QString> cases[] = { // name, names listed, kind, message
         { u"Musik"_s, { u"Musik"_s }, Kind::DuplicateName,
@@ -61,15 +75,29 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
         { QString(), {}, Kind::BadName, u"Der Name des Archivs darf nicht leer sein."_s },
         { u"a/b"_s, {}, Kind::BadName,
             u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
+        { u"a\\b"_s, {}, Kind::BadName,
+            u"Der Name \"a\\b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
+        // Hidden: no list would show it, so it could be neither opened nor deleted.
+        { u".hidden"_s, {}, Kind::BadName,
+            u"Der Name \".hidden\" beginnt mit einem Punkt: Das Archiv wäre eine versteckte Datei und erschiene in "
+            u"keiner Liste. Bitte wählen Sie einen anderen Namen."_s },
+        // A line break would split the archive list; the other controls reach terminals raw.
+        { u"a\nb"_s, {}, Kind::BadName, kControl },
+        { u"Tab\tname"_s, {}, Kind::BadName, kControl },
+        { u"esc\x1b[2J"_s, {}, Kind::BadName, kControl },
+        { u"c1\u0085"_s, {}, Kind::BadName, kControl },
+        // Backups store names in code page 1252, where "Ωmega" would come back as "?mega".
+        { u"Ωmega"_s, {}, Kind::BadName, outside(u"Ωmega"_s, u"Ω"_s) },
+        { u"Lachen 😀"_s, {}, Kind::BadName, outside(u"Lachen 😀"_s, u"😀"_s) },
         // The file exists though the caller did not list it.
         { u"Musik"_s, {}, Kind::FileError,
             u"Die Datei \"%1\" existiert bereits."_s.arg(m_catalog.pathOf(u"Musik"_s)) }
     };
     for (const auto &[archive, listed, kind, message] : cases) {
         const ArchiveError error = m_catalog.create(archive, listed);
-        EXPECT_EQ(std::pair(error.kind, error.message), std::pair(kind, message));
+        EXPECT_EQ(std::pair(error.kind, error.message), std::pair(kind, message)) << archive.toStdString();
     }
-    EXPECT_EQ(m_catalog.names(), QStringList { u"Musik"_s });
+    EXPECT_EQ(QDir(path(u"archive"_s)).entryList(QDir::Files | QDir::Hidden), QStringList { u"Musik.mdb"_s });
     EXPECT_EQ(ArchiveStore(m_catalog.pathOf(u"Musik"_s)).selectAll().value.size(), 1u);
     EXPECT_FALSE(QFile::exists(path(u"Musik.mdb"_s)));
 }

@@ -3,6 +3,7 @@
 #include "images/CaptureFilter.h"
 #include "images/CaptureProgress.h"
 #include "images/FolderEntries.h"
+#include "images/ImageLine.h"
 
 #include "TestPaths.h"
 #include "TreeBuilder.h"
@@ -303,6 +304,67 @@ TEST(ImageCapture, AnUnreadableFolderLeavesANamelessLine)
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     EXPECT_EQ(w.image(),
         ">d:\r\n>d:\\System Volume Information\r\nd:\\System Volume Information\\|0|01.01.1601\r\n\r\n");
+}
+
+// Names that a line cannot hold, from the volume and from a ZIP alike, get "?" for the field
+// separator, for control characters, and for a backslash inside a volume name (a ZIP's
+// backslash is its packer's folder separator and stays one). Every file line then reads back
+// with its own name and size.
+TEST(ImageCapture, NamesALineCannotHoldGetQuestionMarksAndReadBackWhole)
+{
+    Workspace w;
+    const std::tuple<const char *, const char *, int64_t, const char *, const char *> volume[] = {
+        // why, file made, size, lines written, name read back
+        { "field separator", "a|b|c.txt", 10, "d:\\a?b?c.txt|10|03.02.2001 04:05:06", "a?b?c.txt" },
+        { "backslash", "back\\slash.txt", 11, "d:\\back?slash.txt|11|03.02.2001 04:05:06", "back?slash.txt" },
+        { "escape", "esc\x1b.txt", 12, "d:\\esc?.txt|12|03.02.2001 04:05:06", "esc?.txt" },
+        { "folder with a backslash", "ord\\ner/x.txt", 1, ">d:\\ord?ner\r\nd:\\ord?ner\\x.txt|1|03.02.2001 04:05:06",
+            "x.txt" },
+        { "tab", "tab\t.txt", 13, "d:\\tab?.txt|13|03.02.2001 04:05:06", "tab?.txt" },
+    };
+    const std::tuple<const char *, std::string, const char *, const char *> zip[] = {
+        // why, stored name, line written, name read back
+        { "field separator", "a|b.txt", "d:\\namen.zip\\a?b.txt|2|03.02.2001", "a?b.txt" },
+        { "the packer's separator", "dir\\sub.txt", "d:\\namen.zip\\dir\\sub.txt|2|03.02.2001", "sub.txt" },
+        { "delete", "del\x7f.txt", "d:\\namen.zip\\del?.txt|2|03.02.2001", "del?.txt" },
+        { "line break and a folder line", "x\r\n>d:\\weg\r\ny.txt", "d:\\namen.zip\\x?\?>d:\\weg?\?y.txt|2|03.02.2001",
+            "weg?\?y.txt" },
+    };
+    std::string entries;
+    QByteArray zipLines = ">d:\\namen.zip\r\n";
+    for (const auto &[why, name, line, readBack] : zip) {
+        entries += zipEntry(name, "xy");
+        zipLines += QByteArray(line) + "\r\n";
+    }
+    writeZip(w.tree.path(QStringLiteral("namen.zip")), entries);
+    // Listed in the order of the Windows file system: the ZIP after "esc".
+    QByteArray expected = ">d:\r\n";
+    for (const auto &[why, made, size, lines, readBack] : volume) {
+        w.tree.file(QString::fromUtf8(made), size, kNotiz);
+        if (std::string_view(why) == "folder with a backslash")
+            expected += zipLines + "d:\\namen.zip\\||\r\n";
+        expected += QByteArray(lines) + "\r\n";
+    }
+    ASSERT_TRUE(w.capture("*.*", false).ok());
+    EXPECT_EQ(w.image(), expected + "\r\n");
+
+    std::vector<std::pair<std::string, std::string>> readBack;
+    for (const QByteArray &bytes : w.image().split('\n')) {
+        const std::string line = bytes.chopped(bytes.endsWith('\r') ? 1 : 0).toStdString();
+        imageline::FileFields fields;
+        if (!imageline::isFolder(line) && imageline::cutFileLine(line, fields))
+            readBack.emplace_back(fields.name, fields.size);
+    }
+    std::vector<std::pair<std::string, std::string>> names;
+    for (const auto &[why, made, size, lines, name] : volume) {
+        if (std::string_view(why) == "folder with a backslash") {
+            for (const auto &[zipWhy, stored, line, zipName] : zip)
+                names.emplace_back(zipName, "2");
+            names.emplace_back("", "");
+        }
+        names.emplace_back(name, std::to_string(size));
+    }
+    EXPECT_EQ(readBack, names);
 }
 
 // Folders list as the Windows file system sorts them, so images match the Windows

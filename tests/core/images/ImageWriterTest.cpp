@@ -45,10 +45,13 @@ TEST(ImageWriter, LinesWrapTheSizeDropTheTimeAtMidnightAndRewriteLineBreaks)
     for (const auto &[folder, size, mtime, line] : cases)
         EXPECT_EQ(written([&](ImageWriter &w) { w.fileLine(folder, "x", size, mtime); }),
             QByteArray(line) + "\r\n\r\n");
-    // A CR or LF in any name becomes "?": no name can end its line or inject another (the
-    // ZIP entry "a\r\n>d:\r\nb.txt" would hide the rest of the tree).
+    // A "|" or a control character in any name becomes "?": no name can end its line or
+    // inject another (the ZIP entry "a\r\n>d:\r\nb.txt" would hide the rest of the tree), move
+    // the size field, or reach a terminal raw. Other characters of the code page stay.
     const std::pair<const char *, const char *> names[] = { { "a\rb", "a?b" }, { "a\nb", "a?b" },
-        { "a\r\n>d:\r\nb.txt", "a?\?>d:?\?b.txt" }, { "back\r", "back?" } };
+        { "a\r\n>d:\r\nb.txt", "a?\?>d:?\?b.txt" }, { "back\r", "back?" }, { "a|b|c.txt", "a?b?c.txt" },
+        { "esc\x1b[2J.txt", "esc?[2J.txt" }, { "tab\t.txt", "tab?.txt" }, { "del\x7f.txt", "del?.txt" },
+        { "\x01\x1f~ \xA0\xFF", "??~ \xA0\xFF" } };
     for (const auto &[name, kept] : names) {
         EXPECT_EQ(written([&](ImageWriter &w) { w.entryLine("d:", "a.zip", name, "4", "03.02.2001"); }),
             QByteArray("d:\\a.zip\\") + kept + "|4|03.02.2001\r\n\r\n")

@@ -4,6 +4,7 @@
 #include "archives/Form4.h"
 #include "archives/openarchiv.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -114,6 +115,39 @@ TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
             EXPECT_EQ(run.program().loadedCount(), 0) << "the end button unloads every window";
         }
     }
+}
+
+// Names the list, a backup or a file name cannot hold are refused with their reason, in the
+// chooser's input box (which asks again) and in the first archive's text box alike.
+TEST(openarchiv, NewArchiveNamesAreCheckedByTheCatalog)
+{
+    const QStringList refused = { u".hidden"_s, u"a\nb"_s, u"Ωmega"_s };
+    QStringList reasons;
+    for (const QString &name : refused)
+        reasons.append(checkNewArchiveName(name).message);
+    const auto archiveFiles = [](DesktopRun &run) {
+        return QDir(datapaths::archiveFolder(run.home())).entryList(QDir::Files | QDir::Hidden);
+    };
+    {
+        DesktopRun run;
+        openarchiv *shown = chooser(run);
+        for (const QString &name : refused + QStringList { u"Übersicht"_s })
+            run.prompts().answerInput(name);
+        shown->Command2_Click();
+        run.settle();
+        EXPECT_EQ(run.prompts().messages(), reasons);
+        EXPECT_EQ(std::pair(archiveFiles(run), run.session().archiveName),
+            std::pair(QStringList { u"A.mdb"_s, u"B.mdb"_s, u"Übersicht.mdb"_s }, u"Übersicht"_s));
+    }
+    DesktopRun run;
+    Form4 *form = run.program().show<Form4>();
+    for (const QString &name : refused) {
+        textBox(form)->setText(name);
+        form->Command1_Click();
+        run.settle();
+    }
+    EXPECT_EQ(std::tuple(run.prompts().messages(), archiveFiles(run), run.form<Form4>()),
+        std::tuple(reasons, QStringList(), form));
 }
 
 TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
