@@ -2,6 +2,7 @@
 
 #include "ArchiveBuilder.h"
 #include "BackupBytes.h"
+#include "QStringPrinting.h"
 #include "TempCatalog.h"
 #include "TestPaths.h"
 
@@ -187,8 +188,8 @@ TEST(Backup, RefusedFilesWriteNothing)
 TEST(Backup, RefusesNamesThatAreNoPlainFileNames)
 {
     const QByteArray good = backupRecord("C:\\S\\Archive\\Neu.mdb", archiveBytes()) + backupRecord("C:\\S\\LWS\\1.dat", "img");
-    QTemporaryDir root;
-    const QByteArray absolute = QFile::encodeName(root.filePath(u"fremd/2.dat"_s));
+    QTemporaryDir outside;
+    const QByteArray absolute = QFile::encodeName(outside.filePath(u"fremd/2.dat"_s));
     const QByteArray long300 = QByteArray(296, 'a') + ".dat";
     const std::tuple<const char *, QByteArray, QString> cases[] = { // what, stored name, as the message shows it
         { "climbs out with ../", "C:\\S\\LWS\\../../opfer.dat", u"C:\\S\\LWS\\../../opfer.dat"_s },
@@ -203,6 +204,7 @@ TEST(Backup, RefusesNamesThatAreNoPlainFileNames)
     };
     for (const auto &[what, name, shown] : cases) {
         SCOPED_TRACE(what);
+        QTemporaryDir root;
         const QString file = writeFile(root.filePath(u"b.bup"_s), backupFile(3, good + backupRecord(name, "x")));
         QDir(root.path()).mkpath(u"data/lws"_s);
         const auto before = treeBelow(root.path());
@@ -210,6 +212,7 @@ TEST(Backup, RefusesNamesThatAreNoPlainFileNames)
         EXPECT_EQ(restored.error,
             u"Das Backup enthält den ungültigen Dateinamen \""_s + shown + u"\". Es wurde nichts wiederhergestellt."_s);
         EXPECT_EQ(treeBelow(root.path()), before);
+        EXPECT_EQ(treeBelow(outside.path()), (std::map<QString, QByteArray> {}));
     }
 }
 
