@@ -129,19 +129,25 @@ bool writeAll(QFile &out, const QByteArray &bytes)
     return out.write(bytes) == bytes.size();
 }
 
-// Copies exactly `size` bytes of the file at `path` to `out`, a block at a time.
+// Copies `length` bytes from `at` in `in` to `out`, a block at a time.
+bool copyRange(QFile &in, qint64 at, qint64 length, QFile &out)
+{
+    if (!in.seek(at))
+        return false;
+    while (length > 0) {
+        const QByteArray block = in.read(std::min(length, kCopyBlock));
+        if (block.isEmpty() || !writeAll(out, block))
+            return false;
+        length -= block.size();
+    }
+    return true;
+}
+
+// Copies exactly `size` bytes of the file at `path` to `out`.
 bool copyInto(QFile &out, const QString &path, qint64 size)
 {
     QFile in(path);
-    if (!in.open(QIODevice::ReadOnly) || in.size() != size)
-        return false;
-    while (size > 0) {
-        const QByteArray block = in.read(std::min(size, kCopyBlock));
-        if (block.isEmpty() || !writeAll(out, block))
-            return false;
-        size -= block.size();
-    }
-    return true;
+    return in.open(QIODevice::ReadOnly) && in.size() == size && copyRange(in, 0, size, out);
 }
 
 // One record as the file holds it: where its name and its content lie.
@@ -300,20 +306,6 @@ Contents contentsOf(QFile &in, const QString &file, const QString &dataFolder)
         contents.error = QStringLiteral("Das Backup \"") + QDir::toNativeSeparators(file)
             + QStringLiteral("\" enthält kein Archiv.") + kNothingRestored;
     return contents;
-}
-
-// Copies `length` bytes from `at` in `in` to `out`, a block at a time.
-bool copyRange(QFile &in, qint64 at, qint64 length, QFile &out)
-{
-    if (!in.seek(at))
-        return false;
-    while (length > 0) {
-        const QByteArray block = in.read(std::min(length, kCopyBlock));
-        if (block.isEmpty() || !writeAll(out, block))
-            return false;
-        length -= block.size();
-    }
-    return true;
 }
 
 } // namespace
