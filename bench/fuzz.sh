@@ -17,7 +17,7 @@ cmake --build "$build" -j2 >/dev/null
 
 seeds=$build/seeds
 rm -rf "$seeds"
-mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern,print_image}
+mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern,print_image,backup}
 cp "$fixtures"/zip/*.zip "$seeds/zip/"
 cp "$fixtures"/rar/*.rar "$seeds/rar/"
 printf '>d:\r\n>d:\\Bilder\r\nd:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n>d:\\Bilder\\a.zip\r\nd:\\Bilder\\a.zip\\x/y.txt|3|03.02.2001\r\nd:\\Bilder\\a.zip\\||\r\nd:\\liesmich.txt|12|01.01.2003\r\n\r\n' \
@@ -27,13 +27,16 @@ cp "$seeds/image_index/example.dat" "$seeds/print_image/"
 printf '[CD1]\r\nName=Urlaub\r\nKommentar1=Fotos\r\nSeriennummer=1234\r\n[cd1]\r\nName=x\r\n[]\r\n' > "$seeds/ini/old.ini"
 printf 'Sta1|Fotos|Videos|End1' > "$seeds/comment_codec/two"
 printf '*[a-f]?#*\nAbc1.txt' > "$seeds/pattern/mixed"
+# A backup of two records: an archive database that is cut short, an image.
+printf '\x0b\x00C:\\TmpC.txt\x05\x00 2 \r\n\x09\x00C:\\b.bup2\x41\x00\x14\x00C:\\A\\Archive\\Neu.mdb\x14\x00SQLite format 3\x00\x10\x00\x01\x01\x0e\x00C:\\A\\LWS\\1.dat\x03\x00img' \
+  > "$seeds/backup/two"
 
 # libarchive asks malloc for absurd sizes on some damaged RAR headers and copes with the null
 # it gets back; the sanitizer's allocator must return that null too instead of stopping.
 export ASAN_OPTIONS=allocator_may_return_null=1
 
 status=0
-for target in zip rar image_index file_search ini comment_codec pattern print_image; do
+for target in zip rar image_index file_search ini comment_codec pattern print_image backup; do
   mkdir -p "$build/findings/$target" "$build/corpus/$target"
   if "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=65536 -print_final_stats=1 \
       -artifact_prefix="$build/findings/$target/" "$build/corpus/$target" "$seeds/$target" \

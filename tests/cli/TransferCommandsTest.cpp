@@ -1,6 +1,7 @@
 #include "CliRunner.h"
 
 #include "ArchiveBuilder.h"
+#include "BackupBytes.h"
 #include "TestPaths.h"
 
 namespace {
@@ -54,6 +55,26 @@ TEST(TransferCommands, AKilledBackupLeavesTheOldOne)
     beside.removeAll(u"settings.ini"_s);
     EXPECT_EQ(beside, QStringList { u"musik.bup"_s });
     EXPECT_EQ(QDir(cli.dataPath(u"archive"_s)).entryList(QDir::Files | QDir::Hidden), QStringList { u"Musik.mdb"_s });
+}
+
+// A backup whose name climbs out of the data folder (cut by a NUL behind ".dat"), or that holds
+// no archive, is refused with exit code 1 before anything is written, anywhere.
+TEST(TransferCommands, RestoreRefusesABackupThatIsNoneOfOurs)
+{
+    const CliRunner cli;
+    const QByteArray archive = fileBytes(ArchiveBuilder(cli.scratch(u"quelle"_s), u"Neu"_s).path());
+    const QString climbing = writeFile(cli.scratch(u"klettert.bup"_s),
+        backupFile(2,
+            backupRecord("C:\\Silberbuch\\Archive\\Neu.mdb", archive)
+                + backupRecord(QByteArray("C:\\Silberbuch\\LWS\\../../.bashrc\0" "0.dat", 37), "rm -rf ~")));
+    const QString noArchive = writeFile(cli.scratch(u"ohne.bup"_s),
+        backupFile(1, backupRecord("C:\\Silberbuch\\Archive\\Neu.mdb", QByteArray(4096, '\0'))));
+    cli.expectRefused({ { { u"restore"_s, climbing }, 1,
+                            u"Das Backup enthält den ungültigen Dateinamen \"C:\\Silberbuch\\LWS\\../../.bashrc?0.dat\". "
+                            u"Es wurde nichts wiederhergestellt."_s },
+        { { u"restore"_s, noArchive }, 1,
+            u"Die Datei \"C:\\Silberbuch\\Archive\\Neu.mdb\" im Backup ist kein Archiv. Es wurde nichts "
+            u"wiederhergestellt."_s } });
 }
 
 // import-ini names the archive after the file unless told otherwise, and refuses a name that

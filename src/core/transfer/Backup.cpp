@@ -1,5 +1,9 @@
 #include "Backup.h"
 
+#include "ArchiveBytes.h"
+#include "BackupNames.h"
+#include "StagedFiles.h"
+
 #include "app/DataFolder.h"
 #include "app/DataPaths.h"
 #include "archives/ArchiveStore.h"
@@ -25,6 +29,12 @@ namespace {
 // A length below this is stored in two bytes; this value itself marks four more bytes.
 constexpr quint32 kLongForm = 0xFFFF;
 constexpr qint64 kCopyBlock = qint64 { 1 } << 20;
+// The count is a 16-bit number in the Windows version; more files overflow it.
+constexpr qint64 kMostFiles = 32767;
+// The least a record takes: two short lengths, empty name and content.
+constexpr qint64 kLeastRecord = 4;
+// Longer names are no paths the Windows version could have stored.
+constexpr qint64 kLongestStoredName = 32767;
 
 struct Packed
 {
@@ -96,24 +106,48 @@ QString cannotWrite(const QString &path)
         + QStringLiteral("\" kann nicht geschrieben werden (Datenträger voll oder schreibgeschützt?).");
 }
 
+// Why the file at `path` cannot go into a backup under its name; empty when it can. The
+// restore gives back the name behind the last "\" as code page 1252 stores it.
+QString unstorableName(const QString &path)
+{
+    const QString name = QFileInfo(path).fileName();
+    const QString missing = charactersOutsideCodePage(name);
+    if (!missing.isEmpty())
+        return QStringLiteral("Der Dateiname \"") + name
+            + QStringLiteral("\" enthält Zeichen, die ein Backup nicht speichern kann (\"") + missing
+            + QStringLiteral("\"): Backups speichern Namen in der Zeichentabelle Windows-1252. Es wurde kein "
+                             "Backup geschrieben.");
+    if (!isPlainFileName(name))
+        return QStringLiteral("Der Dateiname \"") + shownName(name)
+            + QStringLiteral("\" enthält einen umgekehrten Schrägstrich oder ein Steuerzeichen und kann in einem "
+                             "Backup nicht gespeichert werden. Es wurde kein Backup geschrieben.");
+    return {};
+}
+
 bool writeAll(QFile &out, const QByteArray &bytes)
 {
     return out.write(bytes) == bytes.size();
 }
 
-// Copies exactly `size` bytes of the file at `path` to `out`, a block at a time.
+// Copies `length` bytes from `at` in `in` to `out`, a block at a time.
+bool copyRange(QFile &in, qint64 at, qint64 length, QFile &out)
+{
+    if (!in.seek(at))
+        return false;
+    while (length > 0) {
+        const QByteArray block = in.read(std::min(length, kCopyBlock));
+        if (block.isEmpty() || !writeAll(out, block))
+            return false;
+        length -= block.size();
+    }
+    return true;
+}
+
+// Copies exactly `size` bytes of the file at `path` to `out`.
 bool copyInto(QFile &out, const QString &path, qint64 size)
 {
     QFile in(path);
-    if (!in.open(QIODevice::ReadOnly) || in.size() != size)
-        return false;
-    while (size > 0) {
-        const QByteArray block = in.read(std::min(size, kCopyBlock));
-        if (block.isEmpty() || !writeAll(out, block))
-            return false;
-        size -= block.size();
-    }
-    return true;
+    return in.open(QIODevice::ReadOnly) && in.size() == size && copyRange(in, 0, size, out);
 }
 
 // One record as the file holds it: where its name and its content lie.
@@ -170,10 +204,18 @@ QByteArray bytesAt(QFile &file, qint64 at, qint64 length)
     return file.seek(at) ? file.read(length) : QByteArray();
 }
 
+const QString kNothingRestored = QStringLiteral(" Es wurde nichts wiederhergestellt.");
+
 QString notABackup(const QString &file)
 {
     return QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file)
-        + QStringLiteral("\" ist kein vollständiges Backup. Es wurde nichts wiederhergestellt.");
+        + QStringLiteral("\" ist kein vollständiges Backup.") + kNothingRestored;
+}
+
+QString notAnArchive(const QString &storedName)
+{
+    return QStringLiteral("Die Datei \"") + shownName(storedName) + QStringLiteral("\" im Backup ist kein Archiv.")
+        + kNothingRestored;
 }
 
 // Where a packed file goes, by the last four characters of its leaf name; empty for none.
@@ -187,6 +229,83 @@ QString targetOf(const QString &leaf, const QString &dataFolder)
     if (ending == QLatin1String(".bmp"))
         return datapaths::coverFolder(dataFolder) + leaf;
     return {};
+}
+
+// A packed file that the restore writes.
+struct Entry
+{
+    Record record;
+    QString storedName;
+    QString target;
+    archivebytes::Kind archive = archivebytes::Kind::None; // for an archive database
+};
+
+struct Contents
+{
+    std::vector<Entry> entries;
+    QString error;
+};
+
+// The count text, trimmed, as a number.
+std::optional<qint64> countOf(QFile &in, const Record &count)
+{
+    bool number = false;
+    const qint64 value
+        = bytesAt(in, count.contentAt, std::min<qint64>(count.contentLength, 64)).trimmed().toLongLong(&number);
+    return number ? std::optional(value) : std::nullopt;
+}
+
+// Reads the whole file and checks it: the two outer records, the counted inner records (what
+// follows either is the tail of an older, longer file and is ignored), every name a plain file
+// name, every packed archive database one, and at least one of them.
+Contents contentsOf(QFile &in, const QString &file, const QString &dataFolder)
+{
+    Contents contents;
+    const qint64 size = in.size();
+    const std::optional<Record> count = recordAt(in, 0, size);
+    const std::optional<Record> stream = count ? recordAt(in, count->end, size) : std::nullopt;
+    const std::optional<qint64> records = count ? countOf(in, *count) : std::nullopt;
+    // Checked before a record is read, so that a wild count costs nothing.
+    if (!stream || !records || *records < 1 || *records > kMostFiles
+        || *records > stream->contentLength / kLeastRecord) {
+        contents.error = notABackup(file);
+        return contents;
+    }
+    bool anArchive = false;
+    qint64 at = stream->contentAt;
+    for (qint64 i = 0; i < *records; ++i) {
+        const std::optional<Record> record = recordAt(in, at, stream->end);
+        if (!record) {
+            contents.error = notABackup(file);
+            return contents;
+        }
+        at = record->end;
+        const qint64 nameLength = std::min(record->nameLength, kLongestStoredName + 1);
+        const QByteArray bytes = bytesAt(in, record->nameAt, nameLength);
+        const QString name = cp1252::toQString(std::string_view(bytes.constData(), bytes.size()));
+        if (nameLength > kLongestStoredName || !isPlainFileName(leafName(name))) {
+            contents.error = QStringLiteral("Das Backup enthält den ungültigen Dateinamen \"") + shownName(name)
+                + QStringLiteral("\".") + kNothingRestored;
+            return contents;
+        }
+        Entry entry { *record, name, targetOf(leafName(name), dataFolder) };
+        if (entry.target.isEmpty())
+            continue;
+        if (entry.target.endsWith(QLatin1String(".mdb"))) {
+            entry.archive = archivebytes::kindOf(
+                bytesAt(in, record->contentAt, std::min(record->contentLength, archivebytes::kHeadSize)));
+            if (entry.archive == archivebytes::Kind::None) {
+                contents.error = notAnArchive(name);
+                return contents;
+            }
+            anArchive = true;
+        }
+        contents.entries.push_back(entry);
+    }
+    if (!anArchive)
+        contents.error = QStringLiteral("Das Backup \"") + QDir::toNativeSeparators(file)
+            + QStringLiteral("\" enthält kein Archiv.") + kNothingRestored;
+    return contents;
 }
 
 } // namespace
@@ -212,8 +331,11 @@ QString write(const QString &mdbPath, const QString &dataFolder, const QString &
     const std::optional<std::vector<Packed>> files = filesOf(mdbPath, dataFolder, &error);
     if (!files)
         return error;
-    if (files->size() > 32767)
+    if (static_cast<qint64>(files->size()) > kMostFiles)
         return QStringLiteral("Überlauf: Das Archiv hat mehr als 32767 Dateien für das Backup.");
+    for (const Packed &file : *files)
+        if (const QString refusal = unstorableName(file.path); !refusal.isEmpty())
+            return refusal;
 
     qint64 innerSize = 0;
     for (const Packed &file : *files)
@@ -263,69 +385,42 @@ RestoreResult restore(const QString &file, const QString &dataFolder,
         return result;
     }
     // Everything is checked before anything is written.
-    const qint64 size = in.size();
-    const std::optional<Record> count = recordAt(in, 0, size);
-    const std::optional<Record> stream = count ? recordAt(in, count->end, size) : std::nullopt;
-    bool number = false;
-    if (count)
-        bytesAt(in, count->contentAt, std::min<qint64>(count->contentLength, 64)).trimmed().toInt(&number);
-    if (!count || !stream || stream->end != size || !number) {
-        result.error = notABackup(file);
+    const Contents contents = contentsOf(in, file, dataFolder);
+    if (!contents.error.isEmpty()) {
+        result.error = contents.error;
         return result;
     }
-    std::vector<Record> packed;
-    for (qint64 at = stream->contentAt; at < stream->end;) {
-        const std::optional<Record> record = recordAt(in, at, stream->end);
-        if (!record) {
-            result.error = notABackup(file);
-            return result;
-        }
-        packed.push_back(*record);
-        at = record->end;
-    }
-
-    struct Target
-    {
-        const Record *record;
-        QString path;
-    };
-    std::vector<Target> targets;
-    for (const Record &record : packed) {
-        const QByteArray name = bytesAt(in, record.nameAt, record.nameLength);
-        const QString path = targetOf(leafName(cp1252::toQString(std::string_view(name.constData(), name.size()))), dataFolder);
-        if (!path.isEmpty())
-            targets.push_back({ &record, path });
-    }
-    for (const Target &target : targets)
-        if (target.path.endsWith(QLatin1String(".mdb")) && QFileInfo::exists(target.path)
-            && !mayReplace(QFileInfo(target.path).completeBaseName())) {
-            result.error = QStringLiteral("Das Archiv ") + QFileInfo(target.path).completeBaseName()
-                + QStringLiteral(" ist bereits vorhanden. Es wurde nichts wiederhergestellt.");
+    for (const Entry &entry : contents.entries)
+        if (entry.archive != archivebytes::Kind::None && QFileInfo::exists(entry.target)
+            && !mayReplace(QFileInfo(entry.target).completeBaseName())) {
+            result.error = QStringLiteral("Das Archiv ") + QFileInfo(entry.target).completeBaseName()
+                + QStringLiteral(" ist bereits vorhanden.") + kNothingRestored;
             return result;
         }
 
-    for (const Target &target : targets) {
-        QDir().mkpath(QFileInfo(target.path).path());
-        const QString temporary = temporaries::freshName(QFileInfo(target.path).path(), QStringLiteral(".restore-"));
-        QFile out(temporary);
-        bool ok = out.open(QIODevice::WriteOnly | QIODevice::NewOnly) && in.seek(target.record->contentAt);
-        for (qint64 left = target.record->contentLength; ok && left > 0;) {
-            const QByteArray block = in.read(std::min(left, kCopyBlock));
-            ok = !block.isEmpty() && writeAll(out, block);
-            left -= block.size();
-        }
-        ok = ok && out.flush();
-        out.close();
-        ok = ok && out.error() == QFileDevice::NoError
-            && ::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(target.path).constData()) == 0;
-        if (!ok) {
-            QFile::remove(temporary);
-            result.error = cannotWrite(target.path);
+    // All files are written aside first and take their places together, so that a failure
+    // leaves the data folder as it was.
+    StagedFiles staged(QStringLiteral(".restore-"));
+    for (const Entry &entry : contents.entries) {
+        if (!staged.stage(entry.target, [&](QFile &out) {
+                return copyRange(in, entry.record.contentAt, entry.record.contentLength, out);
+            })) {
+            result.error = cannotWrite(staged.failedTarget()) + kNothingRestored;
             return result;
         }
-        result.written << target.path;
-        if (target.path.endsWith(QLatin1String(".mdb"))) {
-            const JetConversion conversion = convertIfJet(target.path);
+        if (entry.archive == archivebytes::Kind::Ours && !archivebytes::hasCdsTable(staged.lastStaged())) {
+            result.error = notAnArchive(entry.storedName);
+            return result;
+        }
+    }
+    if (!staged.commit()) {
+        result.error = cannotWrite(staged.failedTarget()) + kNothingRestored;
+        return result;
+    }
+    for (const Entry &entry : contents.entries) {
+        result.written << entry.target;
+        if (entry.archive == archivebytes::Kind::Jet) {
+            const JetConversion conversion = convertIfJet(entry.target);
             if (!conversion.ok())
                 result.notices << conversion.error.message;
             else if (conversion.converted)

@@ -13,8 +13,9 @@ namespace backup {
 
 // Writes the backup of the archive `mdbPath` (with its images and covers in `dataFolder`) to
 // `target`: streamed from the files to a temporary file beside the target, renamed over it at
-// the end. An existing target is replaced only when `replace` is set. Empty on success, else
-// the German reason; the old target is then untouched.
+// the end. An existing target is replaced only when `replace` is set. A file whose name the
+// backup could not give back as it is (a character outside code page 1252, a "\") is refused.
+// Empty on success, else the German reason; the old target is then untouched.
 QString write(const QString &mdbPath, const QString &dataFolder, const QString &target, bool replace,
     const std::function<void(int done, int total)> &progress = {});
 
@@ -26,9 +27,12 @@ struct RestoreResult
     bool ok() const { return error.isEmpty(); }
 };
 
-// Restores `file` into `dataFolder`: the whole file is checked first, then each packed file is
-// written whole under a temporary name and renamed. Before an existing archive database would
-// be replaced, `mayReplace(name)` is asked once; false writes nothing.
+// Restores `file` into `dataFolder`. The whole file is checked first: the counted records must
+// all be there (what follows them is ignored), every name must be a plain file name, and there
+// must be an archive database among them, each one really an archive. Before an existing
+// archive would be replaced, `mayReplace(name)` is asked; false writes nothing. Then every
+// packed file is written whole under a temporary name, and all take their places together:
+// on any failure the data folder stays as it was.
 RestoreResult restore(const QString &file, const QString &dataFolder,
     const std::function<bool(const QString &archiveName)> &mayReplace);
 
