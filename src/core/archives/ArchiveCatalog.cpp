@@ -87,8 +87,9 @@ ArchiveError checkNewArchiveName(const QString &name)
     const QString other = QStringLiteral(" Bitte wählen Sie einen anderen Namen.");
     if (name.isEmpty())
         return { Kind::BadName, QStringLiteral("Der Name des Archivs darf nicht leer sein.") };
-    // A "\" separates folders on Windows, and a backup that holds one is refused whole.
-    if (name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) || name.contains(QChar(0)))
+    // A "\" separates folders on Windows, and a backup that holds one or a ".." is refused whole.
+    if (name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) || name.contains(QLatin1String(".."))
+        || name.contains(QChar(0)))
         return { Kind::BadName,
             QStringLiteral("Der Name \"") + name + QStringLiteral("\" kann nicht als Dateiname verwendet werden.")
                 + other };

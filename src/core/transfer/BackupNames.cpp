@@ -23,7 +23,7 @@ bool isControl(char32_t c)
 
 bool isPlainFileName(const QString &leaf)
 {
-    if (leaf.isEmpty() || leaf == QLatin1String(".") || leaf == QLatin1String("..")
+    if (leaf.isEmpty() || leaf == QLatin1String(".") || leaf.contains(QLatin1String(".."))
         || leaf.contains(QLatin1Char('/')) || leaf.contains(QLatin1Char('\\'))
         || QFile::encodeName(leaf).size() > kLongestName)
         return false;
@@ -36,7 +36,7 @@ QString charactersOutsideCodePage(const QString &text)
     QString missing;
     for (const uint c : text.toUcs4()) {
         const QString character = QString::fromUcs4(reinterpret_cast<const char32_t *>(&c), 1);
-        if (cp1252::toQString(cp1252::fromQString(character)) != character && !missing.contains(character))
+        if (!cp1252::holds(c) && !missing.contains(character))
             missing += character;
     }
     return missing;

@@ -7,7 +7,7 @@
 // exactly as it went in.
 namespace backup {
 
-// True for a plain file name: not empty, not "." or "..", no "/" or "\", no control
+// True for a plain file name: not empty, not ".", no ".." anywhere, no "/" or "\", no control
 // character, at most 255 bytes on disk.
 bool isPlainFileName(const QString &leaf);
 

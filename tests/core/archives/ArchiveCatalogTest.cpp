@@ -77,6 +77,8 @@ TEST_F(ArchiveCatalogTest, CreateRefusesListedNamesAndBadNames)
             u"Der Name \"a/b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
         { u"a\\b"_s, {}, Kind::BadName,
             u"Der Name \"a\\b\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
+        { u"Alt..Neu"_s, {}, Kind::BadName,
+            u"Der Name \"Alt..Neu\" kann nicht als Dateiname verwendet werden. Bitte wählen Sie einen anderen Namen."_s },
         // Hidden: no list would show it, so it could be neither opened nor deleted.
         { u".hidden"_s, {}, Kind::BadName,
             u"Der Name \".hidden\" beginnt mit einem Punkt: Das Archiv wäre eine versteckte Datei und erschiene in "

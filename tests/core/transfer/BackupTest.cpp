@@ -194,6 +194,7 @@ TEST(Backup, RefusesNamesThatAreNoPlainFileNames)
     const std::tuple<const char *, QByteArray, QString> cases[] = { // what, stored name, as the message shows it
         { "climbs out with ../", "C:\\S\\LWS\\../../opfer.dat", u"C:\\S\\LWS\\../../opfer.dat"_s },
         { "only ..", "C:\\S\\LWS\\..", u"C:\\S\\LWS\\.."_s },
+        { "two dots inside a name", "C:\\S\\LWS\\a..b.dat", u"C:\\S\\LWS\\a..b.dat"_s },
         { "an absolute path behind the last backslash", "C:\\S\\LWS\\" + absolute,
             u"C:\\S\\LWS\\"_s + QString::fromUtf8(absolute) },
         { "a NUL after the name", QByteArray("C:\\S\\LWS\\../opfer\0" "0.dat", 23), u"C:\\S\\LWS\\../opfer?0.dat"_s },
