@@ -1,6 +1,7 @@
 #include "CliData.h"
 
 #include "app/DataFolder.h"
+#include "app/StartupFolders.h"
 #include "archives/ArchiveCatalog.h"
 #include "archives/JetConversion.h"
 
@@ -14,12 +15,14 @@ CliData::CliData(const CliContext &context)
         m_dataFolder = getDataFolder(m_session, m_settings, &notice);
         if (!notice.isEmpty())
             printError(notice);
-        return;
+    } else {
+        m_dataFolder = QDir(context.dataOption).absolutePath();
+        if (!folderExists(m_dataFolder))
+            m_problem = QStringLiteral("Der Datenordner \"") + QDir::toNativeSeparators(m_dataFolder)
+                + QStringLiteral("\" existiert nicht.");
     }
-    m_dataFolder = QDir(context.dataOption).absolutePath();
-    if (!folderExists(m_dataFolder))
-        m_problem = QStringLiteral("Der Datenordner \"") + QDir::toNativeSeparators(m_dataFolder)
-            + QStringLiteral("\" existiert nicht.");
+    if (ok())
+        removeDebris(m_dataFolder);
 }
 
 QString CliData::archivePath(QString *problem) const

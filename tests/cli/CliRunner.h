@@ -44,7 +44,12 @@ public:
 
     QString dataFolder() const { return m_dir.filePath(QStringLiteral("data")); }
     QString dataPath(const QString &relative) const { return QDir(dataFolder()).filePath(relative); }
-    QString settingsFile() const { return m_dir.filePath(QStringLiteral("settings.ini")); }
+    QString settingsFile() const
+    {
+        return m_settingsFile.isEmpty() ? m_dir.filePath(QStringLiteral("settings.ini")) : m_settingsFile;
+    }
+    // The settings file elsewhere, for the runs from now on.
+    void useSettingsFile(const QString &path) { m_settingsFile = path; }
     QString scratch(const QString &name) const { return m_dir.filePath(name); }
 
     // A file below the data folder with the given bytes.
@@ -113,4 +118,5 @@ private:
     }
 
     QTemporaryDir m_dir;
+    QString m_settingsFile;
 };

@@ -1,13 +1,15 @@
 #include "CliRunner.h"
 
 #include "ArchiveBuilder.h"
+#include "SmallFullDisk.h"
 #include "TreeBuilder.h"
 
-#include <QCoreApplication>
-#include <QSet>
+#include "app/Settings.h"
 
-#include <sys/mount.h>
-#include <unistd.h>
+#include <QCoreApplication>
+#include <QImage>
+#include <QRandomGenerator>
+#include <QSet>
 
 namespace {
 
@@ -147,52 +149,101 @@ TEST(Faults, AKilledCaptureLeavesAWholeImage)
     EXPECT_EQ(QDir(cli.dataPath(u"lws"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
-// A full disk: each writer says so, and what was there before stays as it was. Needs a
-// small file system of its own, which only root may mount here.
+// Every file the program replaces, on a disk with a page or two left or none: exit code 1
+// with the German message, every file on the disk as it was and no temporary file left.
 TEST(Faults, AFullDiskIsSaidAndLosesNothing)
 {
-    const CliRunner cli;
-    const QString disk = cli.scratch(u"voll"_s);
-    QDir().mkpath(disk);
-    if (::geteuid() != 0 || ::mount("tmpfs", QFile::encodeName(disk).constData(), "tmpfs", 0, "size=256k") != 0)
-        GTEST_SKIP() << "no small file system can be mounted here (needs root)";
-    struct Unmount
+    struct Case
     {
-        QString path;
-        ~Unmount() { ::umount2(QFile::encodeName(path).constData(), MNT_DETACH); }
-    } unmount { disk };
-    const QString data = disk + u"/data"_s;
-    {
-        ArchiveBuilder(data, u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|Kommentar|End1"_s, 42);
-    }
-    QTemporaryDir volume;
-    TreeBuilder(volume.path()).file(u"a.txt"_s, 1, 981173106);
-    const QByteArray oldImage = ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n";
-    writeFile(data + u"/lws/42.dat"_s, oldImage);
-    writeFile(disk + u"/treffer.txt"_s, "alte Treffer");
-    const QByteArray archive = fileBytes(data + u"/archive/Musik.mdb"_s);
-    QFile filler(disk + u"/fueller"_s);
-    ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
-    while (filler.write(QByteArray(4096, 'x')) > 0 && filler.flush()) {
-    }
-    filler.close();
-
-    const auto run = [&](const QStringList &words) {
-        return cli.run(QStringList { u"--data"_s, data, u"--archive"_s, u"Musik"_s } + words, false);
+        const char *name;
+        int freePages;
+        QStringList words; // "%1" stands for the disk
+        QString message; // "%1" stands for the disk
+        bool settingsOnDisk = true;
     };
-    const CliRun saved = run({ u"search"_s, u"alt"_s, u"--save"_s, disk + u"/treffer.txt"_s });
-    EXPECT_EQ(saved.exitCode, 1);
-    EXPECT_FALSE(saved.error.isEmpty());
-    const CliRun added = run({ u"cd"_s, u"add"_s, u"--number"_s, u"2"_s, u"--title"_s, QString(50, u'x'), u"--comment"_s,
-        QString(4000, u'k') });
-    EXPECT_EQ(added.exitCode, 1);
-    EXPECT_FALSE(added.error.isEmpty());
-    const CliRun captured = run({ u"capture"_s, volume.path(), u"--cd"_s, u"1"_s });
-    EXPECT_EQ(captured.exitCode, 1);
-    EXPECT_FALSE(captured.error.isEmpty());
-    EXPECT_EQ(fileBytes(disk + u"/treffer.txt"_s), QByteArray("alte Treffer"));
-    EXPECT_EQ(fileBytes(data + u"/lws/42.dat"_s), oldImage);
-    EXPECT_EQ(fileBytes(data + u"/archive/Musik.mdb"_s), archive);
+    const QString settingsFailure = u"Die Einstellungen konnten nicht gespeichert werden: Die Datei \"%1/Silberbuch.ini\" "
+                                    u"ist schreibgeschützt, oder auf dem Datenträger ist kein Platz mehr."_s;
+    QTemporaryDir outside;
+    const QString cover = outside.filePath(u"cover.png"_s);
+    QImage(300, 150, QImage::Format_RGB32).save(cover);
+    TreeBuilder(outside.filePath(u"volume"_s)).file(u"a.txt"_s, 1, 981173106);
+    const Case cases[] = {
+        { "print into a PDF", 2, { u"print"_s, u"list"_s, u"--pdf"_s, u"%1/alt.pdf"_s },
+            u"Fehler! Es konnte nicht gedruckt werden. Stellen Sie sicher, dass ein Drucker angeschlossen und korrekt "
+            u"eingestellt ist."_s },
+        { "default archive", 1, { u"archive"_s, u"default"_s, u"Musik"_s }, settingsFailure },
+        { "drive table", 1, { u"drives"_s, u"add"_s, u"q"_s, outside.path() }, settingsFailure },
+        { "results file", 0, { u"search"_s, u"alt"_s, u"--save"_s, u"%1/treffer.txt"_s },
+            u"Laufzeitfehler '75':\n\nFehler beim Zugriff auf Pfad/Datei"_s },
+        { "HTML pages", 0, { u"export"_s, u"html"_s, u"%1/seite.html"_s },
+            u"Die Seite \"%1/seite.html\" kann nicht geschrieben werden (Ordner fehlt, schreibgeschützt oder "
+            u"Datenträger voll)."_s },
+        { "drive image", 0, { u"capture"_s, outside.filePath(u"volume"_s), u"--cd"_s, u"1"_s },
+            u"Das Laufwerksabbild \"%1/data/lws/"_s, false },
+        { "new archive", 1, { u"archive"_s, u"create"_s, u"Neu"_s },
+            u"Auf dem Datenträger ist kein Platz mehr. Die Änderung wurde nicht gespeichert."_s },
+        { "cover", 2,
+            { u"cd"_s, u"add"_s, u"--number"_s, u"2"_s, u"--title"_s, u"Zwei"_s, u"--cover"_s, cover },
+            u"Das Cover-Bild \"%1/data/Covers/"_s },
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        SmallFullDisk disk;
+        if (!disk.mounted())
+            GTEST_SKIP() << disk.skipReason();
+        CliRunner cli;
+        if (c.settingsOnDisk)
+            cli.useSettingsFile(disk.filePath(u"Silberbuch.ini"_s));
+        const QString data = disk.filePath(u"data"_s);
+        ArchiveBuilder(data, u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|Kommentar|End1"_s, 42);
+        writeFile(data + u"/lws/42.dat"_s, ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n");
+        QDir().mkpath(data + u"/Covers"_s);
+        for (const char *old : { "alt.pdf", "treffer.txt", "seite.html" })
+            writeFile(disk.filePath(QString::fromLatin1(old)), "alter Inhalt");
+        Settings settings(cli.settingsFile());
+        settings.setValue(SettingKey::Standard, u"Alt"_s);
+        settings.setGroupValue(u"Drives"_s, u"d:"_s, u"/media/cdrom"_s);
+        const auto before = disk.snapshot();
+        ASSERT_TRUE(disk.fill(c.freePages));
+
+        QStringList words { u"--data"_s, data, u"--archive"_s, u"Musik"_s };
+        for (const QString &word : c.words)
+            words << QString(word).replace(u"%1"_s, disk.path());
+        const CliRun run = cli.run(words, false);
+        EXPECT_EQ(run.exitCode, 1);
+        EXPECT_TRUE(run.error.startsWith(QString(c.message).replace(u"%1"_s, disk.path()))) << run.error.toStdString();
+        EXPECT_TRUE(disk.snapshot() == before);
+    }
+}
+
+// The temporary files of the data folder: none may stay once a run has ended.
+QStringList temporaryFiles(const CliRunner &cli)
+{
+    QStringList found;
+    for (const char *folder : { "archive", "lws", "Covers" })
+        for (const QString &name : QDir(cli.dataPath(QString::fromLatin1(folder))).entryList({ u".*"_s }, QDir::Files | QDir::Hidden))
+            found << QString::fromLatin1(folder) + u'/' + name;
+    return found;
+}
+
+// Restores and archive creations killed at random moments leave their temporary files
+// behind; the next run, whatever its verb, removes every one of them.
+TEST(Faults, TheNextRunRemovesTheDebrisOfKilledRestoresAndCreations)
+{
+    const CliRunner cli;
+    ArchiveBuilder(cli.dataFolder(), u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|End1"_s, 42);
+    cli.write(u"lws/42.dat"_s, QByteArray(8 << 20, 'i'));
+    const QString backup = cli.scratch(u"musik.bup"_s);
+    ASSERT_EQ(cli.run({ u"--archive"_s, u"Musik"_s, u"backup"_s, backup }).exitCode, 0);
+    QRandomGenerator random(21);
+    for (int i = 0; i < 15; ++i)
+        cli.killAfter({ u"restore"_s, backup, u"--replace"_s }, random.bounded(10, 80));
+    for (int i = 0; i < 10; ++i)
+        cli.killAfter({ u"archive"_s, u"create"_s, u"Neu%1"_s.arg(i) }, random.bounded(5, 40));
+    const QStringList left = temporaryFiles(cli);
+    ASSERT_FALSE(left.isEmpty()) << "no kill landed while a file was written";
+    ASSERT_EQ(cli.run(args({ "archive", "list" })).exitCode, 0);
+    EXPECT_EQ(temporaryFiles(cli), QStringList()) << left.join(u' ').toStdString();
 }
 
 } // namespace

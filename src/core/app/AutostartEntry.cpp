@@ -1,9 +1,10 @@
 #include "AutostartEntry.h"
 
+#include "common/Temporaries.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -61,16 +62,12 @@ bool writeEntry(const QString &executable)
     const QString path = entryPath();
     if (!QDir().mkpath(QFileInfo(path).path()))
         return false;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
     const QString text = QStringLiteral("[Desktop Entry]\n"
                                         "Type=Application\n"
                                         "Name=Silberbuch\n"
                                         "Exec=")
                          + execValue(executable) + QStringLiteral("\nTerminal=false\n");
-    file.write(text.toUtf8());
-    return file.commit();
+    return temporaries::replaceFile(path, text.toUtf8());
 }
 
 bool removeEntry()

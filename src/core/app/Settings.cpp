@@ -1,11 +1,14 @@
 #include "Settings.h"
 
-#include <QDir>
-#include <QLockFile>
-
 #include "DataFolder.h"
+#include "IniDocument.h"
+#include "common/Temporaries.h"
 
-#include <QVariant>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
 
 #include <array>
 
@@ -49,14 +52,17 @@ const KeyEntry &entry(SettingKey key)
     return kKeys[static_cast<size_t>(key)];
 }
 
-QString settingsKey(SettingKey key)
+const QString kGroup = QStringLiteral("Settings");
+
+QString keyOf(SettingKey key)
 {
-    return QStringLiteral("Settings/") + QString::fromLatin1(entry(key).name);
+    return QString::fromLatin1(entry(key).name);
 }
 
-QString groupKey(const QString &group, const QString &key)
+IniDocument readDocument(const QString &path)
 {
-    return group + QLatin1Char('/') + key;
+    QFile file(path);
+    return IniDocument::parse(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
 }
 
 QString storeLocation()
@@ -72,12 +78,12 @@ QString storeLocation()
 } // namespace
 
 Settings::Settings()
-    : m_store(storeLocation(), QSettings::IniFormat)
+    : m_path(storeLocation())
 {
 }
 
 Settings::Settings(const QString &iniPath)
-    : m_store(iniPath, QSettings::IniFormat)
+    : m_path(iniPath)
 {
 }
 
@@ -95,12 +101,12 @@ QString Settings::value(SettingKey key) const
 {
     if (!contains(key))
         return declaredDefault(key);
-    return read(settingsKey(key), {});
+    return read(kGroup, keyOf(key), {});
 }
 
 QString Settings::value(SettingKey key, const QString &readerDefault) const
 {
-    return read(settingsKey(key), readerDefault);
+    return read(kGroup, keyOf(key), readerDefault);
 }
 
 Settings::Update::Update(Settings &settings)
@@ -109,7 +115,7 @@ Settings::Update::Update(Settings &settings)
     if (m_settings.m_updates++ > 0)
         return;
     m_lock = std::make_unique<QLockFile>(m_settings.fileName() + QStringLiteral(".update-lock"));
-    // Not QSettings's own ".lock", which it takes while it writes. A process that died holding
+    // Not the ".lock" that each write takes. A process that died holding
     // the lock leaves it behind; its pid tells that it is stale. One killed between making the
     // lock file and writing its pid leaves an empty file that only its age can tell: a lock is
     // held for the milliseconds of one read-modify-write, so a few seconds are old enough.
@@ -117,7 +123,6 @@ Settings::Update::Update(Settings &settings)
     // Where no lock can be made the folder is read-only: the writes will fail and say so.
     if (!m_lock->lock())
         m_lock.reset();
-    m_settings.m_store.sync();
 }
 
 Settings::Update::~Update()
@@ -127,36 +132,32 @@ Settings::Update::~Update()
 
 bool Settings::contains(SettingKey key) const
 {
-    return m_store.contains(settingsKey(key));
+    return readDocument(m_path).value(kGroup, keyOf(key)).has_value();
 }
 
 bool Settings::setValue(SettingKey key, const QString &text)
 {
-    return write(settingsKey(key), text);
+    return change([&](IniDocument &document) { document.setValue(kGroup, keyOf(key), text); });
 }
 
 QString Settings::groupValue(const QString &group, const QString &key, const QString &def) const
 {
-    return read(groupKey(group, key), def);
+    return read(group, key, def);
 }
 
 bool Settings::setGroupValue(const QString &group, const QString &key, const QString &text)
 {
-    return write(groupKey(group, key), text);
+    return change([&](IniDocument &document) { document.setValue(group, key, text); });
 }
 
 QStringList Settings::groupKeys(const QString &group) const
 {
-    m_store.beginGroup(group);
-    const QStringList keys = m_store.childKeys();
-    m_store.endGroup();
-    return keys;
+    return readDocument(m_path).keys(group);
 }
 
 bool Settings::removeGroupValue(const QString &group, const QString &key)
 {
-    m_store.remove(groupKey(group, key));
-    return saved();
+    return change([&](IniDocument &document) { document.remove(group, key); });
 }
 
 QString Settings::writeFailure() const
@@ -166,26 +167,23 @@ QString Settings::writeFailure() const
         + QStringLiteral("\" ist schreibgeschützt, oder auf dem Datenträger ist kein Platz mehr.");
 }
 
-QString Settings::read(const QString &fullKey, const QString &def) const
+QString Settings::read(const QString &group, const QString &key, const QString &def) const
 {
-    const QVariant stored = m_store.value(fullKey);
-    if (!stored.isValid())
-        return def;
-    // A hand-edited value with an unquoted comma comes back as a list; keep it one text.
-    if (stored.typeId() == QMetaType::QStringList)
-        return stored.toStringList().join(QStringLiteral(", "));
-    return stored.toString();
+    return readDocument(m_path).value(group, key).value_or(def);
 }
 
-bool Settings::write(const QString &fullKey, const QString &text)
+// Written at once: a later crash must not lose the start counter or a window layout. The
+// file is read again under a lock of its own, so that the writes of other processes between
+// two of ours are kept.
+bool Settings::change(const std::function<void(IniDocument &)> &edit)
 {
-    m_store.setValue(fullKey, text);
-    return saved();
-}
-
-// Written at once: a later crash must not lose the start counter or a window layout.
-bool Settings::saved()
-{
-    m_store.sync();
-    return m_store.status() == QSettings::NoError;
+    if (!QDir().mkpath(QFileInfo(m_path).absolutePath()))
+        return false;
+    QLockFile lock(m_path + QStringLiteral(".lock"));
+    lock.setStaleLockTime(3000);
+    if (!lock.lock())
+        return false;
+    IniDocument document = readDocument(m_path);
+    edit(document);
+    return temporaries::replaceFile(m_path, document.text());
 }

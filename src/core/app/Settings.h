@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QSettings>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
+class IniDocument;
 class QLockFile;
 
 // The keys of the group "Settings". Each has one declared default (see Settings.cpp); a
@@ -25,16 +26,16 @@ enum class SettingKey {
     DefDrive,         // last drive used for an image
 };
 
-// The user's settings: an INI file, every value a text. Each value is read at the moment
-// it is needed and written at once, so two instances in one process see each other's writes.
+// The user's settings: an INI file, every value a text. Each value is read from the file at
+// the moment it is needed and written at once, so two instances see each other's writes. A
+// write replaces the whole file through a temporary one: a full disk leaves the old file.
 // Several processes of the program share the file: whoever reads a value to decide what to
 // write (a free drive letter, the next start count) holds an Update from the read to the write.
 class Settings
 {
 public:
     // Holds the settings file for this process from a read to the write that follows it:
-    // a lock file beside the settings, taken by the outermost Update of a Settings, and the
-    // file read afresh once the lock is held.
+    // a lock file beside the settings, taken by the outermost Update of a Settings.
     class Update
     {
     public:
@@ -74,15 +75,15 @@ public:
     QStringList groupKeys(const QString &group) const;
     bool removeGroupValue(const QString &group, const QString &key);
 
-    QString fileName() const { return m_store.fileName(); }
+    QString fileName() const { return m_path; }
     // The German message for a write that did not reach the file.
     QString writeFailure() const;
 
 private:
-    QString read(const QString &fullKey, const QString &def) const;
-    bool write(const QString &fullKey, const QString &text);
-    bool saved();
+    QString read(const QString &group, const QString &key, const QString &def) const;
+    // Reads the file, changes it and writes it whole; false when that failed.
+    bool change(const std::function<void(IniDocument &)> &edit);
 
-    mutable QSettings m_store;
+    QString m_path;
     int m_updates = 0;
 };

@@ -3,6 +3,7 @@
 #include "DataFolder.h"
 #include "DataPaths.h"
 #include "NumberText.h"
+#include "common/Temporaries.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,8 +45,16 @@ bool countStart(Settings &settings)
 
 } // namespace
 
+void removeDebris(const QString &dataFolder)
+{
+    for (const QString &folder :
+        { datapaths::archiveFolder(dataFolder), datapaths::imageFolder(dataFolder), datapaths::coverFolder(dataFolder) })
+        temporaries::removeAllStale(folder);
+}
+
 bool prepareDataFolder(const QString &dataFolder, Settings &settings)
 {
+    removeDebris(dataFolder);
     const QString archives = datapaths::archiveFolder(dataFolder);
     const bool done = createFolderWithPlaceholder(archives, QStringLiteral("def2.ini"))
                       && createFolderWithPlaceholder(datapaths::imageFolder(dataFolder), QStringLiteral("temp.tm1"))

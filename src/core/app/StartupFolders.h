@@ -4,7 +4,12 @@
 
 #include <QString>
 
+// The temporary files that killed runs left in the data folder's archive/, lws/ and Covers/.
+// Every start removes them before anything else.
+void removeDebris(const QString &dataFolder);
+
 // The first steps of every start, on the data folder:
+//  0. the debris of killed runs goes (removeDebris);
 //  1. archive/ when the lookup finds no file in it: create it, then archive/def2.ini;
 //  2. lws/ the same way, then lws/temp.tm1;
 //  3. archive/def.ini whenever it is missing;

@@ -116,7 +116,7 @@ ArchiveError ArchiveStore::create(const QString &mdbPath)
         error = { Kind::FileError,
             QStringLiteral("Die Archivdatei \"") + QDir::toNativeSeparators(mdbPath)
                 + QStringLiteral("\" kann nicht angelegt werden.") };
-    QFile::remove(temporary);
+    temporaries::removeWithCompanions(temporary);
     return error;
 }
 

@@ -3,19 +3,12 @@
 #include "ImageNames.h"
 
 #include "common/DateText.h"
-#include "common/Temporaries.h"
 
 #include <QFile>
 
-#include <cerrno>
 #include <charconv>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
-
-const QString kTemporaryPrefix = QStringLiteral(".capture-");
 
 // Lines are handed to the file system in pieces of about this size.
 constexpr size_t kWriteSize = size_t { 1 } << 20;
@@ -34,41 +27,19 @@ void appendNumber(long long value, std::string &out)
     out.append(digits, result.ptr);
 }
 
-std::string folderOfPath(const std::string &path)
-{
-    const size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string(".") : path.substr(0, slash);
-}
-
 } // namespace
 
 ImageWriter::ImageWriter(std::string targetPath)
-    : m_targetPath(std::move(targetPath))
+    : m_file(QFile::decodeName(QByteArray::fromStdString(targetPath)))
 {
     m_buffer.reserve(kWriteSize + kWriteSize / 4);
 }
 
-ImageWriter::~ImageWriter()
-{
-    if (m_fd >= 0)
-        ::close(m_fd);
-    if (!m_committed)
-        removeTemporary();
-}
+ImageWriter::~ImageWriter() = default;
 
 bool ImageWriter::open()
 {
-    // Named after this process, so that a later capture can tell the file of a killed one.
-    const QString folder = QFile::decodeName(QByteArray::fromStdString(folderOfPath(m_targetPath)));
-    temporaries::removeStale(folder, kTemporaryPrefix);
-    const std::string candidate = QFile::encodeName(temporaries::freshName(folder, kTemporaryPrefix)).toStdString();
-    m_fd = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (m_fd < 0) {
-        m_error = errno;
-        return false;
-    }
-    m_tempPath = candidate;
-    return true;
+    return m_file.open();
 }
 
 void ImageWriter::beginLine()
@@ -151,18 +122,8 @@ void ImageWriter::settle(size_t mayStillDrop)
 
 void ImageWriter::writeOut()
 {
-    const char *data = m_buffer.data();
-    size_t left = m_finalEnd;
-    while (left > 0 && m_error == 0 && m_fd >= 0) {
-        const ssize_t n = ::write(m_fd, data, left);
-        if (n < 0) {
-            if (errno != EINTR)
-                m_error = errno;
-            continue;
-        }
-        data += n;
-        left -= static_cast<size_t>(n);
-    }
+    // A failed write is kept by the file and fails the commit.
+    m_file.write(m_buffer.data(), static_cast<qint64>(m_finalEnd));
     m_buffer.erase(0, m_finalEnd);
     for (size_t &start : m_starts)
         start -= m_finalEnd;
@@ -176,30 +137,10 @@ bool ImageWriter::finish()
     endLine();
     settle(0);
     writeOut();
-    if (m_fd >= 0) {
-        if (m_error == 0 && ::fdatasync(m_fd) != 0)
-            m_error = errno;
-        if (::close(m_fd) != 0 && m_error == 0)
-            m_error = errno;
-        m_fd = -1;
-    }
-    return m_error == 0;
+    return error() == 0;
 }
 
 bool ImageWriter::commit()
 {
-    if (m_error != 0 || m_tempPath.empty())
-        return false;
-    if (::rename(m_tempPath.c_str(), m_targetPath.c_str()) != 0) {
-        m_error = errno;
-        return false;
-    }
-    m_committed = true;
-    return true;
-}
-
-void ImageWriter::removeTemporary()
-{
-    if (!m_tempPath.empty())
-        ::unlink(m_tempPath.c_str());
+    return m_file.commit();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Temporaries.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -44,26 +46,21 @@ public:
     // Every line but the latest `mayStillDrop` ones is final.
     void settle(size_t mayStillDrop);
 
-    // Writes the end line, flushes and closes. False with error() set on failure.
+    // Writes the end line and what is left. False with error() set on failure.
     bool finish();
-    // Puts the finished file in the target's place.
+    // Puts the finished file, once it is on disk, in the target's place.
     bool commit();
 
     // errno of the first failure, 0 when none.
-    int error() const { return m_error; }
+    int error() const { return m_file.error(); }
 
 private:
     void beginLine();
     void endLine();
     void appendPath(std::string_view folder, std::string_view name);
     void writeOut();
-    void removeTemporary();
 
-    std::string m_targetPath;
-    std::string m_tempPath;
-    int m_fd = -1;
-    int m_error = 0;
-    bool m_committed = false;
+    temporaries::AtomicFile m_file;
     std::string m_buffer;
     size_t m_finalEnd = 0; // bytes of m_buffer that are final
     std::vector<size_t> m_starts; // where the lines after m_finalEnd begin

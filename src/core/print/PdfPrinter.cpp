@@ -27,7 +27,6 @@ PdfPrinter::PdfPrinter(const QString &path)
 PdfPrinter::~PdfPrinter()
 {
     abandon();
-    m_file.cancelWriting();
 }
 
 void PdfPrinter::applyQuality(int quality)

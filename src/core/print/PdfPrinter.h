@@ -1,13 +1,13 @@
 #pragma once
 
 #include "PainterPrinter.h"
+#include "common/Temporaries.h"
 
 #include <QPdfWriter>
-#include <QSaveFile>
 
 // Prints into a PDF file on A4. The file is written under a temporary name and takes the
-// place of an existing one only when the document is finished: a cancelled or failed job
-// leaves the old file as it was.
+// place of an existing one only when the document is finished and on disk: a cancelled or
+// failed job, a full disk among them, leaves the old file as it was.
 class PdfPrinter : public PainterPrinter
 {
 public:
@@ -20,6 +20,6 @@ protected:
     void applyQuality(int quality) override;
 
 private:
-    QSaveFile m_file;
+    temporaries::AtomicFile m_file;
     QPdfWriter m_writer;
 };

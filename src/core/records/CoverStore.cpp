@@ -2,7 +2,9 @@
 
 #include "app/DataPaths.h"
 #include "common/Numbers.h"
+#include "common/Temporaries.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -37,13 +39,15 @@ StoreResult<QString> CoverStore::save(const QImage &cover) const
     do
         number = QString::number(bankersRound(m_random() * kNumberRange));
     while (QFileInfo::exists(fileOf(number)));
-    if (!cover.save(fileOf(number), "BMP")) {
-        QFile::remove(fileOf(number));
+    // Whole or not at all: a cut bitmap would stand under the number of a cover.
+    QByteArray bitmap;
+    QBuffer buffer(&bitmap);
+    buffer.open(QIODevice::WriteOnly);
+    if (!cover.save(&buffer, "BMP") || !temporaries::replaceFile(fileOf(number), bitmap))
         return { {},
             { ArchiveError::Kind::FileError,
                 QStringLiteral("Das Cover-Bild \"") + QDir::toNativeSeparators(fileOf(number))
                     + QStringLiteral("\" kann nicht gespeichert werden.") } };
-    }
     return { number, {} };
 }
 
