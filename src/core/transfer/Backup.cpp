@@ -19,7 +19,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <optional>
-#include <unistd.h>
 #include <vector>
 
 namespace backup {
@@ -124,13 +123,13 @@ QString unstorableName(const QString &path)
     return {};
 }
 
-bool writeAll(QFile &out, const QByteArray &bytes)
+bool writeAll(QIODevice &out, const QByteArray &bytes)
 {
     return out.write(bytes) == bytes.size();
 }
 
 // Copies `length` bytes from `at` in `in` to `out`, a block at a time.
-bool copyRange(QFile &in, qint64 at, qint64 length, QFile &out)
+bool copyRange(QFile &in, qint64 at, qint64 length, QIODevice &out)
 {
     if (!in.seek(at))
         return false;
@@ -144,7 +143,7 @@ bool copyRange(QFile &in, qint64 at, qint64 length, QFile &out)
 }
 
 // Copies exactly `size` bytes of the file at `path` to `out`.
-bool copyInto(QFile &out, const QString &path, qint64 size)
+bool copyInto(QIODevice &out, const QString &path, qint64 size)
 {
     QFile in(path);
     return in.open(QIODevice::ReadOnly) && in.size() == size && copyRange(in, 0, size, out);
@@ -344,33 +343,26 @@ QString write(const QString &mdbPath, const QString &dataFolder, const QString &
     const QByteArray countText = ' ' + QByteArray::number(static_cast<qulonglong>(files->size())) + " \r\n";
     const QByteArray innerName = storedName(target + QLatin1Char('2'));
 
-    const QString folder = QFileInfo(target).absolutePath();
-    const QString prefix = QStringLiteral(".") + QFileInfo(target).fileName() + QStringLiteral("-");
-    temporaries::removeStale(folder, prefix);
-    const QString temporary = temporaries::freshName(folder, prefix);
-    QFile out(temporary);
-    bool ok = out.open(QIODevice::WriteOnly | QIODevice::NewOnly)
+    temporaries::AtomicFile out(target);
+    bool ok = out.open()
         && writeAll(out, lengthField(countName.size()) + countName + lengthField(countText.size()) + countText)
         && writeAll(out, lengthField(innerName.size()) + innerName + lengthField(innerSize));
     int done = 0;
     for (const Packed &file : *files) {
         if (!ok)
             break;
-        ok = writeAll(out, lengthField(file.name.size()) + file.name + lengthField(file.size))
-            && copyInto(out, file.path, file.size);
-        if (!ok && out.error() == QFileDevice::NoError)
-            error = QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file.path)
-                + QStringLiteral("\" kann nicht gelesen werden oder hat sich während des Backups geändert.");
+        ok = writeAll(out, lengthField(file.name.size()) + file.name + lengthField(file.size));
+        if (ok && !copyInto(out, file.path, file.size)) {
+            ok = false;
+            if (out.error() == 0)
+                error = QStringLiteral("Die Datei \"") + QDir::toNativeSeparators(file.path)
+                    + QStringLiteral("\" kann nicht gelesen werden oder hat sich während des Backups geändert.");
+        }
         if (progress)
             progress(++done, static_cast<int>(files->size()));
     }
-    ok = ok && out.flush() && ::fsync(out.handle()) == 0;
-    out.close();
-    ok = ok && out.error() == QFileDevice::NoError && ::rename(QFile::encodeName(temporary).constData(),
-                                                               QFile::encodeName(target).constData()) == 0;
-    if (ok)
+    if (ok && out.commit())
         return {};
-    QFile::remove(temporary);
     return error.isEmpty() ? cannotWrite(target) : error;
 }
 
