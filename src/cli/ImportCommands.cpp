@@ -34,7 +34,7 @@ int importIni(CliContext &context)
 
 const CliCommand registration("import-ini", kUsage, &importIni,
     "Macht aus der Text-Datenbank (.ini) einer älteren Version ein neues Archiv und nennt seinen Namen; die "
-    "Laufwerksabbilder kommen aus dem Ordner LWS neben dem Ordner der Datei. Abschnitte, die nicht übernommen "
-    "werden können, nennt ein Hinweis auf der Fehlerausgabe; die übrigen werden importiert.");
+    "Laufwerksabbilder kommen aus dem Ordner LWS neben dem Ordner der Datei. Abschnitte, die nicht "
+    "übernommen werden können, nennt ein Hinweis auf der Fehlerausgabe; die übrigen werden importiert.");
 
 } // namespace

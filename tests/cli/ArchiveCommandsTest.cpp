@@ -74,8 +74,8 @@ TEST(ArchiveCommands, ConvertCountsTheCdsAndRefusesAnUnreadableJetFile)
     cli.expectRefused({ { args({ "archive", "convert", "Kaputt" }), 1,
         u"Das Archiv Kaputt stammt aus der Windows-Version und konnte nicht umgewandelt werden. Die Jet-Datenbank \""_s
             + QDir::toNativeSeparators(cli.dataPath(u"archive/Kaputt.mdb"_s))
-            + u"\" kann nicht gelesen werden: Sie ist so beschädigt, dass das Lesen abgebrochen werden musste "
-              u"(Grenzen: 10 Sekunden, 256 MB Speicher)."_s } });
+            + u"\" kann nicht gelesen werden: Sie ist so beschädigt, dass das Lesen abgebrochen werden "
+              u"musste (Grenzen: 10 Sekunden, 256 MB Speicher)."_s } });
 }
 
 } // namespace

@@ -62,7 +62,8 @@ void collect(ChildRun &run, int fd, pid_t pid)
     const Clock::time_point deadline = Clock::now() + std::chrono::seconds(jetchild::kSeconds);
     bool ended = false;
     while (!ended && static_cast<quint64>(run.stream.size()) <= jetchild::kMemoryBytes) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+        const auto left
+            = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
         pollfd watched { fd, POLLIN, 0 };
         const int ready = left > 0 ? ::poll(&watched, 1, static_cast<int>(left)) : 0;
         if (ready < 0 && errno == EINTR)
@@ -190,19 +191,22 @@ JetTableRead decode(const QByteArray &stream, const QString &path, const QString
     case Outcome::Read:
         break;
     case Outcome::NoCatalog:
-        result.error = unreadable(path, QStringLiteral("Ihr Verzeichnis der Tabellen ist beschädigt oder verschlüsselt."));
+        result.error = unreadable(
+            path, QStringLiteral("Ihr Verzeichnis der Tabellen ist beschädigt oder verschlüsselt."));
         break;
     case Outcome::Incomplete:
         result.error = unreadable(path, QStringLiteral("Die Datei ist unvollständig."));
         break;
     case Outcome::NoTable:
-        result.error = unreadable(path, QStringLiteral("Sie enthält keine lesbare Tabelle \"") + tableName
-                + QStringLiteral("\"."));
+        result.error = unreadable(
+            path, QStringLiteral("Sie enthält keine lesbare Tabelle \"") + tableName + QStringLiteral("\"."));
         break;
     case Outcome::RowsMissing:
-        result.error = unreadable(path, QStringLiteral("Die Tabelle \"") + tableName
+        result.error = unreadable(path,
+            QStringLiteral("Die Tabelle \"") + tableName
                 + QStringLiteral("\" ist beschädigt: Es konnten nur ") + QString::number(rowsRead)
-                + QStringLiteral(" von ") + QString::number(rowsInTable) + QStringLiteral(" Zeilen gelesen werden."));
+                + QStringLiteral(" von ") + QString::number(rowsInTable)
+                + QStringLiteral(" Zeilen gelesen werden."));
         break;
     }
     return result;

@@ -115,7 +115,8 @@ QString leftOutMessage(const QStringList &titles)
     QString message = QStringLiteral("Diese CDs der alten Datenbank konnten nicht übernommen werden: ")
         + named.join(QStringLiteral(", "));
     if (titles.size() > kNamed)
-        message += QStringLiteral(" und ") + QString::number(titles.size() - kNamed) + QStringLiteral(" weitere");
+        message
+            += QStringLiteral(" und ") + QString::number(titles.size() - kNamed) + QStringLiteral(" weitere");
     return message + QLatin1Char('.');
 }
 
@@ -142,7 +143,8 @@ ImportResult importIni(const QString &iniPath, const QString &dataFolder, const 
         // "[]" and the element behind the last name: the number still counts.
         if (names[i].isEmpty())
             continue;
-        const std::optional<CdRow> row = rowOf(*text, names[i], static_cast<int32_t>(i + 1), images, dataFolder);
+        const std::optional<CdRow> row
+            = rowOf(*text, names[i], static_cast<int32_t>(i + 1), images, dataFolder);
         if (row)
             rows.push_back(*row);
         else

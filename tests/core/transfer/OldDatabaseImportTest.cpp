@@ -56,9 +56,11 @@ TEST(OldDatabaseImport, TheOldLayoutInsideTheDataFolderKeepsItsImages)
     EXPECT_EQ(std::tuple(result.error, result.leftOut), std::tuple(QString(), QStringList()));
     EXPECT_EQ(rowsOf(datapaths::archiveFile(data, u"meine.ini"_s)),
         QStringList({ u"1|Urlaub 2001|1234|Sta1|Fotos||End1"_s, u"2|Treiber|77|Sta1||End1"_s }));
-    EXPECT_EQ(std::tuple(fileBytes(datapaths::imageFile(data, 1234)), fileBytes(datapaths::imageFile(data, 77)),
-                  QDir(datapaths::imageFolder(data)).entryList(QDir::Files | QDir::Hidden)),
-        std::tuple(QByteArray(">d:\r\n\r\n"), QByteArray(">e:\r\n\r\n"), QStringList({ u"1234.dat"_s, u"77.dat"_s })));
+    EXPECT_EQ(
+        std::tuple(fileBytes(datapaths::imageFile(data, 1234)), fileBytes(datapaths::imageFile(data, 77)),
+            QDir(datapaths::imageFolder(data)).entryList(QDir::Files | QDir::Hidden)),
+        std::tuple(QByteArray(">d:\r\n\r\n"), QByteArray(">e:\r\n\r\n"),
+            QStringList({ u"1234.dat"_s, u"77.dat"_s })));
 }
 
 TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
@@ -74,18 +76,22 @@ TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
     const Case cases[] = {
         { "empty file", "", {}, {} },
         { "no section heads", "Name=x\r\nnoch was\r\n", {}, {} },
-        { "NO in capitals is no image", "[A]\r\nSeriennummer=NO\r\neins\r\n\r\n", { u"1|A|0|Sta1|eins||End1"_s }, {} },
+        { "NO in capitals is no image", "[A]\r\nSeriennummer=NO\r\neins\r\n\r\n",
+            { u"1|A|0|Sta1|eins||End1"_s }, {} },
         { "the prefix counts with case", "[A]\r\nseriennummer=123\r\neins\r\n\r\n",
             { u"1|A|0|Sta1|seriennummer=123|eins|End1"_s }, {} },
-        { "a missing image file leaves the id out", "[A]\r\nSeriennummer=77\r\n\r\n", { u"1|A|0|Sta1||End1"_s }, {} },
+        { "a missing image file leaves the id out", "[A]\r\nSeriennummer=77\r\n\r\n",
+            { u"1|A|0|Sta1||End1"_s }, {} },
         { "heads differing in case both get the first's lines",
             "[A]\r\nSeriennummer=no\r\neins\r\n\r\n[a]\r\nSeriennummer=no\r\nzwei\r\n\r\n",
             { u"1|A|0|Sta1|eins||End1"_s, u"2|a|0|Sta1|eins||End1"_s }, {} },
-        { "an empty head leaves a gap", "[]\r\nx\r\n\r\n[B]\r\nSeriennummer=no\r\ny\r\n\r\n", { u"2|B|0|Sta1|y||End1"_s }, {} },
+        { "an empty head leaves a gap", "[]\r\nx\r\n\r\n[B]\r\nSeriennummer=no\r\ny\r\n\r\n",
+            { u"2|B|0|Sta1|y||End1"_s }, {} },
         { "a head without a blank line before it is a comment line",
             "[A]\r\nSeriennummer=no\r\neins\r\n[B]\r\nSeriennummer=no\r\n\r\n",
             { u"1|A|0|Sta1|eins|[B]|End1"_s, u"2|B|0|Sta1||End1"_s }, {} },
-        { "a stop line right behind the head", "[A]\r\n\r\n[B]\r\nx", { u"1|A|0|Sta1|End1"_s, u"2|B|0|Sta1|End1"_s }, {} },
+        { "a stop line right behind the head", "[A]\r\n\r\n[B]\r\nx",
+            { u"1|A|0|Sta1|End1"_s, u"2|B|0|Sta1|End1"_s }, {} },
         { "the last line a head: that section alone is left out", "[A]\r\nSeriennummer=no\r\neins\r\n\r\n[B]",
             { u"1|A|0|Sta1|eins||End1"_s }, { u"B"_s } },
         { "a title over 50 characters comes over whole",
@@ -96,9 +102,10 @@ TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
         SCOPED_TRACE(c.what);
         QTemporaryDir dir;
         const QString data = dir.filePath(u"data"_s);
-        const olddatabase::ImportResult result
-            = olddatabase::importIni(writeFile(dir.filePath(u"Alt/Daten/alt.ini"_s), c.ini), data, u"alt.ini"_s);
-        EXPECT_EQ(std::tuple(result.error, result.leftOut, rowsOf(datapaths::archiveFile(data, u"alt.ini"_s))),
+        const olddatabase::ImportResult result = olddatabase::importIni(
+            writeFile(dir.filePath(u"Alt/Daten/alt.ini"_s), c.ini), data, u"alt.ini"_s);
+        EXPECT_EQ(
+            std::tuple(result.error, result.leftOut, rowsOf(datapaths::archiveFile(data, u"alt.ini"_s))),
             std::tuple(QString(), c.leftOut, c.rows));
     }
 }
@@ -124,7 +131,8 @@ TEST(OldDatabaseImport, SectionsThatCannotBeTakenAreLeftOutAlone)
     EXPECT_EQ(std::tuple(result.error, result.cds, result.leftOut), std::tuple(QString(), 2, leftOut));
     EXPECT_EQ(rowsOf(datapaths::archiveFile(data, u"alt.ini"_s)),
         QStringList({ u"1|Erste|0|Sta1||End1"_s, u"14|Letzte|5|Sta1||End1"_s }));
-    EXPECT_EQ(QDir(datapaths::imageFolder(data)).entryList(QDir::Files | QDir::Hidden), QStringList({ u"5.dat"_s }));
+    EXPECT_EQ(QDir(datapaths::imageFolder(data)).entryList(QDir::Files | QDir::Hidden),
+        QStringList({ u"5.dat"_s }));
 }
 
 TEST(OldDatabaseImport, TheNoteNamesTenSectionsThenCountsTheRest)
