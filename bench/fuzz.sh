@@ -17,9 +17,10 @@ cmake --build "$build" -j2 >/dev/null
 
 seeds=$build/seeds
 rm -rf "$seeds"
-mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern,print_image,backup}
+mkdir -p "$seeds"/{zip,rar,image_index,file_search,ini,comment_codec,pattern,print_image,backup,jet}
 cp "$fixtures"/zip/*.zip "$seeds/zip/"
 cp "$fixtures"/rar/*.rar "$seeds/rar/"
+cp "$fixtures"/mdb/DateTestDatabase.mdb "$seeds/jet/"
 printf '>d:\r\n>d:\\Bilder\r\nd:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n>d:\\Bilder\\a.zip\r\nd:\\Bilder\\a.zip\\x/y.txt|3|03.02.2001\r\nd:\\Bilder\\a.zip\\||\r\nd:\\liesmich.txt|12|01.01.2003\r\n\r\n' \
   > "$seeds/image_index/example.dat"
 cp "$seeds/image_index/example.dat" "$seeds/print_image/"
@@ -36,9 +37,12 @@ printf '\x0b\x00C:\\TmpC.txt\x05\x00 2 \r\n\x09\x00C:\\b.bup2\x41\x00\x14\x00C:\
 export ASAN_OPTIONS=allocator_may_return_null=1
 
 status=0
-for target in zip rar image_index file_search ini comment_codec pattern print_image backup; do
+for target in zip rar image_index file_search ini comment_codec pattern print_image backup jet; do
   mkdir -p "$build/findings/$target" "$build/corpus/$target"
-  if "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=65536 -print_final_stats=1 \
+  # A Jet file is a whole database; the fixture is 268 KiB.
+  max_len=65536
+  [ "$target" = jet ] && max_len=300000
+  if "$build/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len="$max_len" -print_final_stats=1 \
       -artifact_prefix="$build/findings/$target/" "$build/corpus/$target" "$seeds/$target" \
       > "$build/fuzz_$target.log" 2>&1; then
     result=ok

@@ -25,12 +25,16 @@ int importIni(CliContext &context)
     const olddatabase::ImportResult result = olddatabase::importIni(file, data.dataFolder(), name);
     if (!result.ok())
         return refuse(result.error);
+    // The archive exists and holds the rest: a note, not a refusal.
+    if (!result.leftOut.isEmpty())
+        printError(olddatabase::leftOutMessage(result.leftOut));
     printLine(name);
     return ExitOk;
 }
 
 const CliCommand registration("import-ini", kUsage, &importIni,
     "Macht aus der Text-Datenbank (.ini) einer älteren Version ein neues Archiv und nennt seinen Namen; die "
-    "Laufwerksabbilder kommen aus dem Ordner LWS neben dem Ordner der Datei.");
+    "Laufwerksabbilder kommen aus dem Ordner LWS neben dem Ordner der Datei. Abschnitte, die nicht "
+    "übernommen werden können, nennt ein Hinweis auf der Fehlerausgabe; die übrigen werden importiert.");
 
 } // namespace

@@ -80,6 +80,15 @@ TEST(ArchiveCommands, ConvertCountsTheCdsAndRefusesAnUnreadableJetFile)
         + u"\" kann nicht gelesen werden: Sie enthält keine lesbare Tabelle \"cds\"."_s;
     cli.expectRefused({ { args({ "archive", "convert", "Alt" }), 1, refusal },
         { args({ "--archive", "Alt", "cd", "list" }), 1, refusal } });
+
+    // A file on which the Jet library writes hundreds of megabytes of warnings: the terminal
+    // sees the German refusal alone.
+    cli.write(u"archive/Kaputt.mdb"_s, fileBytes(fixturePath(u"mdb/damaged/bitflip-warnings.mdb"_s)));
+    cli.expectRefused({ { args({ "archive", "convert", "Kaputt" }), 1,
+        u"Das Archiv Kaputt stammt aus der Windows-Version und konnte nicht umgewandelt werden. Die Jet-Datenbank \""_s
+            + QDir::toNativeSeparators(cli.dataPath(u"archive/Kaputt.mdb"_s))
+            + u"\" kann nicht gelesen werden: Sie ist so beschädigt, dass das Lesen abgebrochen werden "
+              u"musste (Grenzen: 10 Sekunden, 256 MB Speicher)."_s } });
 }
 
 } // namespace

@@ -90,4 +90,24 @@ TEST(TransferCommands, ImportIniNamesTheNewArchive)
         u"Fehler! Es existiert bereits ein Archiv mit dem Namen alt.ini !\nBitte wählen Sie einen anderen Namen"_s } });
 }
 
+// The old program's own layout copied into the data folder (Daten/ beside its image folder),
+// with one section whose image is named by no number: the archive holds the rest, its images
+// stay, and a note on stderr names the section left out; the exit code says the archive was made.
+TEST(TransferCommands, ImportIniFromTheOldLayoutNotesTheSectionsLeftOut)
+{
+    const CliRunner cli;
+    cli.write(u"lws/1234.dat"_s, ">d:\r\n\r\n");
+    cli.write(u"lws/abc.dat"_s, ">e:\r\n\r\n");
+    cli.write(u"Daten/meine.ini"_s,
+        "[Urlaub]\r\nSeriennummer=1234\r\nFotos\r\n\r\n[Kaputt]\r\nSeriennummer=abc\r\n\r\n"
+        "[Treiber]\r\nSeriennummer=no\r\n\r\n");
+    const CliRun imported = cli.run({ u"import-ini"_s, cli.dataPath(u"Daten/meine.ini"_s) });
+    EXPECT_EQ(std::tuple(imported.exitCode, imported.lines, imported.error),
+        std::tuple(0, QStringList { u"meine.ini"_s },
+            u"Diese CDs der alten Datenbank konnten nicht übernommen werden: [Kaputt]."_s));
+    EXPECT_EQ(cli.run({ u"--archive"_s, u"meine.ini"_s, u"cd"_s, u"list"_s }).lines,
+        QStringList({ u"1 Urlaub"_s, u"3 Treiber"_s }));
+    EXPECT_EQ(fileBytes(cli.dataPath(u"lws/1234.dat"_s)), QByteArray(">d:\r\n\r\n"));
+}
+
 } // namespace

@@ -22,15 +22,15 @@ const QString kTemporaryPrefix = QStringLiteral(".archive-");
 
 // The six fields in the order of creation. Rows are kept in key order (no row ids), which
 // is the order every "Select * FROM cds" must deliver without an ORDER BY.
-const char kCreateTable[] = "CREATE TABLE cds ("
-                            " cd_nummer INTEGER,"
-                            " cd_name VARCHAR(50) CHECK (length(cd_name) <= 50),"
-                            " cd_seriennummer INTEGER,"
-                            " cd_inhalt TEXT,"
-                            " cd_ausgeliehen BOOLEAN,"
-                            " cd_cover TEXT,"
-                            " CONSTRAINT PrimaryKey PRIMARY KEY (cd_nummer)"
-                            ") WITHOUT ROWID";
+QString createTable(ArchiveStore::TitleLimit limit)
+{
+    return QStringLiteral("CREATE TABLE cds ( cd_nummer INTEGER,")
+        + (limit == ArchiveStore::TitleLimit::Fifty
+                ? QStringLiteral(" cd_name VARCHAR(50) CHECK (length(cd_name) <= 50),")
+                : QStringLiteral(" cd_name TEXT,"))
+        + QStringLiteral(" cd_seriennummer INTEGER, cd_inhalt TEXT, cd_ausgeliehen BOOLEAN, cd_cover TEXT,"
+                         " CONSTRAINT PrimaryKey PRIMARY KEY (cd_nummer)) WITHOUT ROWID");
+}
 
 QString columnText(sqlite3_stmt *statement, int column)
 {
@@ -86,7 +86,7 @@ ArchiveStore::ArchiveStore(const QString &mdbPath)
 {
 }
 
-ArchiveError ArchiveStore::create(const QString &mdbPath)
+ArchiveError ArchiveStore::create(const QString &mdbPath, TitleLimit limit)
 {
     if (QFileInfo::exists(mdbPath))
         return ArchiveConnection(mdbPath, ArchiveConnection::Mode::Create).openError();
@@ -100,7 +100,7 @@ ArchiveError ArchiveStore::create(const QString &mdbPath)
         ArchiveConnection connection(temporary, ArchiveConnection::Mode::Create);
         error = connection.openError();
         if (error.ok())
-            error = connection.transaction([&] { return connection.run(QString::fromLatin1(kCreateTable)); });
+            error = connection.transaction([&] { return connection.run(createTable(limit)); });
     }
     // A link never replaces an archive that another process made meanwhile; file systems
     // without links (a FAT stick) get a rename after one more look.

@@ -17,8 +17,12 @@ class ArchiveStore
 public:
     explicit ArchiveStore(const QString &mdbPath);
 
+    // Whether cd_name takes at most 50 characters. Archives imported from old text databases
+    // have no such limit, so that their titles come over whole.
+    enum class TitleLimit { Fifty, None };
+
     // Creates the file with an empty table cds. Fails when the file exists.
-    static ArchiveError create(const QString &mdbPath);
+    static ArchiveError create(const QString &mdbPath, TitleLimit limit = TitleLimit::Fifty);
 
     const QString &path() const { return m_path; }
 

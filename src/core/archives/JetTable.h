@@ -25,6 +25,7 @@ struct JetTableRead
 // True when the file starts as a Jet 3 or Jet 4 database does ("Standard Jet DB" at offset 4).
 bool isJetFile(const QString &path);
 
-// Reads one table by name. A file that is damaged, encrypted beyond reading or lacks the
-// table gives a German reason naming the file.
+// Reads one table by name, in a child process with limited memory and time whose output is
+// discarded: a damaged file costs at most that, never a hang of the program. A file that is
+// damaged, encrypted beyond reading or lacks the table gives a German reason naming the file.
 JetTableRead readJetTable(const QString &path, const QString &tableName);

@@ -65,6 +65,8 @@ void Importieren::importOld()
         Prompts::message(this, result.error, Prompts::Icon::Critical);
         return;
     }
+    if (!result.leftOut.isEmpty())
+        Prompts::message(this, olddatabase::leftOutMessage(result.leftOut), Prompts::Icon::Warning);
     Prompts::message(this, olddatabase::successMessage(), Prompts::Icon::Information);
     close();
 }

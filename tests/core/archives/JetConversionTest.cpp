@@ -4,10 +4,15 @@
 #include "archives/ArchiveStore.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -82,6 +87,64 @@ TEST(JetConversion, DamagedFilesAreRefusedAndLeftAlone)
         EXPECT_EQ(std::pair(fileBytes(path), QDir(temp.path()).entryList(QDir::Files | QDir::Hidden)),
             std::pair(damaged, QStringList({ u"Alt.mdb"_s })));
     }
+}
+
+// What this process writes to its standard error while the object lives.
+class StandardErrorCapture
+{
+public:
+    StandardErrorCapture()
+        : m_saved(::dup(STDERR_FILENO))
+    {
+        m_file.open();
+        ::dup2(m_file.handle(), STDERR_FILENO);
+    }
+    ~StandardErrorCapture()
+    {
+        ::dup2(m_saved, STDERR_FILENO);
+        ::close(m_saved);
+    }
+    // The first bytes written, enough to show what leaked.
+    QByteArray writtenStart() const
+    {
+        QFile file(m_file.fileName());
+        return file.open(QIODevice::ReadOnly) ? file.read(200) : QByteArray("<unreadable>");
+    }
+
+private:
+    QTemporaryFile m_file;
+    int m_saved;
+};
+
+// Files on which the Jet library loops while its memory grows, or floods standard error with
+// warnings: each is refused within the reader's limits (10 s, 256 MB), left as it was, and
+// nothing of the library's output reaches the program's standard error.
+TEST(JetConversion, FilesThatHangTheReaderAreRefusedWithinItsLimits)
+{
+    const char *const samples[] = { "truncated-148628.mdb", "bitflip-2146.mdb", "bitflip-warnings.mdb" };
+    for (const char *sample : samples) {
+        SCOPED_TRACE(sample);
+        const QTemporaryDir temp;
+        const QString path = temp.filePath(u"Alt.mdb"_s);
+        const QByteArray original = fileBytes(fixturePath(u"mdb/damaged/"_s + QString::fromLatin1(sample)));
+        writeFile(path, original);
+        StandardErrorCapture standardError;
+        QElapsedTimer clock;
+        clock.start();
+        const JetConversion conversion = convertIfJet(path);
+        // Only a safety net: the limit itself is the child's.
+        EXPECT_LT(clock.elapsed(), 15000);
+        EXPECT_EQ(standardError.writtenStart(), QByteArray());
+        EXPECT_TRUE(!conversion.ok()
+            && conversion.error.message.startsWith(
+                u"Das Archiv Alt stammt aus der Windows-Version und konnte nicht umgewandelt werden. Die Jet-Datenbank"_s))
+            << conversion.error.message.toStdString();
+        EXPECT_EQ(std::pair(fileBytes(path), QDir(temp.path()).entryList(QDir::Files | QDir::Hidden)),
+            std::pair(original, QStringList({ u"Alt.mdb"_s })));
+    }
+    rusage children {};
+    ::getrusage(RUSAGE_CHILDREN, &children);
+    EXPECT_LT(children.ru_maxrss, 400 * 1024); // kilobytes
 }
 
 // The fields of the table are taken by name in any case, nulls stay nulls; the file is replaced

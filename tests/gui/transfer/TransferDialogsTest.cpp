@@ -3,6 +3,7 @@
 
 #include "transfer/Exportieren.h"
 #include "transfer/Importieren.h"
+#include "transfer/OldDatabaseImport.h"
 
 #include <QRadioButton>
 
@@ -50,9 +51,15 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     EXPECT_EQ(run.prompts().messages().last(),
         u"Das Archiv wurde erfolgreich Importiert! Sie können es nun unter 'Archiv wechseln' im Hauptfenster auswählen!"_s);
 
-    const QString ini = writeFile(out.filePath(u"alt.ini"_s), "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n");
+    // A section whose image is named by no number is left out, and a warning names it.
+    writeFile(out.filePath(u"LWS/abc.dat"_s), ">d:\r\n\r\n");
+    const QString ini = writeFile(out.filePath(u"Daten/alt.ini"_s),
+        "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n[Kaputt]\r\nSeriennummer=abc\r\n\r\n");
     go(run.program().show<Importieren>(), ini);
     EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), u"alt.ini"_s)));
+    EXPECT_EQ(run.prompts().messages().mid(run.prompts().messages().size() - 2),
+        QStringList({ u"Diese CDs der alten Datenbank konnten nicht übernommen werden: [Kaputt]."_s,
+            olddatabase::successMessage() }));
     EXPECT_EQ(run.form<Importieren>(), nullptr);
 }
 
