@@ -2,8 +2,8 @@
 
 #include "ArchiveConnection.h"
 #include "ArchiveStore.h"
+#include "common/Temporaries.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -102,9 +102,9 @@ JetConversion replaceByArchive(const QString &mdbPath, const std::vector<QVarian
 {
     JetConversion result;
     const QString jetPath = jetPathOf(mdbPath);
-    const QString temporary = QFileInfo(mdbPath).dir().filePath(QStringLiteral(".") + fileName(mdbPath)
-        + QStringLiteral(".umwandeln-") + QString::number(QCoreApplication::applicationPid()));
-    QFile::remove(temporary);
+    // Named as our temporaries are, so that the next run sweeps what a killed conversion left.
+    const QString temporary = temporaries::freshName(
+        QFileInfo(mdbPath).absolutePath(), QStringLiteral(".") + fileName(mdbPath) + QStringLiteral(".umwandeln-"));
     ArchiveError error = writeRows(temporary, rows);
     // The original stays readable under one of its two names at every moment.
     if (error.ok() && !QFile::copy(mdbPath, jetPath))
@@ -117,7 +117,7 @@ JetConversion replaceByArchive(const QString &mdbPath, const std::vector<QVarian
             QStringLiteral("Die Datei ") + fileName(mdbPath) + QStringLiteral(" kann nicht ersetzt werden.") };
     }
     if (!error.ok()) {
-        QFile::remove(temporary);
+        temporaries::removeWithCompanions(temporary);
         result.error = notConverted(mdbPath, error.message);
         return result;
     }

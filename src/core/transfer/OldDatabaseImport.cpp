@@ -2,6 +2,7 @@
 
 #include "app/DataPaths.h"
 #include "app/IniReader.h"
+#include "archives/ArchiveCatalog.h"
 #include "archives/ArchiveStore.h"
 #include "common/Temporaries.h"
 
@@ -123,6 +124,10 @@ QString leftOutMessage(const QStringList &titles)
 ImportResult importIni(const QString &iniPath, const QString &dataFolder, const QString &name)
 {
     ImportResult result;
+    if (const ArchiveError refused = checkNewArchiveName(name); !refused.ok()) {
+        result.error = refused.message;
+        return result;
+    }
     QDir().mkpath(datapaths::archiveFolder(dataFolder));
     const QString mdbPath = datapaths::archiveFile(dataFolder, name);
     const ArchiveError created = ArchiveStore::create(mdbPath, ArchiveStore::TitleLimit::None);

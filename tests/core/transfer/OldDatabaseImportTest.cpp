@@ -4,6 +4,7 @@
 #include "TestPaths.h"
 
 #include "app/DataPaths.h"
+#include "archives/ArchiveCatalog.h"
 #include "archives/ArchiveStore.h"
 
 #include <QDir>
@@ -61,6 +62,19 @@ TEST(OldDatabaseImport, TheOldLayoutInsideTheDataFolderKeepsItsImages)
             QDir(datapaths::imageFolder(data)).entryList(QDir::Files | QDir::Hidden)),
         std::tuple(QByteArray(">d:\r\n\r\n"), QByteArray(">e:\r\n\r\n"),
             QStringList({ u"1234.dat"_s, u"77.dat"_s })));
+}
+
+// An ini file's name becomes the archive's: one the archive list could not show is refused
+// like a typed one, and no archive file is made.
+TEST(OldDatabaseImport, NamesNoArchiveMayHaveAreRefused)
+{
+    QTemporaryDir dir;
+    const QString data = dir.filePath(u"data"_s);
+    const QString ini = writeFile(dir.filePath(u".versteckt.ini"_s), "[Eins]\r\nSeriennummer=no\r\n\r\n");
+    const olddatabase::ImportResult result = olddatabase::importIni(ini, data, olddatabase::archiveNameFor(ini));
+    EXPECT_EQ(result.error, checkNewArchiveName(u".versteckt.ini"_s).message);
+    EXPECT_FALSE(result.error.isEmpty());
+    EXPECT_EQ(QDir(datapaths::archiveFolder(data)).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
 TEST(OldDatabaseImport, EdgeCasesOfTheOldFormat)
