@@ -4,7 +4,7 @@
 #include "print/ListPrints.h"
 #include "print/PrintedFolderTree.h"
 #include "print/RecordingPrinter.h"
-#include "print/cPrinttvw.h"
+#include "print/TreePrinter.h"
 
 #include <QFile>
 

@@ -2,12 +2,12 @@
 #include "app/Program.h"
 #include "app/Resources.h"
 #include "app/Startup.h"
-#include "services/Abouts.h"
-#include "services/Form8.h"
-#include "services/frmOptions.h"
-#include "services/frmupdate.h"
-#include "transfer/Exportieren.h"
-#include "transfer/Importieren.h"
+#include "services/AboutDialog.h"
+#include "services/WishDialog.h"
+#include "services/OptionsDialog.h"
+#include "services/UpdateCheckDialog.h"
+#include "transfer/ExportDialog.h"
+#include "transfer/ImportDialog.h"
 
 #include "app/Settings.h"
 #include "app/StartDecision.h"
@@ -39,12 +39,12 @@ int main(int argc, char **argv)
 
     Settings settings;
     Program program(settings, wholeCommandLine(QApplication::arguments()));
-    program.setOpener(QStringLiteral("frmOptions"), [](Program &p) { p.show<frmOptions>(); });
-    program.setOpener(QStringLiteral("frmupdate"), [](Program &p) { p.show<frmupdate>(); });
-    program.setOpener(QStringLiteral("Form8"), [](Program &p) { p.show<Form8>(); });
-    program.setOpener(QStringLiteral("Abouts"), [](Program &p) { p.show<Abouts>(); });
-    program.setOpener(QStringLiteral("Exportieren"), [](Program &p) { p.show<Exportieren>(); });
-    program.setOpener(QStringLiteral("Importieren"), [](Program &p) { p.show<Importieren>(); });
+    program.setOpener(QStringLiteral("OptionsDialog"), [](Program &p) { p.show<OptionsDialog>(); });
+    program.setOpener(QStringLiteral("UpdateCheckDialog"), [](Program &p) { p.show<UpdateCheckDialog>(); });
+    program.setOpener(QStringLiteral("WishDialog"), [](Program &p) { p.show<WishDialog>(); });
+    program.setOpener(QStringLiteral("AboutDialog"), [](Program &p) { p.show<AboutDialog>(); });
+    program.setOpener(QStringLiteral("ExportDialog"), [](Program &p) { p.show<ExportDialog>(); });
+    program.setOpener(QStringLiteral("ImportDialog"), [](Program &p) { p.show<ImportDialog>(); });
     QObject::connect(&program, &Program::allUnloaded, &application, &QApplication::quit);
     program.show<Startup>();
     return QApplication::exec();

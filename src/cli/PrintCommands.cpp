@@ -13,7 +13,7 @@
 #include "print/PdfPrinter.h"
 #include "print/PrintedFolderTree.h"
 #include "print/SheetPrint.h"
-#include "print/cPrinttvw.h"
+#include "print/TreePrinter.h"
 #include "printers/SystemPrinter.h"
 
 #include <QDir>

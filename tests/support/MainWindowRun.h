@@ -4,7 +4,7 @@
 #include "DesktopRun.h"
 #include "ExampleImage.h"
 
-#include "app/Hauptfenster.h"
+#include "app/MainWindow.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -27,9 +27,9 @@ struct MainWindowRun
         run.openArchive(QStringLiteral("Test"));
     }
 
-    Hauptfenster *show()
+    MainWindow *show()
     {
-        main = run.program().show<Hauptfenster>();
+        main = run.program().show<MainWindow>();
         run.settle();
         return main;
     }
@@ -64,5 +64,5 @@ struct MainWindowRun
 
     DesktopRun run;
     std::unique_ptr<ArchiveBuilder> archive;
-    Hauptfenster *main = nullptr;
+    MainWindow *main = nullptr;
 };

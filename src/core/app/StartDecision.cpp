@@ -20,7 +20,7 @@ void StartDecision::applyTo(Session &session) const
 {
     if (askingArchive)
         session.startedAskingArchive = QStringLiteral("1");
-    if (window == Window::Hauptfenster) {
+    if (window == Window::MainWindow) {
         session.archivePath = archivePath;
         session.archiveName = archiveName;
     }
@@ -30,12 +30,12 @@ StartDecision decideStart(const Settings &settings, const QString &dataFolder, c
 {
     StartDecision decision;
     if (takesBranchOfOne(settings.value(SettingKey::Start, QStringLiteral("1")))) {
-        decision.window = StartDecision::Window::Form3;
+        decision.window = StartDecision::Window::WelcomeDialog;
         return decision;
     }
     const bool minimized = isMinimizedStart(commandLine);
     if (takesBranchOfOne(settings.value(SettingKey::autoarchiv, QStringLiteral("1")))) {
-        decision.window = StartDecision::Window::openarchiv;
+        decision.window = StartDecision::Window::ArchiveChooser;
         decision.askingArchive = true;
         decision.showMinimizedNotice = minimized;
         return decision;
@@ -43,10 +43,10 @@ StartDecision decideStart(const Settings &settings, const QString &dataFolder, c
     const QString name = settings.value(SettingKey::Standard);
     const QString path = datapaths::archiveFile(dataFolder, name);
     if (!dirFinds(path)) {
-        decision.window = StartDecision::Window::openarchiv;
+        decision.window = StartDecision::Window::ArchiveChooser;
         return decision;
     }
-    decision.window = StartDecision::Window::Hauptfenster;
+    decision.window = StartDecision::Window::MainWindow;
     decision.archivePath = path;
     decision.archiveName = name;
     decision.goToTray = minimized;

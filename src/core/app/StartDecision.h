@@ -11,16 +11,16 @@
 struct StartDecision
 {
     enum class Window {
-        Form3,        // first start: the welcome dialog
-        openarchiv,   // choose the archive
-        Hauptfenster, // open the default archive in the main window
+        WelcomeDialog,        // first start: the welcome dialog
+        ArchiveChooser,   // choose the archive
+        MainWindow, // open the default archive in the main window
     };
 
-    Window window = Window::Form3;
+    Window window = Window::WelcomeDialog;
     bool askingArchive = false;      // the archive choice was opened because the settings ask for it
     bool showMinimizedNotice = false; // show minimizedStartNotice() with the information icon
     bool goToTray = false;           // send the main window to the tray at once
-    QString archivePath;             // the default archive, set when window is Hauptfenster
+    QString archivePath;             // the default archive, set when window is MainWindow
     QString archiveName;
 
     // Carries the decision into the run's state: StartedAskingArchive and the open archive.

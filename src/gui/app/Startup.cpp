@@ -1,10 +1,10 @@
 #include "Startup.h"
 
-#include "Form3.h"
-#include "Hauptfenster.h"
+#include "WelcomeDialog.h"
+#include "MainWindow.h"
 #include "Program.h"
 #include "Resources.h"
-#include "archives/openarchiv.h"
+#include "archives/ArchiveChooser.h"
 
 #include "app/StartDecision.h"
 #include "app/StartupFolders.h"
@@ -60,14 +60,14 @@ void Startup::Timer1_Timer()
     const bool restartedMinimized = restart::takeMinimizedWindowWish();
     QWidget *next = nullptr;
     switch (decision.window) {
-    case StartDecision::Window::Form3:
-        next = program.show<Form3>();
+    case StartDecision::Window::WelcomeDialog:
+        next = program.show<WelcomeDialog>();
         break;
-    case StartDecision::Window::openarchiv:
-        next = program.show<openarchiv>();
+    case StartDecision::Window::ArchiveChooser:
+        next = program.show<ArchiveChooser>();
         break;
-    case StartDecision::Window::Hauptfenster:
-        if (Hauptfenster *main = program.show<Hauptfenster>(); main && decision.goToTray)
+    case StartDecision::Window::MainWindow:
+        if (MainWindow *main = program.show<MainWindow>(); main && decision.goToTray)
             main->goToTray();
         else
             next = main;

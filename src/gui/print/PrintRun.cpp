@@ -1,8 +1,8 @@
 #include "PrintRun.h"
 
 #include "common/Prompts.h"
-#include "images/wait.h"
-#include "screen/cCommonDialog.h"
+#include "images/ProgressWindow.h"
+#include "screen/FileDialogs.h"
 
 #include "print/PdfPrinter.h"
 #include "print/PrinterChoice.h"
@@ -24,7 +24,7 @@ std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
     if (device.isEmpty())
         device = printerchoice::pdfFileEntry();
     if (device == printerchoice::pdfFileEntry()) {
-        cCommonDialog dialog(parent);
+        FileDialogs dialog(parent);
         dialog.Filter = QStringLiteral("PDF|*.pdf");
         // The file name field carries the filter's extension; what the dialog returns may not.
         if (dialog.ShowSave().isEmpty())
@@ -64,13 +64,13 @@ bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const 
 {
     // The wait window holds the other windows still; each page lets the events in, so it
     // shows the count and takes the cancel.
-    auto *waiting = new class wait(parent);
+    auto *waiting = new class ProgressWindow(parent);
     waiting->setWindowModality(Qt::ApplicationModal);
     waiting->setText(QStringLiteral("Es wird gedruckt..."));
     waiting->setProgressText(QStringLiteral("Seite 1"));
     waiting->setCancellable(true);
     bool cancel = false;
-    QObject::connect(waiting, &wait::cancelRequested, waiting, [&cancel] { cancel = true; });
+    QObject::connect(waiting, &ProgressWindow::cancelRequested, waiting, [&cancel] { cancel = true; });
     waiting->show();
     QApplication::processEvents();
     printer.setPageWatcher([&](int page) {

@@ -2,8 +2,8 @@
 
 #include "ui_CdEditor.h"
 
-#include "Form7.h"
-#include "cover.h"
+#include "TitleDriveDialog.h"
+#include "CoverWindow.h"
 
 #include "app/DataFolder.h"
 #include "app/Session.h"
@@ -11,13 +11,13 @@
 #include "archives/ArchiveStore.h"
 #include "common/Prompts.h"
 #include "images/DriveTable.h"
-#include "images/abbild.h"
+#include "images/CaptureDialog.h"
 #include "records/CdSaveRules.h"
 #include "records/CdSaver.h"
 #include "records/CommentCodec.h"
 #include "records/CoverImage.h"
 #include "records/CoverStore.h"
-#include "screen/cCommonDialog.h"
+#include "screen/FileDialogs.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -244,7 +244,7 @@ void CdEditor::pasteComments()
 
 void CdEditor::readTitle()
 {
-    Form7 form(m_session, m_settings, this);
+    TitleDriveDialog form(m_session, m_settings, this);
     form.exec();
     // A cancel keeps the letter of the last choice; with none the title becomes empty.
     m_ui->Text1->setText(DriveTable(m_settings).volumeName(m_session.titleDriveLetter));
@@ -254,8 +254,8 @@ void CdEditor::startCapture()
 {
     m_session.captureMode = m_variant.captureMode;
     if (!m_abbild) {
-        m_abbild = new abbild(m_session, m_settings, m_link, this);
-        connect(m_abbild, &abbild::imageCaptured, this, &CdEditor::enterid);
+        m_abbild = new CaptureDialog(m_session, m_settings, m_link, this);
+        connect(m_abbild, &CaptureDialog::imageCaptured, this, &CdEditor::enterid);
     }
     m_abbild->show();
     m_abbild->raise();
@@ -270,7 +270,7 @@ void CdEditor::showImageInfo()
 
 void CdEditor::chooseCover()
 {
-    cCommonDialog dialog(this);
+    FileDialogs dialog(this);
     dialog.Filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif;*.png");
     dialog.ShowOpen();
     if (dialog.filename.isEmpty())
@@ -294,7 +294,7 @@ void CdEditor::chooseCover()
 void CdEditor::showCover()
 {
     if (!m_coverView)
-        m_coverView = new cover(this);
+        m_coverView = new CoverWindow(this);
     m_coverView->setPicture(m_cover);
     m_coverView->show();
     m_coverView->raise();

@@ -13,8 +13,8 @@
 
 class QLabel;
 class Settings;
-class abbild;
-class cover;
+class CaptureDialog;
+class CoverWindow;
 struct Session;
 
 namespace Ui {
@@ -68,6 +68,6 @@ private:
     QString m_coverPath; // the last chosen cover file
     QImage m_cover; // the fitted cover, saved under a new number at saving
     QString m_rowCover = QStringLiteral("0"); // the cover number the row had on opening
-    QPointer<abbild> m_abbild;
-    QPointer<cover> m_coverView;
+    QPointer<CaptureDialog> m_abbild;
+    QPointer<CoverWindow> m_coverView;
 };

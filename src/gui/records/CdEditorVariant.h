@@ -6,7 +6,7 @@
 // everything else is the same.
 struct CdEditorVariant
 {
-    QString objectName; // "newCD" or "changecd"
+    QString objectName; // "NewCdDialog" or "EditCdDialog"
     QString caption;
     QString frame3Caption;
     QString captureMode; // the session's capture mode while this dialog's capture runs
@@ -22,7 +22,7 @@ struct CdEditorVariant
     static CdEditorVariant newCd()
     {
         return {
-            .objectName = QStringLiteral("newCD"),
+            .objectName = QStringLiteral("NewCdDialog"),
             .caption = QStringLiteral("Neue CD Erstellen"),
             .frame3Caption
             = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"),
@@ -37,7 +37,7 @@ struct CdEditorVariant
     static CdEditorVariant changeCd()
     {
         return {
-            .objectName = QStringLiteral("changecd"),
+            .objectName = QStringLiteral("EditCdDialog"),
             .caption = QStringLiteral("CD bearbeiten"),
             .frame3Caption = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
             .captureMode = QStringLiteral("3"),

@@ -1,6 +1,6 @@
 #include "SearchRun.h"
 
-#include "images/wait.h"
+#include "images/ProgressWindow.h"
 
 #include <QApplication>
 #include <QThread>
@@ -28,11 +28,11 @@ void SearchRun::start(std::function<void(SearchProgress *)> work, std::function<
     // A busy pointer rather than the plain hourglass: the cancel button must stay usable.
     QApplication::setOverrideCursor(Qt::BusyCursor);
     m_waiting = true;
-    m_wait = new wait(m_owner);
+    m_wait = new ProgressWindow(m_owner);
     m_wait->setText(QStringLiteral("Die Suche läuft..."));
     m_wait->setCancellable(m_cancellable);
     m_wait->setWindowModality(Qt::ApplicationModal);
-    connect(m_wait, &wait::cancelRequested, this, [this] { m_cancel.store(true, std::memory_order_relaxed); });
+    connect(m_wait, &ProgressWindow::cancelRequested, this, [this] { m_cancel.store(true, std::memory_order_relaxed); });
     m_wait->show();
     m_thread = QThread::create([this, work = std::move(work)] { work(this); });
     connect(m_thread, &QThread::finished, this, [this, done = std::move(done)] {

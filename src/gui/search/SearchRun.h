@@ -9,7 +9,7 @@
 #include <functional>
 
 class QThread;
-class wait;
+class ProgressWindow;
 
 // One search, run on a thread of its own. Meanwhile the wait window stands over the owner
 // with "Die Suche läuft...", the image being read and, for a search that can stop, a cancel
@@ -42,7 +42,7 @@ private:
 
     QWidget *m_owner;
     bool m_cancellable;
-    QPointer<wait> m_wait;
+    QPointer<ProgressWindow> m_wait;
     QThread *m_thread = nullptr;
     std::atomic<bool> m_cancel{false};
     bool m_waiting = false;

@@ -1,10 +1,10 @@
 #include "SearchWindows.h"
 
-#include "print/Printresults.h"
+#include "print/ResultsPrintDialog.h"
 
-#include "Form1.h"
-#include "frmResults.h"
-#include "frmsearch.h"
+#include "CommentHitNavigator.h"
+#include "ResultsWindow.h"
+#include "SearchDialog.h"
 
 #include "app/DataFolder.h"
 
@@ -30,37 +30,37 @@ SearchWindows::SearchWindows(Session &session, Settings &settings, SearchLink li
 {
 }
 
-frmsearch *SearchWindows::showSearch()
+SearchDialog *SearchWindows::showSearch()
 {
     if (!m_search) {
-        m_search = new frmsearch(*this, m_mainWindow);
+        m_search = new SearchDialog(*this, m_mainWindow);
         emit windowLoaded(m_search);
     }
     return raised(m_search.data());
 }
 
-frmResults *SearchWindows::showResults()
+ResultsWindow *SearchWindows::showResults()
 {
     if (!m_results) {
-        m_results = new frmResults(*this, m_mainWindow);
+        m_results = new ResultsWindow(*this, m_mainWindow);
         emit windowLoaded(m_results);
     }
     return raised(m_results.data());
 }
 
-Form1 *SearchWindows::showNavigator()
+CommentHitNavigator *SearchWindows::showNavigator()
 {
     if (m_navigator)
         delete m_navigator;
-    m_navigator = new Form1(*this, m_session.foundCdNumbers, m_mainWindow);
+    m_navigator = new CommentHitNavigator(*this, m_session.foundCdNumbers, m_mainWindow);
     emit windowLoaded(m_navigator);
     return raised(m_navigator.data());
 }
 
-Printresults *SearchWindows::showPrintResults(const QString &searchWord)
+ResultsPrintDialog *SearchWindows::showPrintResults(const QString &searchWord)
 {
     if (!m_printResults) {
-        m_printResults = new Printresults(m_session, m_settings, searchWord, m_mainWindow);
+        m_printResults = new ResultsPrintDialog(m_session, m_settings, searchWord, m_mainWindow);
         emit windowLoaded(m_printResults);
     }
     return raised(m_printResults.data());

@@ -5,13 +5,13 @@
 #include <QObject>
 #include <QPointer>
 
-class Form1;
-class Printresults;
+class CommentHitNavigator;
+class ResultsPrintDialog;
 class QWidget;
 struct Session;
 class Settings;
-class frmResults;
-class frmsearch;
+class ResultsWindow;
+class SearchDialog;
 
 // The three windows of searching, each a single instance that is created on first use and
 // gone when it is closed. The main window owns one of these and opens the search dialog
@@ -26,14 +26,14 @@ public:
 
     // The search dialog, loaded if need be and brought to the front. The caller has set the
     // session's current CD from the CD list; a dialog that is loaded already keeps its options.
-    frmsearch *showSearch();
+    SearchDialog *showSearch();
     // The result list, loaded if need be; a list that is open already is refilled by its caller.
-    frmResults *showResults();
+    ResultsWindow *showResults();
     // The navigator over the session's found CDs. A navigator that is open shows the numbers
     // of the search before, so it gives way to a fresh one.
-    Form1 *showNavigator();
+    CommentHitNavigator *showNavigator();
     // The print dialog of the results, for the hits the session keeps, under their word.
-    Printresults *showPrintResults(const QString &searchWord);
+    ResultsPrintDialog *showPrintResults(const QString &searchWord);
 
     Session &session() const { return m_session; }
     Settings &settings() const { return m_settings; }
@@ -51,8 +51,8 @@ private:
     Settings &m_settings;
     SearchLink m_link;
     QPointer<QWidget> m_mainWindow;
-    QPointer<frmsearch> m_search;
-    QPointer<frmResults> m_results;
-    QPointer<Form1> m_navigator;
-    QPointer<Printresults> m_printResults;
+    QPointer<SearchDialog> m_search;
+    QPointer<ResultsWindow> m_results;
+    QPointer<CommentHitNavigator> m_navigator;
+    QPointer<ResultsPrintDialog> m_printResults;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "images/wait.h"
+#include "images/ProgressWindow.h"
 
 #include <QApplication>
 #include <QString>
@@ -20,7 +20,7 @@ QRadioButton *buildChoice(QDialog *dialog, const QString &heading, const QString
 // The wait window over `parent` while `work` runs, with the hourglass.
 template <typename Work> auto whileWaiting(QWidget *parent, const QString &text, Work &&work)
 {
-    class wait *window = new class wait(parent);
+    class ProgressWindow *window = new class ProgressWindow(parent);
     window->setText(text);
     window->show();
     QApplication::setOverrideCursor(Qt::WaitCursor);

@@ -7,7 +7,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using StartDecisionTest = AppTestFolder;
 using Window = StartDecision::Window;
-constexpr Window Welcome = Window::Form3, Choose = Window::openarchiv, Main = Window::Hauptfenster;
+constexpr Window Welcome = Window::WelcomeDialog, Choose = Window::ArchiveChooser, Main = Window::MainWindow;
 
 TEST_F(StartDecisionTest, FollowsTheStartTable)
 {

@@ -1,6 +1,6 @@
 #include "PrintedTexts.h"
 
-#include "print/cPrinttvw.h"
+#include "print/TreePrinter.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ private:
 
 PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int connectorStyle = 1, int printStyle = 1)
 {
-    cPrinttvw printout;
+    TreePrinter printout;
     printout.setTitle(u"* Archiv: Musik*** CD: Jazz"_s);
     printout.setConnectorStyle(connectorStyle);
     printout.setPrintStyle(printStyle);
@@ -54,7 +54,7 @@ const ListedTree kTree(kNodes);
 
 // The title block centred on the paper; each level moves 420 twips right: the stub down at
 // parent x + 220, the stub across 200.
-TEST(cPrinttvw, TitleBlockConnectorsAndIndents)
+TEST(TreePrinter, TitleBlockConnectorsAndIndents)
 {
     const double h = 0.625 * twipsPerCm; // a line at 10 points
     const double y1 = 5.75 * twipsPerCm + h; // under the root
@@ -85,7 +85,7 @@ TEST(cPrinttvw, TitleBlockConnectorsAndIndents)
     }
 }
 
-TEST(cPrinttvw, SelectedBranchAloneWithPrintStyle2)
+TEST(TreePrinter, SelectedBranchAloneWithPrintStyle2)
 {
     RecordingPrinter printer(testPaper());
     ASSERT_TRUE(printTree(printer, ListedTree(kNodes, 1), 1, 2).printed());
@@ -95,7 +95,7 @@ TEST(cPrinttvw, SelectedBranchAloneWithPrintStyle2)
 }
 
 // A wide folder runs onto page 2: its uprights there start at the top, and no title repeats.
-TEST(cPrinttvw, PageChangeStartsUprightsAtTheTop)
+TEST(TreePrinter, PageChangeStartsUprightsAtTheTop)
 {
     std::vector<std::pair<QString, int>> nodes = { { u"Jazz (d:)"_s, -1 } };
     for (int i = 1; i <= 60; ++i)

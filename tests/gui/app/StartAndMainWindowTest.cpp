@@ -125,11 +125,11 @@ TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
 // A load shows the archive in title, list and count, at first in the default layout. A normal
 // close stores size, tab and sort for the next load; a maximized one keeps the last normal size.
 // A stored width below the floor is raised and rewritten.
-TEST(Hauptfenster, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
+TEST(MainWindow, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
 {
     MainWindowRun m;
     Settings &settings = m.run.settings();
-    Hauptfenster *main = m.show();
+    MainWindow *main = m.show();
     EXPECT_EQ(main->windowTitle(), u"Silberbuch 5.1  -  Ravelin   |   Archiv: Test"_s);
     EXPECT_EQ(m.entries(), (QStringList { u"3 birne"_s, u"7 Abc"_s, u"12 Zebra"_s }));
     EXPECT_EQ(m.text("Label9") + u'|' + m.text("Text2"), u"3|Keine CD ausgewählt !"_s);
@@ -169,10 +169,10 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
     // window, Start after, and "notice" or "tray".
     using S = const char *;
     const std::tuple<S, bool, S, S, S, S, S, S> cases[] = {
-        { "first start", false, nullptr, nullptr, "", "Form3", "1", "" },
-        { "asking, -minimized", true, "1", "1", "-minimized", "openarchiv", "2", "notice" },
-        { "automatic", true, "1", "0", "", "Hauptfenster", "2", "" },
-        { "automatic, -minimized", true, "1", "0", "-minimized", "Hauptfenster", "2", "tray" },
+        { "first start", false, nullptr, nullptr, "", "WelcomeDialog", "1", "" },
+        { "asking, -minimized", true, "1", "1", "-minimized", "ArchiveChooser", "2", "notice" },
+        { "automatic", true, "1", "0", "", "MainWindow", "2", "" },
+        { "automatic, -minimized", true, "1", "0", "-minimized", "MainWindow", "2", "tray" },
     };
     for (const auto &[name, archives, start, autoarchiv, commandLine, window, counted, extra] : cases) {
         SCOPED_TRACE(name);
@@ -195,7 +195,7 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
             std::tuple(nullptr, 1, true, QString::fromLatin1(counted)));
         EXPECT_EQ(run.prompts().messages(),
             extra == std::string_view("notice") ? QStringList { minimizedStartNotice() } : QStringList());
-        if (Hauptfenster *main = run.form<Hauptfenster>()) {
+        if (MainWindow *main = run.form<MainWindow>()) {
             EXPECT_EQ(run.session().archiveName, u"B"_s);
             EXPECT_EQ(std::pair(main->isVisible(), main->trayIcon()->isVisible()),
                 std::pair(extra != std::string_view("tray"), extra == std::string_view("tray")));

@@ -1,8 +1,8 @@
 #include "MainWindowRun.h"
 
 #include "archives/ArchiveCatalog.h"
-#include "archives/Form4.h"
-#include "archives/openarchiv.h"
+#include "archives/FirstArchiveDialog.h"
+#include "archives/ArchiveChooser.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,16 +16,16 @@ namespace {
 const auto textBox = [](QWidget *window) { return control<QLineEdit>(window, "Text1"); };
 const auto list = [](QWidget *chooser) { return control<QListWidget>(chooser, "List1"); };
 
-openarchiv *chooser(DesktopRun &run)
+ArchiveChooser *chooser(DesktopRun &run)
 {
     run.archive(u"B"_s);
     run.archive(u"A"_s);
-    return run.program().show<openarchiv>();
+    return run.program().show<ArchiveChooser>();
 }
 
 } // namespace
 
-TEST(openarchiv, OpenChecksTheTypedNameExactly)
+TEST(ArchiveChooser, OpenChecksTheTypedNameExactly)
 {
     const std::pair<const char *, QStringList> cases[]
         = { { "", { u"Bitte wählen Sie ein Archiv aus der Liste aus!"_s } },
@@ -33,7 +33,7 @@ TEST(openarchiv, OpenChecksTheTypedNameExactly)
     for (const auto &[typed, messages] : cases) {
         SCOPED_TRACE(typed);
         DesktopRun run;
-        openarchiv *shown = chooser(run);
+        ArchiveChooser *shown = chooser(run);
         EXPECT_EQ(entries(list(shown)) << textBox(shown)->text(), (QStringList { u"A"_s, u"B"_s, u"A"_s }))
             << "the first is selected";
         list(shown)->setCurrentRow(-1);
@@ -42,17 +42,17 @@ TEST(openarchiv, OpenChecksTheTypedNameExactly)
         run.settle();
         const bool opens = messages.isEmpty();
         EXPECT_EQ(run.prompts().messages(), messages);
-        EXPECT_EQ(std::tuple(run.form<Hauptfenster>() != nullptr, run.form<openarchiv>() == nullptr,
+        EXPECT_EQ(std::tuple(run.form<MainWindow>() != nullptr, run.form<ArchiveChooser>() == nullptr,
                       run.session().archiveName),
             std::tuple(opens, opens, opens ? u"B"_s : QString()));
     }
 }
 
 // The default needs a selection; deleting asks first and keeps the file on "No".
-TEST(openarchiv, DefaultAndDeleteWorkOnTheSelection)
+TEST(ArchiveChooser, DefaultAndDeleteWorkOnTheSelection)
 {
     DesktopRun run;
-    openarchiv *shown = chooser(run);
+    ArchiveChooser *shown = chooser(run);
     list(shown)->setCurrentRow(-1);
     shown->Command5_Click();
     EXPECT_EQ(run.prompts().messages(), QStringList { u"Fehler: Kein Archiv ausgewählt!"_s });
@@ -79,7 +79,7 @@ TEST(openarchiv, DefaultAndDeleteWorkOnTheSelection)
 // Cancel ends the run at a start and returns to the main window while changing, the archive
 // unchanged. After the open archive was deleted nothing is left to return to: cancel keeps the
 // chooser and says why, and closing it ends the run.
-TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
+TEST(ArchiveChooser, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
 {
     // changing, open archive deleted, the run ended, the main window back
     const std::tuple<bool, bool, bool, bool> cases[]
@@ -91,7 +91,7 @@ TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
         run.session().changingArchive = changing;
         bool ended = false;
         QObject::connect(&run.program(), &Program::allUnloaded, [&ended] { ended = true; });
-        openarchiv *shown = chooser(run);
+        ArchiveChooser *shown = chooser(run);
         textBox(shown)->setText(deleted ? u"A"_s : u"B"_s);
         if (deleted) {
             run.prompts().answerMessage(Prompts::Answer::Yes);
@@ -100,7 +100,7 @@ TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
         }
         shown->Command3_Click();
         run.settle();
-        EXPECT_EQ(std::tuple(ended, run.form<Hauptfenster>() != nullptr, run.form<openarchiv>()),
+        EXPECT_EQ(std::tuple(ended, run.form<MainWindow>() != nullptr, run.form<ArchiveChooser>()),
             std::tuple(ends, returns, deleted ? shown : nullptr));
         EXPECT_EQ(run.session().archiveName, u"A"_s) << "the archive is not changed";
         if (deleted) {
@@ -110,7 +110,7 @@ TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
             run.settle();
             EXPECT_TRUE(ended);
         } else if (changing) {
-            run.program().show<openarchiv>()->Command4_Click();
+            run.program().show<ArchiveChooser>()->Command4_Click();
             run.settle();
             EXPECT_EQ(run.program().loadedCount(), 0) << "the end button unloads every window";
         }
@@ -119,7 +119,7 @@ TEST(openarchiv, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted)
 
 // Names the list, a backup or a file name cannot hold are refused with their reason, in the
 // chooser's input box (which asks again) and in the first archive's text box alike.
-TEST(openarchiv, NewArchiveNamesAreCheckedByTheCatalog)
+TEST(ArchiveChooser, NewArchiveNamesAreCheckedByTheCatalog)
 {
     const QStringList refused = { u".hidden"_s, u"a\nb"_s, u"Ωmega"_s };
     QStringList reasons;
@@ -130,7 +130,7 @@ TEST(openarchiv, NewArchiveNamesAreCheckedByTheCatalog)
     };
     {
         DesktopRun run;
-        openarchiv *shown = chooser(run);
+        ArchiveChooser *shown = chooser(run);
         for (const QString &name : refused + QStringList { u"Übersicht"_s })
             run.prompts().answerInput(name);
         shown->Command2_Click();
@@ -140,17 +140,17 @@ TEST(openarchiv, NewArchiveNamesAreCheckedByTheCatalog)
             std::pair(QStringList { u"A.mdb"_s, u"B.mdb"_s, u"Übersicht.mdb"_s }, u"Übersicht"_s));
     }
     DesktopRun run;
-    Form4 *form = run.program().show<Form4>();
+    FirstArchiveDialog *form = run.program().show<FirstArchiveDialog>();
     for (const QString &name : refused) {
         textBox(form)->setText(name);
         form->Command1_Click();
         run.settle();
     }
-    EXPECT_EQ(std::tuple(run.prompts().messages(), archiveFiles(run), run.form<Form4>()),
+    EXPECT_EQ(std::tuple(run.prompts().messages(), archiveFiles(run), run.form<FirstArchiveDialog>()),
         std::tuple(reasons, QStringList(), form));
 }
 
-TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
+TEST(FirstArchiveDialog, CreatesTheFirstArchiveAndItsStartChoice)
 {
     // typed, first option, file, standard ("-": not stored), autoarchiv
     const std::tuple<QString, bool, QString, QString, QString> cases[]
@@ -160,7 +160,7 @@ TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
     for (const auto &[typed, option1, file, standard, autoarchiv] : cases) {
         SCOPED_TRACE(typed.toStdString());
         DesktopRun run;
-        Form4 *form = run.program().show<Form4>();
+        FirstArchiveDialog *form = run.program().show<FirstArchiveDialog>();
         textBox(form)->setText(typed);
         control<QRadioButton>(form, option1 ? "Option1" : "Option2")->setChecked(true);
         form->Command1_Click();
@@ -170,14 +170,14 @@ TEST(Form4, CreatesTheFirstArchiveAndItsStartChoice)
                       settings.contains(SettingKey::Standard) ? settings.value(SettingKey::Standard) : u"-"_s,
                       settings.value(SettingKey::autoarchiv), run.session().archiveName),
             std::tuple(true, standard, autoarchiv, file));
-        EXPECT_NE(run.form<Hauptfenster>(), nullptr);
+        EXPECT_NE(run.form<MainWindow>(), nullptr);
     }
 }
 
 TEST(CdList, AlphabeticalSortWidensTheGapAndNumericOrderRestoresIt)
 {
     MainWindowRun m;
-    Hauptfenster *main = m.show();
+    MainWindow *main = m.show();
     m.select(7);
     main->sortListe_Click();
     // Binary order, capitals before small letters; the selection is lost, the display stays.
@@ -193,7 +193,7 @@ TEST(CdList, AlphabeticalSortWidensTheGapAndNumericOrderRestoresIt)
 TEST(CdList, DeleteAsksRemovesTheEntryAndKeepsTheDisplay)
 {
     MainWindowRun m;
-    Hauptfenster *main = m.show();
+    MainWindow *main = m.show();
     m.select(7);
     m.run.prompts().answerMessage(Prompts::Answer::No);
     m.run.prompts().answerMessage(Prompts::Answer::Yes);

@@ -3,7 +3,7 @@
 #include "Screenshot.h"
 
 #include "app/Settings.h"
-#include "print/Form2.h"
+#include "print/PrintDialog.h"
 #include "print/ListPrints.h"
 #include "print/PdfPrinter.h"
 #include "print/PrintRun.h"
@@ -30,14 +30,14 @@ class Form2Test : public ::testing::Test
 protected:
     // Shows the main window with the CD `selected` (0: none), opens the print dialog from it
     // and, given an option, chooses that print-out and moves on to its page.
-    Form2 *openForm2(int selected = 0, const char *option = nullptr)
+    PrintDialog *openForm2(int selected = 0, const char *option = nullptr)
     {
         m_main.show();
         if (selected)
             m_main.select(selected);
         m_main.control<QAction>("printt")->trigger();
         m_main.run.settle();
-        Form2 *form = m_main.run.form<Form2>();
+        PrintDialog *form = m_main.run.form<PrintDialog>();
         if (form && option) {
             control<QRadioButton>(form, option)->setChecked(true);
             control<QPushButton>(form, "Command3")->click();
@@ -47,7 +47,7 @@ protected:
 
     // Clicks the print button with the file dialog of "PDF-Datei" answered by a file of the
     // test's own; gives the file's text, and its page count in m_pages.
-    QString printToPdf(Form2 *form, const char *button, const QString &name)
+    QString printToPdf(PrintDialog *form, const char *button, const QString &name)
     {
         const QString path = m_out.filePath(name);
         m_main.run.prompts().answerFile(Prompts::FileAnswer { path, 0 });
@@ -64,7 +64,7 @@ protected:
 
 TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
 {
-    Form2 *form = openForm2(7, "Option5");
+    PrintDialog *form = openForm2(7, "Option5");
     ASSERT_NE(form, nullptr);
     for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
         EXPECT_TRUE(control<QRadioButton>(form, option)->isEnabled()) << option;
@@ -78,12 +78,12 @@ TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
         { u"Archiv: Test CD: Abc"_s, u"Kommentare zur CD:"_s, u"eins"_s, u"zwei"_s, u"Seriennummer: 1001"_s })
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
     // One page, and the sheet's print leaves the dialog open.
-    EXPECT_EQ(std::tuple(m_pages, form->CancelPrint(), m_main.run.form<Form2>()), std::tuple(1, false, form));
+    EXPECT_EQ(std::tuple(m_pages, form->CancelPrint(), m_main.run.form<PrintDialog>()), std::tuple(1, false, form));
 }
 
 TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
 {
-    Form2 *form = openForm2(0, "Option1");
+    PrintDialog *form = openForm2(0, "Option1");
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(control<QRadioButton>(form, "Option1")->isEnabled());
     for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
@@ -105,13 +105,13 @@ TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
     EXPECT_TRUE(text.contains(u"--- Archiv: Test. Liste der CD-Titel Stand:"_s)) << text.toStdString();
     EXPECT_LT(text.indexOf(u"Nr. 3 birne"_s), text.indexOf(u"Nr. 7 Abc"_s));
     EXPECT_TRUE(text.contains(u"- Ende der Liste -"_s));
-    EXPECT_EQ(m_main.run.form<Form2>(), nullptr);
+    EXPECT_EQ(m_main.run.form<PrintDialog>(), nullptr);
     EXPECT_EQ(m_main.run.program().settings().groupValue(u"Printer"_s, u"Device"_s), u"PDF-Datei"_s);
 }
 
 TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 {
-    Form2 *form = openForm2(12, "Option3");
+    PrintDialog *form = openForm2(12, "Option3");
     EXPECT_TRUE(control<QCheckBox>(form, "Check1")->isVisible());
     control<QPushButton>(form, "Command4")->click();
     m_main.run.settle();
@@ -121,7 +121,7 @@ TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 
 TEST_F(Form2Test, FolderTreeFromTheImageTab)
 {
-    Form2 *form = openForm2(7, "Option4");
+    PrintDialog *form = openForm2(7, "Option4");
     EXPECT_EQ(m_main.paneShown(), u"fr_2"_s);
     const QString text = printToPdf(form, "Command4", u"ordner.pdf"_s);
     for (const QString &expected : { u"Ordnerstruktur"_s, u"* Archiv: Test*** CD: Abc"_s, u"Abc (d:)"_s })
@@ -133,7 +133,7 @@ TEST_F(Form2Test, FolderTreeFromTheImageTab)
 TEST_F(Form2Test, GonePrinterAndPresetDevice)
 {
     m_main.run.program().settings().setGroupValue(u"Printer"_s, u"Device"_s, u"Abgebaut"_s);
-    Form2 *form = openForm2();
+    PrintDialog *form = openForm2();
     for (const char *list : { "cboPrinters", "cboPrinters2" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentIndex(), -1) << list;
     form->setPrinterDefault(u"PDF-Datei"_s);
@@ -163,7 +163,7 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
     poll.setInterval(0);
     QObject::connect(&poll, &QTimer::timeout, [&] {
         for (QWidget *waiting : QApplication::topLevelWidgets()) {
-            if (waiting->objectName() != u"wait"_s || !waiting->isVisible())
+            if (waiting->objectName() != u"ProgressWindow"_s || !waiting->isVisible())
                 continue;
             progress = control<QLabel>(waiting, "lblProgress")->text();
             if (progress == u"Seite 3"_s)

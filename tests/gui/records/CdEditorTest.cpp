@@ -1,8 +1,8 @@
-#include "CaptureDialogTest.h"
+#include "CaptureDialogFixture.h"
 #include "Screenshot.h"
 
-#include "records/changecd.h"
-#include "records/newCD.h"
+#include "records/EditCdDialog.h"
+#include "records/NewCdDialog.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -45,7 +45,7 @@ protected:
         EXPECT_TRUE(shown.back().file.nameFilters.join(u';').contains(u"*.[pP][nN][gG]"_s));
         click("Command2");
         EXPECT_EQ(m_catalog.session().captureMode, QLatin1String(captureMode));
-        ASSERT_TRUE(capture(drive, m_dialog->findChild<abbild *>()));
+        ASSERT_TRUE(capture(drive, m_dialog->findChild<CaptureDialog *>()));
         EXPECT_EQ(control<QLabel>("Label3")->text(), u"Vorhanden! ID: "_s + QString::number(drive.serial));
     }
 
@@ -70,7 +70,7 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
 {
     const Drive drive = volume(u"volume"_s,
         { { u"liesmich.txt"_s, 1834, 1047462067 }, { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
-    open<newCD>();
+    open<NewCdDialog>();
     setText("Text1", u"Urlaub 2003"_s);
     control<QLineEdit>("Text2")->clear();
     QTest::keyClicks(control<QLineEdit>("Text2"), u"0a0-7"_s); // digits only
@@ -79,7 +79,7 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     QApplication::clipboard()->setText(u"Excel 2000\r\n\r\nTreiber für Drucker\r\n"_s);
     click("Command11");
     coverAndCapture(drive, 600, 300, "2");
-    screenshot(m_dialog, u"newCD"_s);
+    screenshot(m_dialog, u"NewCdDialog"_s);
     save();
     EXPECT_TRUE(m_dialog.isNull());
     EXPECT_EQ(m_prompts.messages(),
@@ -96,7 +96,7 @@ TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
 {
     const Drive drive = volume(u"neu"_s, { { u"a.txt"_s, 1, 1044057600 } });
     m_catalog.archive().row({ 5, u"Fünf"_s, 77, u"Sta1|a|b|End1"_s, true, u"0"_s });
-    open<changecd>(5);
+    open<EditCdDialog>(5);
     EXPECT_EQ(
         control<QLineEdit>("Text1")->text() + control<QLabel>("Label3")->text(), u"FünfVorhanden! ID: 77"_s);
     auto *list2 = control<QListWidget>("List2");
@@ -117,7 +117,7 @@ TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
 TEST_F(CdEditorTest, SavingRefusesWithItsMessageAndLeavesTheDialogOpen)
 {
     m_catalog.archive().cd(1, u"Eins"_s).cd(5, u"Fünf"_s);
-    open<newCD>();
+    open<NewCdDialog>();
     setText("Text1", u"X"_s);
     setText("Text2", u"005"_s);
     save();

@@ -3,10 +3,10 @@
 #include "Control.h"
 #include "DesktopRun.h"
 
-#include "app/Hauptfenster.h"
-#include "search/Form1.h"
-#include "search/frmResults.h"
-#include "search/frmsearch.h"
+#include "app/MainWindow.h"
+#include "search/CommentHitNavigator.h"
+#include "search/ResultsWindow.h"
+#include "search/SearchDialog.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -43,7 +43,7 @@ protected:
         m_run.image(
             -1408263712, ">f:\r\n>f:\\Spiele\r\nf:\\Spiele\\Word7.exe|2048|03.03.2003 03:03:03\r\n\r\n");
         m_run.openArchive(QStringLiteral("Sammlung"));
-        m_main = m_run.program().show<Hauptfenster>();
+        m_main = m_run.program().show<MainWindow>();
         settle();
         m_list = control<QListWidget>(m_main, "List2");
     }
@@ -53,12 +53,12 @@ protected:
     bool search(const QString &word, Where where, What what, bool explicitMatch = false)
     {
         control<QAction>(m_main, "mnusearch2")->trigger();
-        frmsearch *dialog = window<frmsearch>();
+        SearchDialog *dialog = window<SearchDialog>();
         control<QRadioButton>(dialog, where == OneCd ? "Option1" : "Option2")->setChecked(true);
         control<QRadioButton>(dialog, what == Files ? "Option3" : "Option4")->setChecked(true);
         control<QCheckBox>(dialog, "Check1")->setChecked(explicitMatch);
         control<QLineEdit>(dialog, "Text1")->setText(word);
-        QSignalSpy finished(dialog, &frmsearch::searchFinished);
+        QSignalSpy finished(dialog, &SearchDialog::searchFinished);
         auto *command1 = control<QPushButton>(dialog, "Command1");
         command1->click();
         // A search that runs keeps the button disabled until it ends.
@@ -81,6 +81,6 @@ protected:
     void settle() { m_run.settle(); }
 
     DesktopRun m_run;
-    Hauptfenster *m_main = nullptr;
+    MainWindow *m_main = nullptr;
     QListWidget *m_list = nullptr;
 };

@@ -2,7 +2,7 @@
 #include "Screenshot.h"
 #include "SearchFixture.h"
 
-#include "print/Printresults.h"
+#include "print/ResultsPrintDialog.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
@@ -39,7 +39,7 @@ TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
         EXPECT_EQ(hits, expected);
         EXPECT_EQ(shown().size(), expected.empty() ? 1u : 0u);
     }
-    EXPECT_TRUE(window<frmResults>() && window<frmResults>()->isVisible());
+    EXPECT_TRUE(window<ResultsWindow>() && window<ResultsWindow>()->isVisible());
 }
 
 // "*" alone hits every line of every image the list can show (the core holds which lines).
@@ -58,17 +58,17 @@ TEST_F(frmsearchTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
     EXPECT_TRUE(shown().empty());
     const std::vector<QString> before = session().lastResults;
     ASSERT_FALSE(before.empty());
-    screenshot(window<frmResults>(), u"ergebnisse-nach-stern"_s);
+    screenshot(window<ResultsWindow>(), u"ergebnisse-nach-stern"_s);
     for (const auto &[text, where, what, message, icon] : cases) {
         SCOPED_TRACE(text);
         m_run.prompts().clear();
         ASSERT_TRUE(search(QString::fromLatin1(text), where, what));
         expectOneMessage(message, icon);
-        EXPECT_EQ(window<frmsearch>() != nullptr, where == AllCds); // only the missing image closes it
+        EXPECT_EQ(window<SearchDialog>() != nullptr, where == AllCds); // only the missing image closes it
     }
     EXPECT_EQ(session().lastResults, before);
-    EXPECT_EQ(window<frmResults>()->searchWord(), u"*"_s);
-    EXPECT_EQ(control<QTreeView>(window<frmResults>(), "ListView1")->model()->rowCount(),
+    EXPECT_EQ(window<ResultsWindow>()->searchWord(), u"*"_s);
+    EXPECT_EQ(control<QTreeView>(window<ResultsWindow>(), "ListView1")->model()->rowCount(),
         static_cast<int>(before.size()));
 }
 
@@ -76,7 +76,7 @@ class Form1Test : public SearchFixture
 {
 protected:
     // The navigator's position, "<" and ">" when enabled, and the CD selected in the main window.
-    QString state(Form1 *navigator) const
+    QString state(CommentHitNavigator *navigator) const
     {
         return control<QLabel>(navigator, "Label6")->text()
             + (control<QPushButton>(navigator, "Command1")->isEnabled() ? u" <"_s : QString())
@@ -88,10 +88,10 @@ protected:
 TEST_F(Form1Test, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
 {
     ASSERT_TRUE(search(u"WORD"_s, AllCds, Comments));
-    QPointer<Form1> navigator = window<Form1>();
+    QPointer<CommentHitNavigator> navigator = window<CommentHitNavigator>();
     ASSERT_FALSE(navigator.isNull());
     // The dialog gave way to the navigator, which counts the CDs found.
-    EXPECT_EQ(std::tuple(window<frmsearch>(), session().foundCdNumbers,
+    EXPECT_EQ(std::tuple(window<SearchDialog>(), session().foundCdNumbers,
                   control<QLabel>(navigator, "Label2")->text()),
         std::tuple(nullptr, std::vector<QString> { u"1"_s, u"3"_s }, u"2"_s));
     // Nothing lies before the first CD: "<" is disabled there.
@@ -100,7 +100,7 @@ TEST_F(Form1Test, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
     EXPECT_EQ(state(navigator) + u" | "_s + mainLabel("Text2"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
     control<QPushButton>(navigator, "Command1")->click();
     EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
-    EXPECT_EQ(std::pair(window<Form1>(), shown().size()), std::pair(navigator.data(), size_t(0)));
+    EXPECT_EQ(std::pair(window<CommentHitNavigator>(), shown().size()), std::pair(navigator.data(), size_t(0)));
 }
 
 TEST_F(Form1Test, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
@@ -108,7 +108,7 @@ TEST_F(Form1Test, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
     ASSERT_TRUE(search(u"ägypten"_s, AllCds, Comments));
     QTest::qWait(20);
     settle();
-    EXPECT_EQ(window<Form1>(), nullptr);
+    EXPECT_EQ(window<CommentHitNavigator>(), nullptr);
     EXPECT_EQ(m_list->currentItem()->text() + u" | "_s + mainLabel("Label8"), u"2 Fotos | 2"_s);
     expectOneMessage(u"Gefundene CDs: 1. Die CD wird nun angezeigt."_s, Icon::None);
 }
@@ -122,10 +122,10 @@ class frmResultsTest : public SearchFixture
 {
 protected:
     // The list of a file search over all CDs.
-    frmResults *searchAll(const QString &word)
+    ResultsWindow *searchAll(const QString &word)
     {
         EXPECT_TRUE(search(word, AllCds, Files));
-        if ((m_window = window<frmResults>()))
+        if ((m_window = window<ResultsWindow>()))
             m_window->resize(700, 400);
         m_view = m_window ? control<QTreeView>(m_window, "ListView1") : nullptr;
         return m_window;
@@ -160,7 +160,7 @@ protected:
     }
 
     QTemporaryDir m_scratch;
-    frmResults *m_window = nullptr;
+    ResultsWindow *m_window = nullptr;
     QTreeView *m_view = nullptr;
 };
 
@@ -183,7 +183,7 @@ TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
         m_window->getResults(session().lastResults, u"e:"_s);
         EXPECT_GT(m_view->header()->sectionSize(3), dateWidth) << width;
     }
-    screenshot(m_window, u"frmResults"_s);
+    screenshot(m_window, u"ResultsWindow"_s);
 }
 
 // File and print-out hold the hits in the order of the search, whatever the list's order. A
@@ -207,10 +207,10 @@ TEST_F(frmResultsTest, SavedAndPrintedHitsKeepTheSearchOrder)
 
     control<QPushButton>(m_window, "Command2")->click();
     settle();
-    Printresults *dialog = window<Printresults>();
+    ResultsPrintDialog *dialog = window<ResultsPrintDialog>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(control<QLabel>(dialog, "Label2")->text(), u"> Druckender Suchergebnisse"_s);
-    screenshot(dialog, u"Printresults"_s);
+    screenshot(dialog, u"ResultsPrintDialog"_s);
     control<QCheckBox>(dialog, "Check1")->setChecked(false);
     control<QCheckBox>(dialog, "Check2")->setChecked(false);
     const QString pdf = m_scratch.filePath(u"treffer.pdf"_s);
@@ -224,7 +224,7 @@ TEST_F(frmResultsTest, SavedAndPrintedHitsKeepTheSearchOrder)
         EXPECT_GT(next, at) << line.toStdString() << "\n" << text.toStdString();
         at = next;
     }
-    EXPECT_EQ(window<Printresults>(), nullptr);
+    EXPECT_EQ(window<ResultsPrintDialog>(), nullptr);
 }
 
 } // namespace

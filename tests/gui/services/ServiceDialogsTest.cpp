@@ -3,13 +3,13 @@
 #include "FakeHttpServer.h"
 #include "Screenshot.h"
 
-#include "services/Abouts.h"
-#include "services/Form8.h"
-#include "services/frmOptions.h"
-#include "services/frmnewVersion.h"
-#include "services/frmupdate.h"
+#include "services/AboutDialog.h"
+#include "services/WishDialog.h"
+#include "services/OptionsDialog.h"
+#include "services/NewVersionDialog.h"
+#include "services/UpdateCheckDialog.h"
 
-#include "app/Hauptfenster.h"
+#include "app/MainWindow.h"
 #include "app/Startup.h"
 
 #include "app/AutostartEntry.h"
@@ -58,19 +58,19 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         DesktopRun run;
         run.settings().setValue(SettingKey::Start, u"17"_s);
         m_server.answer(body);
-        frmupdate *dialog = run.program().show<frmupdate>();
-        screenshot(dialog, u"frmupdate"_s);
+        UpdateCheckDialog *dialog = run.program().show<UpdateCheckDialog>();
+        screenshot(dialog, u"UpdateCheckDialog"_s);
         dialog->Command1_Click();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
             "GET /members/Tolvan/updates.pl?value1=17|" + service::userName().toUtf8() + " HTTP/1.0");
         EXPECT_EQ(run.prompts().messages().join(u'|'),
             news ? QString() : u"Es ist zur Zeit keine aktualisierte Version vorhanden!"_s);
-        frmnewVersion *found = run.form<frmnewVersion>();
+        NewVersionDialog *found = run.form<NewVersionDialog>();
         // The update dialog stays behind the news.
-        ASSERT_EQ(std::pair(found != nullptr, run.form<frmupdate>() != nullptr), std::pair(news, news));
+        ASSERT_EQ(std::pair(found != nullptr, run.form<UpdateCheckDialog>() != nullptr), std::pair(news, news));
         if (found) {
-            screenshot(found, u"frmnewVersion"_s);
+            screenshot(found, u"NewVersionDialog"_s);
             EXPECT_EQ(
                 control<QLabel>(found, "Label1")->text() + u'|' + control<QLabel>(found, "Label3")->text(),
                 QString::fromLatin1(shownVersion) + u"|5.1"_s);
@@ -92,9 +92,9 @@ TEST_F(ServiceDialogsTest, NewVersionShowsTheReplyAsPlainText)
         SCOPED_TRACE(what);
         DesktopRun run;
         m_server.answer(body, 500);
-        run.program().show<frmupdate>()->Command1_Click();
+        run.program().show<UpdateCheckDialog>()->Command1_Click();
         run.settle();
-        frmnewVersion *found = run.form<frmnewVersion>();
+        NewVersionDialog *found = run.form<NewVersionDialog>();
         ASSERT_NE(found, nullptr);
         const QLabel *label = control<QLabel>(found, "Label1");
         const QImage shot = found->grab().toImage();
@@ -114,17 +114,17 @@ TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
         SCOPED_TRACE(body.toStdString());
         DesktopRun run;
         m_server.answer(body);
-        Form8 *dialog = run.program().show<Form8>();
+        WishDialog *dialog = run.program().show<WishDialog>();
         control<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
         control<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
-        screenshot(dialog, u"Form8"_s);
+        screenshot(dialog, u"WishDialog"_s);
         dialog->Command1_Click();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
             "GET /members/Tolvan/wunsch.pl?value1=3|a@b.de|Mehr%20Gr%F6%DFe%20%232%20bitte|"
                 + service::userName().toUtf8() + " HTTP/1.0");
         EXPECT_EQ(run.prompts().messages(), QStringList { message });
-        EXPECT_EQ(run.form<Form8>(), nullptr);
+        EXPECT_EQ(run.form<WishDialog>(), nullptr);
     }
 }
 
@@ -147,7 +147,7 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
             run.settings().setValue(SettingKey::path, QString::fromUtf8(storedPath));
         }
         shellopen::ShellRecorder shell;
-        frmOptions *dialog = run.program().show<frmOptions>();
+        OptionsDialog *dialog = run.program().show<OptionsDialog>();
         EXPECT_EQ(control<QLineEdit>(dialog, "Text1")->isEnabled(), storedPath != nullptr);
         if (chooseFolder) {
             control<QRadioButton>(dialog, "Option2")->click();
@@ -155,7 +155,7 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
         }
         control<QCheckBox>(dialog, "Check1")->setChecked(autostart);
         control<QCheckBox>(dialog, "Check3")->setChecked(true);
-        screenshot(dialog, u"frmOptions"_s);
+        screenshot(dialog, u"OptionsDialog"_s);
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
         dialog->Command1_Click();
@@ -188,7 +188,7 @@ TEST_F(ServiceDialogsTest, OptionsRestartStartsTheProgramAsTheUserDidWithItsWind
         shellopen::ShellRecorder shell;
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
-        run.program().show<frmOptions>()->Command1_Click();
+        run.program().show<OptionsDialog>()->Command1_Click();
         run.settle();
         ASSERT_EQ(shell.started().size(), 1);
         started = shell.started().front();
@@ -208,7 +208,7 @@ TEST_F(ServiceDialogsTest, OptionsRestartStartsTheProgramAsTheUserDidWithItsWind
     again.settings().setValue(SettingKey::Standard, u"B"_s);
     again.program().show<Startup>()->Timer1_Timer();
     again.settle();
-    Hauptfenster *main = again.form<Hauptfenster>();
+    MainWindow *main = again.form<MainWindow>();
     ASSERT_NE(main, nullptr);
     EXPECT_EQ(std::tuple(main->isVisible(), main->isMinimized(), main->trayIcon()->isVisible(),
                   again.prompts().messages()),
@@ -233,7 +233,7 @@ TEST_F(ServiceDialogsTest, OptionsLoadShowsTheResetValuesAfterAValueThatCannotBe
         settings.setValue(SettingKey::autoarchiv, QString::fromLatin1(autoarchiv));
         settings.setValue(SettingKey::pfad, QString::fromLatin1(pfad));
         settings.setValue(SettingKey::path, u"/daten"_s);
-        frmOptions *dialog = run.program().show<frmOptions>();
+        OptionsDialog *dialog = run.program().show<OptionsDialog>();
         const auto stored = [&] {
             return QStringList { settings.value(SettingKey::autostart), settings.value(SettingKey::autoarchiv),
                 settings.value(SettingKey::pfad), settings.value(SettingKey::path) };
@@ -259,15 +259,15 @@ TEST_F(ServiceDialogsTest, OptionsLoadShowsTheResetValuesAfterAValueThatCannotBe
 TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
 {
     DesktopRun run;
-    Abouts *about = run.program().show<Abouts>();
-    screenshot(about, u"Abouts"_s);
+    AboutDialog *about = run.program().show<AboutDialog>();
+    screenshot(about, u"AboutDialog"_s);
     EXPECT_EQ(control<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
     QPushButton *site = control<QPushButton>(about, "Command15");
     EXPECT_EQ(site->text(), service::vendorWebAddressText());
     site->click();
     control<QPushButton>(about, "Command1")->click();
     run.settle();
-    EXPECT_EQ(std::tuple(run.opened(), run.form<Abouts>()),
+    EXPECT_EQ(std::tuple(run.opened(), run.form<AboutDialog>()),
         std::tuple(QList<QUrl> { QUrl(service::vendorWebAddress()) }, nullptr));
 }
 

@@ -1,8 +1,8 @@
 #include "DesktopRun.h"
 #include "Screenshot.h"
 
-#include "transfer/Exportieren.h"
-#include "transfer/Importieren.h"
+#include "transfer/ExportDialog.h"
+#include "transfer/ImportDialog.h"
 #include "transfer/OldDatabaseImport.h"
 
 #include <QRadioButton>
@@ -26,23 +26,23 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
         run.settle();
     };
 
-    Exportieren *exporter = run.program().show<Exportieren>();
-    screenshot(exporter, u"Exportieren"_s);
+    ExportDialog *exporter = run.program().show<ExportDialog>();
+    screenshot(exporter, u"ExportDialog"_s);
     // The name typed without its extension gets the filter's.
     go(exporter, out.filePath(u"musik"_s));
     EXPECT_EQ(run.prompts().messages().last(), u"Das Backup wurde erfolgreich erstellt!"_s);
     EXPECT_TRUE(QFileInfo::exists(out.filePath(u"musik.bup"_s)));
 
-    exporter = run.program().show<Exportieren>();
+    exporter = run.program().show<ExportDialog>();
     exporter->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
     go(exporter, out.filePath(u"musik.html"_s));
     EXPECT_EQ(run.opened().last(), QUrl::fromLocalFile(out.filePath(u"musik.html"_s)));
-    EXPECT_NE(run.form<Exportieren>(), nullptr); // the HTML way leaves the dialog open
+    EXPECT_NE(run.form<ExportDialog>(), nullptr); // the HTML way leaves the dialog open
     exporter->close();
     run.settle();
 
-    Importieren *importer = run.program().show<Importieren>();
-    screenshot(importer, u"Importieren"_s);
+    ImportDialog *importer = run.program().show<ImportDialog>();
+    screenshot(importer, u"ImportDialog"_s);
     importer->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
     run.prompts().answerMessage(Prompts::Answer::Yes);
     go(importer, out.filePath(u"musik.bup"_s));
@@ -55,12 +55,12 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     writeFile(out.filePath(u"LWS/abc.dat"_s), ">d:\r\n\r\n");
     const QString ini = writeFile(out.filePath(u"Daten/alt.ini"_s),
         "[Urlaub]\r\nSeriennummer=no\r\nFotos\r\n\r\n[Kaputt]\r\nSeriennummer=abc\r\n\r\n");
-    go(run.program().show<Importieren>(), ini);
+    go(run.program().show<ImportDialog>(), ini);
     EXPECT_TRUE(QFileInfo::exists(datapaths::archiveFile(run.home(), u"alt.ini"_s)));
     EXPECT_EQ(run.prompts().messages().mid(run.prompts().messages().size() - 2),
         QStringList({ u"Diese CDs der alten Datenbank konnten nicht übernommen werden: [Kaputt]."_s,
             olddatabase::successMessage() }));
-    EXPECT_EQ(run.form<Importieren>(), nullptr);
+    EXPECT_EQ(run.form<ImportDialog>(), nullptr);
 }
 
 } // namespace

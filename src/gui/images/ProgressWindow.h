@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+// The small window that stands while long work runs: "Bitte warten...", a line saying what
+// is done, and, where the work can be stopped, a line of progress and a cancel button.
+class ProgressWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ProgressWindow(QWidget *parent = nullptr);
+
+    // The line of what is done (Label2).
+    void setText(const QString &text);
+    // The line of progress below it, elided in the middle when it is too long.
+    void setProgressText(const QString &text);
+    // Shows the cancel button; a click emits cancelRequested and disables the button.
+    void setCancellable(bool cancellable);
+
+signals:
+    void cancelRequested();
+
+private:
+    QLabel *m_label1;
+    QLabel *m_label2;
+    QLabel *m_progress;
+    QPushButton *m_cancel;
+};

@@ -1,0 +1,149 @@
+#include "ResultsWindow.h"
+#include "ui_ResultsWindow.h"
+
+#include "MediumPath.h"
+#include "ResultsModel.h"
+#include "SearchWindows.h"
+
+#include "app/DataFolder.h"
+#include "app/Session.h"
+#include "common/Prompts.h"
+#include "images/DriveTable.h"
+#include "app/MainWindowLayout.h"
+#include "app/ShellOpen.h"
+#include "screen/FileDialogs.h"
+#include "search/ResultsFile.h"
+
+#include <QDateTime>
+#include <QHeaderView>
+
+#include <algorithm>
+#include <QSortFilterProxyModel>
+#include <QUrl>
+
+#include <array>
+
+namespace {
+
+// A column's share of the list's width when the list is filled.
+constexpr std::array<double, ResultsModel::ColumnCount> columnFactors{1000.0 / 5010, 2300.0 / 5010,
+                                                                      539.0 / 5010, 1052.0 / 5010};
+
+} // namespace
+
+ResultsWindow::ResultsWindow(SearchWindows &windows, QWidget *parent)
+    : QWidget(parent, Qt::Window)
+    , m_windows(windows)
+    , m_ui(std::make_unique<Ui::ResultsWindow>())
+    , m_model(new ResultsModel(this))
+    , m_sorted(new QSortFilterProxyModel(this))
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    // Every column holds text and sorts as text, sizes and dates included.
+    m_sorted->setSourceModel(m_model);
+    m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
+    m_ui->ListView1->setModel(m_sorted);
+    QHeaderView *header = m_ui->ListView1->header();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(false);
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+
+    connect(header, &QHeaderView::sectionClicked, this, &ResultsWindow::sortByColumn);
+    connect(m_ui->ListView1, &QAbstractItemView::clicked, this, &ResultsWindow::itemClicked);
+    connect(m_ui->ListView1, &QAbstractItemView::doubleClicked, this, &ResultsWindow::itemDoubleClicked);
+    connect(m_ui->Command1, &QPushButton::clicked, this, &ResultsWindow::Command1_Click);
+    connect(m_ui->Command2, &QPushButton::clicked, this, [this] { m_windows.showPrintResults(m_searchWord); });
+    connect(m_ui->Command3, &QPushButton::clicked, this, &QWidget::close);
+}
+
+ResultsWindow::~ResultsWindow() = default;
+
+bool ResultsWindow::getResults(const std::vector<QString> &results, const QString &word)
+{
+    std::vector<ResultColumns> rows;
+    rows.reserve(results.size());
+    std::optional<RuntimeFailure> failure;
+    for (const QString &entry : results) {
+        auto columns = ResultColumns::cut(entry);
+        if (const auto *failed = std::get_if<RuntimeFailure>(&columns)) {
+            failure = *failed;
+            break;
+        }
+        rows.push_back(std::get<ResultColumns>(std::move(columns)));
+    }
+    // A failed search leaves list, heading and saved results all as they were.
+    if (failure) {
+        Prompts::runtimeError(this, failure->number, failure->text);
+        return false;
+    }
+    m_model->setRows(std::move(rows));
+    setColumnWidths();
+    m_ui->Label1->setText(QStringLiteral("Ergebnis der Suche nach ") + word);
+    m_searchWord = word;
+    return true;
+}
+
+void ResultsWindow::setColumnWidths()
+{
+    const int listWidth = m_ui->ListView1->width();
+    QHeaderView *header = m_ui->ListView1->header();
+    for (int column = 0; column < ResultsModel::ColumnCount; ++column)
+        header->resizeSection(column, qRound(listWidth * columnFactors[static_cast<size_t>(column)]));
+    // Dates are never cut: the last column is at least as wide as its longest text.
+    const int date = ResultsModel::ColumnCount - 1;
+    const int share = header->sectionSize(date);
+    m_ui->ListView1->resizeColumnToContents(date);
+    header->resizeSection(date, std::max(share, header->sectionSize(date)));
+}
+
+void ResultsWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    // The list grows with the window and the buttons keep to its bottom; the columns stay.
+    m_ui->ListView1->resize(width() - twipsToPixels(400), height() - twipsToPixels(1500));
+    const int buttonsTop = height() - twipsToPixels(900);
+    for (QPushButton *button : {m_ui->Command1, m_ui->Command2, m_ui->Command3})
+        button->move(button->x(), buttonsTop);
+}
+
+void ResultsWindow::sortByColumn(int column)
+{
+    // One order for all columns, turned round by every click, the first one included.
+    m_descending = !m_descending;
+    m_sorted->sort(column, m_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ResultsWindow::itemClicked(const QModelIndex &index)
+{
+    m_selectedFile = m_model->row(m_sorted->mapToSource(index).row()).file;
+}
+
+void ResultsWindow::itemDoubleClicked()
+{
+    if (m_selectedFile.isEmpty())
+        return;
+    DriveTable drives(m_windows.settings());
+    const QString path = mediumPath(m_selectedFile, drives);
+    if (!path.isEmpty() && fileExists(path)) {
+        shellopen::open(this, QUrl::fromLocalFile(path));
+        return;
+    }
+    Prompts::message(this, QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + m_selectedFile +
+                               QStringLiteral(" vorhanden ist!"));
+}
+
+void ResultsWindow::Command1_Click()
+{
+    FileDialogs dialog(this);
+    dialog.Filter = QStringLiteral("Textdateien (*.txt)|*.txt");
+    dialog.ShowSave();
+    if (dialog.filename.isEmpty())
+        return;
+    // The file holds the hits in the order of the search, whatever order the list shows.
+    if (const auto failure = ResultsFile::save(dialog.filename, m_searchWord, m_windows.session().lastResults,
+                                               QDateTime::currentDateTime()))
+        Prompts::runtimeError(this, failure->number, failure->text);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDialog>
+
+class Program;
+class QLabel;
+
+// "Neue Version gefunden": the running version beside the one the server offers.
+class NewVersionDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit NewVersionDialog(Program &program);
+
+    // Shows the offered version.
+    void Version(const QString &text);
+
+private:
+    Program &m_program;
+    QLabel *m_label1;
+};

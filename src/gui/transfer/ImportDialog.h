@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDialog>
+
+class Program;
+class QRadioButton;
+
+// "ImportDialog": an old text database, or a backup of this version.
+class ImportDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit ImportDialog(Program &program);
+    void Command1_Click();
+
+private:
+    void importOld();
+    void restoreBackup();
+
+    Program &m_program;
+    QRadioButton *m_option1;
+};
