@@ -16,7 +16,7 @@
 
 namespace {
 
-QLabel *picture(const char *name, int size, QWidget *parent)
+QLabel *iconLabel(const char *name, int size, QWidget *parent)
 {
     auto *made = new QLabel(parent);
     made->setObjectName(QString::fromLatin1(name));
@@ -33,51 +33,61 @@ AboutDialog::AboutDialog(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("AboutDialog"));
     setWindowTitle(QStringLiteral("About"));
-    QLabel *label17 = dialogparts::label("Label17", QStringLiteral(">> About..."), this);
-    QFont heading = label17->font();
+    QLabel *titleLabel = dialogparts::label("titleLabel", QStringLiteral(">> About..."), this);
+    QFont heading = titleLabel->font();
     heading.setBold(true);
     heading.setPointSizeF(heading.pointSizeF() * 1.4);
-    label17->setFont(heading);
-    auto *line5 = new QFrame(this);
-    line5->setObjectName(QStringLiteral("Line5"));
-    line5->setFrameShape(QFrame::HLine);
+    titleLabel->setFont(heading);
+    auto *titleLine = new QFrame(this);
+    titleLine->setObjectName(QStringLiteral("titleLine"));
+    titleLine->setFrameShape(QFrame::HLine);
 
-    auto *picture1 = new QFrame(this);
-    picture1->setObjectName(QStringLiteral("Picture1"));
-    picture1->setFrameShape(QFrame::StyledPanel);
-    QLabel *label6 = dialogparts::label("Label6", QStringLiteral("Silberbuch 5.1"), picture1);
-    label6->setFont(heading);
+    auto *infoPanel = new QFrame(this);
+    infoPanel->setObjectName(QStringLiteral("infoPanel"));
+    infoPanel->setFrameShape(QFrame::StyledPanel);
+    QLabel *programNameLabel
+        = dialogparts::label("programNameLabel", QStringLiteral("Silberbuch 5.1"), infoPanel);
+    programNameLabel->setFont(heading);
     const QString site = service::vendorWebAddressText();
-    auto *command15 = new QPushButton(site, picture1);
-    command15->setObjectName(QStringLiteral("Command15"));
-    auto *inner = new QGridLayout(picture1);
-    inner->addWidget(picture("Image2", 32, picture1), 0, 0);
-    inner->addWidget(label6, 0, 1);
-    inner->addWidget(dialogparts::label("Label1", QStringLiteral("Diese Software wurde entwickelt von:"), picture1), 1, 0, 1, 2);
-    inner->addWidget(dialogparts::label("Label2", QStringLiteral("Ravelin - Softwareentwicklung , Webdesign"), picture1), 2, 0, 1, 2);
-    inner->addWidget(dialogparts::label("Label37",
-                         QStringLiteral("Besuchen Sie Ravelin im Internet auf ") + site
-                             + QStringLiteral(", hier gibt es immer die aktuelle Version dieses Programmes, sowie "
-                                              "andere Programme und Spiele:"),
-                         picture1),
-        3, 0, 1, 2);
-    inner->addWidget(command15, 4, 0, 1, 2);
+    auto *siteButton = new QPushButton(site, infoPanel);
+    siteButton->setObjectName(QStringLiteral("siteButton"));
+    auto *inner = new QGridLayout(infoPanel);
+    inner->addWidget(iconLabel("panelIcon", 32, infoPanel), 0, 0);
+    inner->addWidget(programNameLabel, 0, 1);
+    inner->addWidget(dialogparts::label("developerIntroLabel",
+                         QStringLiteral("Diese Software wurde entwickelt von:"), infoPanel),
+        1, 0, 1, 2);
+    inner->addWidget(dialogparts::label("developerLabel",
+                         QStringLiteral("Ravelin - Softwareentwicklung , Webdesign"), infoPanel),
+        2, 0, 1, 2);
     inner->addWidget(
-        dialogparts::label("Label9", QStringLiteral("Speziellen Dank für die Mithilfe und Betatesting geht an:"), picture1), 5, 0, 1, 2);
-    inner->addWidget(dialogparts::label("Label10", QStringLiteral("Alle, die die Version 5.1 unter Linux erprobt haben."), picture1),
+        dialogparts::label("visitLabel",
+            QStringLiteral("Besuchen Sie Ravelin im Internet auf ") + site
+                + QStringLiteral(", hier gibt es immer die aktuelle Version dieses Programmes, sowie "
+                                 "andere Programme und Spiele:"),
+            infoPanel),
+        3, 0, 1, 2);
+    inner->addWidget(siteButton, 4, 0, 1, 2);
+    inner->addWidget(
+        dialogparts::label("thanksIntroLabel",
+            QStringLiteral("Speziellen Dank für die Mithilfe und Betatesting geht an:"), infoPanel),
+        5, 0, 1, 2);
+    inner->addWidget(dialogparts::label("thanksLabel",
+                         QStringLiteral("Alle, die die Version 5.1 unter Linux erprobt haben."), infoPanel),
         6, 0, 1, 2);
 
-    auto *command1 = new QPushButton(QStringLiteral("Zurück"), this);
-    command1->setObjectName(QStringLiteral("Command1"));
+    auto *backButton = new QPushButton(QStringLiteral("Zurück"), this);
+    backButton->setObjectName(QStringLiteral("backButton"));
     auto *top = new QHBoxLayout;
-    top->addWidget(picture("Image1", 48, this));
-    top->addWidget(label17, 1);
+    top->addWidget(iconLabel("titleIcon", 48, this));
+    top->addWidget(titleLabel, 1);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(top);
-    layout->addWidget(line5);
-    layout->addWidget(picture1);
-    layout->addWidget(command1, 0, Qt::AlignRight);
+    layout->addWidget(titleLine);
+    layout->addWidget(infoPanel);
+    layout->addWidget(backButton, 0, Qt::AlignRight);
     setMinimumWidth(440);
-    connect(command15, &QPushButton::clicked, this, [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
-    connect(command1, &QPushButton::clicked, this, &QDialog::close);
+    connect(siteButton, &QPushButton::clicked, this,
+        [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
+    connect(backButton, &QPushButton::clicked, this, &QDialog::close);
 }

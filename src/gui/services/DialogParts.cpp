@@ -15,19 +15,19 @@ QLabel *label(const char *name, const QString &text, QWidget *parent)
     return made;
 }
 
-QPushButton *commandRow(QDialog *dialog, const QString &caption, QLayout **row)
+QPushButton *buttonRow(QDialog *dialog, const QString &caption, QLayout **row)
 {
-    auto *command1 = new QPushButton(caption, dialog);
-    command1->setObjectName(QStringLiteral("Command1"));
-    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), dialog);
-    command2->setObjectName(QStringLiteral("Command2"));
-    QObject::connect(command2, &QPushButton::clicked, dialog, &QDialog::close);
+    auto *confirmButton = new QPushButton(caption, dialog);
+    confirmButton->setObjectName(QStringLiteral("confirmButton"));
+    auto *cancelButton = new QPushButton(QStringLiteral("Abbrechen"), dialog);
+    cancelButton->setObjectName(QStringLiteral("cancelButton"));
+    QObject::connect(cancelButton, &QPushButton::clicked, dialog, &QDialog::close);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(command1);
-    buttons->addWidget(command2);
+    buttons->addWidget(confirmButton);
+    buttons->addWidget(cancelButton);
     *row = buttons;
-    return command1;
+    return confirmButton;
 }
 
 } // namespace dialogparts

@@ -14,9 +14,9 @@ public:
     explicit NewVersionDialog(Program &program);
 
     // Shows the offered version.
-    void Version(const QString &text);
+    void showOfferedVersion(const QString &text);
 
 private:
     Program &m_program;
-    QLabel *m_label1;
+    QLabel *m_offeredVersionLabel;
 };

@@ -32,86 +32,90 @@ OptionsDialog::OptionsDialog(Program &program)
     setObjectName(QStringLiteral("OptionsDialog"));
     setWindowTitle(QStringLiteral("Allgemeine Optionen"));
 
-    auto *label2 = new QLabel(QStringLiteral("> Allgemeine Optionen des Silberbuchs"), this);
-    label2->setObjectName(QStringLiteral("Label2"));
-    QFont heading = label2->font();
+    auto *headingLabel = new QLabel(QStringLiteral("> Allgemeine Optionen des Silberbuchs"), this);
+    headingLabel->setObjectName(QStringLiteral("headingLabel"));
+    QFont heading = headingLabel->font();
     heading.setBold(true);
-    label2->setFont(heading);
-    m_check1 = new QCheckBox(QStringLiteral("Silberbuch bei jedem Start des Systems mitladen und minimieren"), this);
-    m_check1->setObjectName(QStringLiteral("Check1"));
-    m_check3 = new QCheckBox(QStringLiteral("Bei jedem Start des Silberbuchs das Archiv auswählen lassen"), this);
-    m_check3->setObjectName(QStringLiteral("Check3"));
+    headingLabel->setFont(heading);
+    m_autostartCheck = new QCheckBox(
+        QStringLiteral("Silberbuch bei jedem Start des Systems mitladen und minimieren"), this);
+    m_autostartCheck->setObjectName(QStringLiteral("autostartCheck"));
+    m_chooseArchiveCheck
+        = new QCheckBox(QStringLiteral("Bei jedem Start des Silberbuchs das Archiv auswählen lassen"), this);
+    m_chooseArchiveCheck->setObjectName(QStringLiteral("chooseArchiveCheck"));
 
-    auto *frame1 = new QGroupBox(QStringLiteral("Datenbank Pfad:"), this);
-    frame1->setObjectName(QStringLiteral("Frame1"));
-    m_option1 = new QRadioButton(QStringLiteral("Standard-Pfad Verwenden (SLB-Verzeichniss)"), frame1);
-    m_option1->setObjectName(QStringLiteral("Option1"));
-    m_option2 = new QRadioButton(QStringLiteral("Pfad wählen (z.B. für Netzwerke):"), frame1);
-    m_option2->setObjectName(QStringLiteral("Option2"));
-    m_text1 = new QLineEdit(frame1);
-    m_text1->setObjectName(QStringLiteral("Text1"));
-    m_command3 = new QPushButton(QStringLiteral("Browse"), frame1);
-    m_command3->setObjectName(QStringLiteral("Command3"));
-    auto *command10 = new QToolButton(frame1);
-    command10->setObjectName(QStringLiteral("Command10"));
-    command10->setIcon(style()->standardIcon(QStyle::SP_MessageBoxInformation));
-    command10->setToolTip(QStringLiteral("Info: Was ist ein Laufwerksabbild?"));
-    auto *frameLayout = new QGridLayout(frame1);
-    frameLayout->addWidget(m_option1, 0, 0, 1, 2);
-    frameLayout->addWidget(command10, 0, 2);
-    frameLayout->addWidget(m_option2, 1, 0, 1, 3);
-    frameLayout->addWidget(m_text1, 2, 0, 1, 2);
-    frameLayout->addWidget(m_command3, 2, 2);
+    auto *pathGroup = new QGroupBox(QStringLiteral("Datenbank Pfad:"), this);
+    pathGroup->setObjectName(QStringLiteral("pathGroup"));
+    m_standardPathOption
+        = new QRadioButton(QStringLiteral("Standard-Pfad Verwenden (SLB-Verzeichniss)"), pathGroup);
+    m_standardPathOption->setObjectName(QStringLiteral("standardPathOption"));
+    m_ownPathOption = new QRadioButton(QStringLiteral("Pfad wählen (z.B. für Netzwerke):"), pathGroup);
+    m_ownPathOption->setObjectName(QStringLiteral("ownPathOption"));
+    m_pathEdit = new QLineEdit(pathGroup);
+    m_pathEdit->setObjectName(QStringLiteral("pathEdit"));
+    m_browseButton = new QPushButton(QStringLiteral("Browse"), pathGroup);
+    m_browseButton->setObjectName(QStringLiteral("browseButton"));
+    auto *pathInfoButton = new QToolButton(pathGroup);
+    pathInfoButton->setObjectName(QStringLiteral("pathInfoButton"));
+    pathInfoButton->setIcon(style()->standardIcon(QStyle::SP_MessageBoxInformation));
+    pathInfoButton->setToolTip(QStringLiteral("Info: Was ist ein Laufwerksabbild?"));
+    auto *pathGroupLayout = new QGridLayout(pathGroup);
+    pathGroupLayout->addWidget(m_standardPathOption, 0, 0, 1, 2);
+    pathGroupLayout->addWidget(pathInfoButton, 0, 2);
+    pathGroupLayout->addWidget(m_ownPathOption, 1, 0, 1, 3);
+    pathGroupLayout->addWidget(m_pathEdit, 2, 0, 1, 2);
+    pathGroupLayout->addWidget(m_browseButton, 2, 2);
 
     QLayout *buttons = nullptr;
-    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Einstellungen speichern"), &buttons);
+    QPushButton *confirmButton
+        = dialogparts::buttonRow(this, QStringLiteral("Einstellungen speichern"), &buttons);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label2);
-    layout->addWidget(m_check1);
-    layout->addWidget(m_check3);
-    layout->addWidget(frame1);
+    layout->addWidget(headingLabel);
+    layout->addWidget(m_autostartCheck);
+    layout->addWidget(m_chooseArchiveCheck);
+    layout->addWidget(pathGroup);
     layout->addLayout(buttons);
 
-    connect(m_option1, &QRadioButton::clicked, this, [this] {
-        m_text1->setEnabled(false);
-        m_command3->setEnabled(false);
+    connect(m_standardPathOption, &QRadioButton::clicked, this, [this] {
+        m_pathEdit->setEnabled(false);
+        m_browseButton->setEnabled(false);
     });
-    connect(m_option2, &QRadioButton::clicked, this, [this] {
-        m_text1->setEnabled(true);
-        m_command3->setEnabled(true);
+    connect(m_ownPathOption, &QRadioButton::clicked, this, [this] {
+        m_pathEdit->setEnabled(true);
+        m_browseButton->setEnabled(true);
     });
-    connect(m_command3, &QPushButton::clicked, this, [this] {
+    connect(m_browseButton, &QPushButton::clicked, this, [this] {
         Prompts::FileRequest request;
         request.mode = Prompts::FileRequest::Mode::Folder;
-        request.directory = m_text1->text();
+        request.directory = m_pathEdit->text();
         // A cancelled choice gives an empty text, and that is what the field then shows.
-        m_text1->setText(Prompts::file(this, request).value_or(Prompts::FileAnswer {}).path);
+        m_pathEdit->setText(Prompts::file(this, request).value_or(Prompts::FileAnswer {}).path);
     });
-    connect(command10, &QToolButton::clicked, this, [this] {
+    connect(pathInfoButton, &QToolButton::clicked, this, [this] {
         Prompts::message(
             this, options::pathInformation(), Prompts::Icon::Information, options::pathInformationTitle());
     });
-    connect(command1, &QPushButton::clicked, this, &OptionsDialog::Command1_Click);
+    connect(confirmButton, &QPushButton::clicked, this, &OptionsDialog::saveSettings);
     showLoaded();
 }
 
 void OptionsDialog::showLoaded()
 {
     const options::Values values = options::load(m_program.settings(), programFolder());
-    m_check1->setChecked(values.autostart);
-    m_check3->setChecked(values.chooseArchive);
-    m_option1->setChecked(values.standardPath);
-    m_option2->setChecked(!values.standardPath);
-    m_text1->setText(values.path);
-    m_text1->setEnabled(!values.standardPath);
-    m_command3->setEnabled(!values.standardPath);
+    m_autostartCheck->setChecked(values.autostart);
+    m_chooseArchiveCheck->setChecked(values.chooseArchive);
+    m_standardPathOption->setChecked(values.standardPath);
+    m_ownPathOption->setChecked(!values.standardPath);
+    m_pathEdit->setText(values.path);
+    m_pathEdit->setEnabled(!values.standardPath);
+    m_browseButton->setEnabled(!values.standardPath);
 }
 
-void OptionsDialog::Command1_Click()
+void OptionsDialog::saveSettings()
 {
     // The path is stored as typed: no separator is rewritten, nothing is checked.
-    const options::Values values { m_check1->isChecked(), m_check3->isChecked(), m_option1->isChecked(),
-        m_text1->text() };
+    const options::Values values { m_autostartCheck->isChecked(), m_chooseArchiveCheck->isChecked(),
+        m_standardPathOption->isChecked(), m_pathEdit->text() };
     Settings &settings = m_program.settings();
     const bool restart = options::needsRestart(settings, values, programFolder());
     if (!options::save(settings, values, QCoreApplication::applicationFilePath())) {

@@ -16,16 +16,16 @@ class OptionsDialog : public QDialog
 public:
     explicit OptionsDialog(Program &program);
 
-    void Command1_Click();
+    void saveSettings();
 
 private:
     void showLoaded();
 
     Program &m_program;
-    QCheckBox *m_check1;
-    QCheckBox *m_check3;
-    QRadioButton *m_option1;
-    QRadioButton *m_option2;
-    QLineEdit *m_text1;
-    QPushButton *m_command3;
+    QCheckBox *m_autostartCheck;
+    QCheckBox *m_chooseArchiveCheck;
+    QRadioButton *m_standardPathOption;
+    QRadioButton *m_ownPathOption;
+    QLineEdit *m_pathEdit;
+    QPushButton *m_browseButton;
 };

@@ -24,30 +24,32 @@ UpdateCheckDialog::UpdateCheckDialog(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("UpdateCheckDialog"));
     setWindowTitle(QStringLiteral("Nach Updates suchen"));
-    QLabel *label1 = dialogparts::label("Label1",
-        QStringLiteral("Klicken Sie auf die Schaltfläche \"Nach Updates suchen\" um auf dem Server von Ravelin "
-                       "mögliche Aktualisierungen für dieses Programm zu finden. (Hierzu müssen Sie mit dem "
-                       "Internet verbunden sein.)"),
+    QLabel *introLabel = dialogparts::label("introLabel",
+        QStringLiteral(
+            "Klicken Sie auf die Schaltfläche \"Nach Updates suchen\" um auf dem Server von Ravelin "
+            "mögliche Aktualisierungen für dieses Programm zu finden. (Hierzu müssen Sie mit dem "
+            "Internet verbunden sein.)"),
         this);
     // The query's work field: the user has no business with it.
-    m_text1 = new QLineEdit(this);
-    m_text1->setObjectName(QStringLiteral("Text1"));
-    m_text1->setVisible(false);
+    m_queryEdit = new QLineEdit(this);
+    m_queryEdit->setObjectName(QStringLiteral("queryEdit"));
+    m_queryEdit->setVisible(false);
     QLayout *buttons = nullptr;
-    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Nach Updates suchen"), &buttons);
+    QPushButton *confirmButton
+        = dialogparts::buttonRow(this, QStringLiteral("Nach Updates suchen"), &buttons);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label1);
-    layout->addWidget(m_text1);
+    layout->addWidget(introLabel);
+    layout->addWidget(m_queryEdit);
     layout->addLayout(buttons);
     setMinimumWidth(460);
-    connect(command1, &QPushButton::clicked, this, &UpdateCheckDialog::Command1_Click);
+    connect(confirmButton, &QPushButton::clicked, this, &UpdateCheckDialog::checkForUpdate);
 }
 
-void UpdateCheckDialog::Command1_Click()
+void UpdateCheckDialog::checkForUpdate()
 {
     const QString start = m_program.settings().value(SettingKey::Start, QStringLiteral("3"));
     const QString user = service::userName();
-    m_text1->setText(start + QLatin1Char('|') + user);
+    m_queryEdit->setText(start + QLatin1Char('|') + user);
     // The hourglass on the dialog; the request itself keeps the events going.
     setCursor(Qt::WaitCursor);
     const QByteArray reply = service::httpGetOnce(service::updateAddress(service::baseAddress(), start, user));
@@ -58,6 +60,7 @@ void UpdateCheckDialog::Command1_Click()
         return;
     }
     if (NewVersionDialog *found = m_program.show<NewVersionDialog>())
-        found->Version(cp1252::toQString(std::string_view(reply.constData(), static_cast<size_t>(reply.size()))));
+        found->showOfferedVersion(
+            cp1252::toQString(std::string_view(reply.constData(), static_cast<size_t>(reply.size()))));
     unsetCursor();
 }

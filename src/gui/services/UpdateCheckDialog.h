@@ -13,9 +13,9 @@ class UpdateCheckDialog : public QDialog
 public:
     explicit UpdateCheckDialog(Program &program);
 
-    void Command1_Click();
+    void checkForUpdate();
 
 private:
     Program &m_program;
-    QLineEdit *m_text1;
+    QLineEdit *m_queryEdit;
 };

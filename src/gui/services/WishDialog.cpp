@@ -23,37 +23,39 @@ WishDialog::WishDialog(Program &program)
     m_program.adopt(this);
     setObjectName(QStringLiteral("WishDialog"));
     setWindowTitle(QStringLiteral("Wunschfunktion"));
-    QLabel *label1 = dialogparts::label("Label1",
-        QStringLiteral("Hier haben Sie die Möglichkeit Ihre Wünsche bezüglich neuer Funktionen, Designänderungen, "
-                       "Verbesserungen, etc direkt an Ravelin zu senden. "),
+    QLabel *introLabel = dialogparts::label("introLabel",
+        QStringLiteral(
+            "Hier haben Sie die Möglichkeit Ihre Wünsche bezüglich neuer Funktionen, Designänderungen, "
+            "Verbesserungen, etc direkt an Ravelin zu senden. "),
         this);
-    m_text1 = new QPlainTextEdit(this);
-    m_text1->setObjectName(QStringLiteral("Text1"));
-    auto *label2 = new QLabel(QStringLiteral("Optional: Ihre E-Mail Adresse für eventuelle Rückfragen:"), this);
-    label2->setObjectName(QStringLiteral("Label2"));
-    m_text2 = new QLineEdit(this);
-    m_text2->setObjectName(QStringLiteral("Text2"));
+    m_wishEdit = new QPlainTextEdit(this);
+    m_wishEdit->setObjectName(QStringLiteral("wishEdit"));
+    auto *emailLabel
+        = new QLabel(QStringLiteral("Optional: Ihre E-Mail Adresse für eventuelle Rückfragen:"), this);
+    emailLabel->setObjectName(QStringLiteral("emailLabel"));
+    m_emailEdit = new QLineEdit(this);
+    m_emailEdit->setObjectName(QStringLiteral("emailEdit"));
     QLayout *buttons = nullptr;
-    QPushButton *command1 = dialogparts::commandRow(this, QStringLiteral("Wünsche senden"), &buttons);
+    QPushButton *confirmButton = dialogparts::buttonRow(this, QStringLiteral("Wünsche senden"), &buttons);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label1);
-    layout->addWidget(m_text1);
-    layout->addWidget(label2);
-    layout->addWidget(m_text2);
+    layout->addWidget(introLabel);
+    layout->addWidget(m_wishEdit);
+    layout->addWidget(emailLabel);
+    layout->addWidget(m_emailEdit);
     layout->addLayout(buttons);
     resize(460, 340);
-    connect(command1, &QPushButton::clicked, this, &WishDialog::Command1_Click);
+    connect(confirmButton, &QPushButton::clicked, this, &WishDialog::sendWish);
 }
 
-void WishDialog::Command1_Click()
+void WishDialog::sendWish()
 {
     // The text box of the wish ends its lines in CR LF, as the server expects them.
-    QString wish = m_text1->toPlainText();
+    QString wish = m_wishEdit->toPlainText();
     wish.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
     const QString start = m_program.settings().value(SettingKey::Start, QStringLiteral("3"));
     setCursor(Qt::WaitCursor);
     const QByteArray reply = service::httpGetOnce(
-        service::wishAddress(service::baseAddress(), start, m_text2->text(), wish, service::userName()));
+        service::wishAddress(service::baseAddress(), start, m_emailEdit->text(), wish, service::userName()));
     if (service::isThanks(reply))
         Prompts::message(this,
             QStringLiteral("Vielen Dank für Ihren Vorschlag!\r\nIch werde versuchen ihn in der nächsten Version "

@@ -14,10 +14,10 @@ class WishDialog : public QDialog
 public:
     explicit WishDialog(Program &program);
 
-    void Command1_Click();
+    void sendWish();
 
 private:
     Program &m_program;
-    QPlainTextEdit *m_text1;
-    QLineEdit *m_text2;
+    QPlainTextEdit *m_wishEdit;
+    QLineEdit *m_emailEdit;
 };

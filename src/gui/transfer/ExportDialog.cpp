@@ -25,15 +25,15 @@ ExportDialog::ExportDialog(Program &program)
     setObjectName(QStringLiteral("ExportDialog"));
     setWindowTitle(QStringLiteral("ExportDialog"));
     QPushButton *next = nullptr;
-    m_option1 = buildChoice(this, QStringLiteral("> Exportieren von Silberbuch - Daten"),
+    m_firstChoice = buildChoice(this, QStringLiteral("> Exportieren von Silberbuch - Daten"),
         QStringLiteral("Ein Sicherheits-Backup des aktuellen Archives erstellen"),
         QStringLiteral("Das aktuelle Archiv in HTML exportieren"), &next);
-    connect(next, &QPushButton::clicked, this, &ExportDialog::Command1_Click);
+    connect(next, &QPushButton::clicked, this, &ExportDialog::carryOutChoice);
 }
 
-void ExportDialog::Command1_Click()
+void ExportDialog::carryOutChoice()
 {
-    if (m_option1->isChecked())
+    if (m_firstChoice->isChecked())
         makeBackup();
     else
         exportHtml();

@@ -12,12 +12,12 @@ class ExportDialog : public QDialog
 
 public:
     explicit ExportDialog(Program &program);
-    void Command1_Click();
+    void carryOutChoice();
 
 private:
     void makeBackup();
     void exportHtml();
 
     Program &m_program;
-    QRadioButton *m_option1;
+    QRadioButton *m_firstChoice;
 };

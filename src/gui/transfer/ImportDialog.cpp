@@ -26,16 +26,17 @@ ImportDialog::ImportDialog(Program &program)
     setObjectName(QStringLiteral("ImportDialog"));
     setWindowTitle(QStringLiteral("Importieren "));
     QPushButton *next = nullptr;
-    m_option1 = buildChoice(this, QStringLiteral("> Importieren von Silberbuch - Daten"),
+    m_firstChoice = buildChoice(this, QStringLiteral("> Importieren von Silberbuch - Daten"),
         QStringLiteral("Eine Datenbank aus einer älteren Version des Silberbuchs "),
         QStringLiteral("Eine Datenbank aus einem Sicherheitsbackup dieser Version"), &next);
-    findChild<QLabel *>(QStringLiteral("Label1"))->setText(QStringLiteral("Was möchten Sie importieren?"));
-    connect(next, &QPushButton::clicked, this, &ImportDialog::Command1_Click);
+    findChild<QLabel *>(QStringLiteral("questionLabel"))
+        ->setText(QStringLiteral("Was möchten Sie importieren?"));
+    connect(next, &QPushButton::clicked, this, &ImportDialog::carryOutChoice);
 }
 
-void ImportDialog::Command1_Click()
+void ImportDialog::carryOutChoice()
 {
-    if (m_option1->isChecked())
+    if (m_firstChoice->isChecked())
         importOld();
     else
         restoreBackup();

@@ -12,12 +12,12 @@ class ImportDialog : public QDialog
 
 public:
     explicit ImportDialog(Program &program);
-    void Command1_Click();
+    void carryOutChoice();
 
 private:
     void importOld();
     void restoreBackup();
 
     Program &m_program;
-    QRadioButton *m_option1;
+    QRadioButton *m_firstChoice;
 };

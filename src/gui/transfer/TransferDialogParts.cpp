@@ -12,32 +12,33 @@ namespace transferdialog {
 QRadioButton *buildChoice(QDialog *dialog, const QString &heading, const QString &first, const QString &second,
     QPushButton **next)
 {
-    auto *label2 = new QLabel(heading, dialog);
-    label2->setObjectName(QStringLiteral("Label2"));
-    QFont bold = label2->font();
+    auto *headingLabel = new QLabel(heading, dialog);
+    headingLabel->setObjectName(QStringLiteral("headingLabel"));
+    QFont bold = headingLabel->font();
     bold.setBold(true);
-    label2->setFont(bold);
-    auto *label1 = new QLabel(QStringLiteral("Was möchten Sie tun?"), dialog);
-    label1->setObjectName(QStringLiteral("Label1"));
-    auto *option1 = new QRadioButton(first, dialog);
-    option1->setObjectName(QStringLiteral("Option1"));
-    option1->setChecked(true);
-    auto *option2 = new QRadioButton(second, dialog);
-    option2->setObjectName(QStringLiteral("Option2"));
+    headingLabel->setFont(bold);
+    auto *questionLabel = new QLabel(QStringLiteral("Was möchten Sie tun?"), dialog);
+    questionLabel->setObjectName(QStringLiteral("questionLabel"));
+    auto *firstChoice = new QRadioButton(first, dialog);
+    firstChoice->setObjectName(QStringLiteral("firstChoice"));
+    firstChoice->setChecked(true);
+    auto *secondChoice = new QRadioButton(second, dialog);
+    secondChoice->setObjectName(QStringLiteral("secondChoice"));
     *next = new QPushButton(QStringLiteral("Weiter >>"), dialog);
-    (*next)->setObjectName(QStringLiteral("Command1"));
+    (*next)->setObjectName(QStringLiteral("nextButton"));
     auto *cancel = new QPushButton(QStringLiteral("<< Abbrechen"), dialog);
-    cancel->setObjectName(QStringLiteral("Command2"));
+    cancel->setObjectName(QStringLiteral("cancelButton"));
     QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::close);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(cancel);
     buttons->addStretch();
     buttons->addWidget(*next);
     auto *layout = new QVBoxLayout(dialog);
-    for (QWidget *widget : std::initializer_list<QWidget *> { label2, label1, option1, option2 })
+    for (QWidget *widget :
+        std::initializer_list<QWidget *> { headingLabel, questionLabel, firstChoice, secondChoice })
         layout->addWidget(widget);
     layout->addLayout(buttons);
-    return option1;
+    return firstChoice;
 }
 
 } // namespace transferdialog

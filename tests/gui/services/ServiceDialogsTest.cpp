@@ -60,7 +60,7 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         m_server.answer(body);
         UpdateCheckDialog *dialog = run.program().show<UpdateCheckDialog>();
         screenshot(dialog, u"UpdateCheckDialog"_s);
-        dialog->Command1_Click();
+        dialog->checkForUpdate();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
             "GET /members/Tolvan/updates.pl?value1=17|" + service::userName().toUtf8() + " HTTP/1.0");
@@ -71,10 +71,10 @@ TEST_F(ServiceDialogsTest, UpdateCheckShowsTheNewVersionOrSaysThereIsNone)
         ASSERT_EQ(std::pair(found != nullptr, run.form<UpdateCheckDialog>() != nullptr), std::pair(news, news));
         if (found) {
             screenshot(found, u"NewVersionDialog"_s);
-            EXPECT_EQ(
-                control<QLabel>(found, "Label1")->text() + u'|' + control<QLabel>(found, "Label3")->text(),
+            EXPECT_EQ(control<QLabel>(found, "offeredVersionLabel")->text() + u'|'
+                    + control<QLabel>(found, "runningVersionLabel")->text(),
                 QString::fromLatin1(shownVersion) + u"|5.1"_s);
-            control<QPushButton>(found, "Command1")->click();
+            control<QPushButton>(found, "downloadButton")->click();
             EXPECT_EQ(run.opened(), QList<QUrl> { QUrl(service::vendorWebAddress()) });
         }
     }
@@ -92,11 +92,11 @@ TEST_F(ServiceDialogsTest, NewVersionShowsTheReplyAsPlainText)
         SCOPED_TRACE(what);
         DesktopRun run;
         m_server.answer(body, 500);
-        run.program().show<UpdateCheckDialog>()->Command1_Click();
+        run.program().show<UpdateCheckDialog>()->checkForUpdate();
         run.settle();
         NewVersionDialog *found = run.form<NewVersionDialog>();
         ASSERT_NE(found, nullptr);
-        const QLabel *label = control<QLabel>(found, "Label1");
+        const QLabel *label = control<QLabel>(found, "offeredVersionLabel");
         const QImage shot = found->grab().toImage();
         EXPECT_EQ(std::tuple(label->text(), label->heightForWidth(label->width()), shot.isNull()),
             std::tuple(QString::fromLatin1(body), label->fontMetrics().height(), false));
@@ -115,10 +115,10 @@ TEST_F(ServiceDialogsTest, WishIsSentAsOneLineAndOnlyDankeThanks)
         DesktopRun run;
         m_server.answer(body);
         WishDialog *dialog = run.program().show<WishDialog>();
-        control<QPlainTextEdit>(dialog, "Text1")->setPlainText(u"Mehr Größe #2\nbitte"_s);
-        control<QLineEdit>(dialog, "Text2")->setText(u"a@b.de"_s);
+        control<QPlainTextEdit>(dialog, "wishEdit")->setPlainText(u"Mehr Größe #2\nbitte"_s);
+        control<QLineEdit>(dialog, "emailEdit")->setText(u"a@b.de"_s);
         screenshot(dialog, u"WishDialog"_s);
-        dialog->Command1_Click();
+        dialog->sendWish();
         run.settle();
         EXPECT_EQ(m_server.requestLine(),
             "GET /members/Tolvan/wunsch.pl?value1=3|a@b.de|Mehr%20Gr%F6%DFe%20%232%20bitte|"
@@ -148,17 +148,17 @@ TEST_F(ServiceDialogsTest, OptionsSaveStoresTheValuesAndOffersARestart)
         }
         shellopen::ShellRecorder shell;
         OptionsDialog *dialog = run.program().show<OptionsDialog>();
-        EXPECT_EQ(control<QLineEdit>(dialog, "Text1")->isEnabled(), storedPath != nullptr);
+        EXPECT_EQ(control<QLineEdit>(dialog, "pathEdit")->isEnabled(), storedPath != nullptr);
         if (chooseFolder) {
-            control<QRadioButton>(dialog, "Option2")->click();
-            control<QLineEdit>(dialog, "Text1")->setText(typedPath);
+            control<QRadioButton>(dialog, "ownPathOption")->click();
+            control<QLineEdit>(dialog, "pathEdit")->setText(typedPath);
         }
-        control<QCheckBox>(dialog, "Check1")->setChecked(autostart);
-        control<QCheckBox>(dialog, "Check3")->setChecked(true);
+        control<QCheckBox>(dialog, "autostartCheck")->setChecked(autostart);
+        control<QCheckBox>(dialog, "chooseArchiveCheck")->setChecked(true);
         screenshot(dialog, u"OptionsDialog"_s);
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
-        dialog->Command1_Click();
+        dialog->saveSettings();
         run.settle();
         QStringList expected { u"Einstellungen gespeichert!"_s };
         if (restartOffered)
@@ -188,7 +188,7 @@ TEST_F(ServiceDialogsTest, OptionsRestartStartsTheProgramAsTheUserDidWithItsWind
         shellopen::ShellRecorder shell;
         run.prompts().answerMessage(Prompts::Answer::Ok);
         run.prompts().answerMessage(Prompts::Answer::Yes);
-        run.program().show<OptionsDialog>()->Command1_Click();
+        run.program().show<OptionsDialog>()->saveSettings();
         run.settle();
         ASSERT_EQ(shell.started().size(), 1);
         started = shell.started().front();
@@ -239,17 +239,17 @@ TEST_F(ServiceDialogsTest, OptionsLoadShowsTheResetValuesAfterAValueThatCannotBe
                 settings.value(SettingKey::pfad), settings.value(SettingKey::path) };
         };
         const QStringList reset { u"0"_s, u"0"_s, u"True"_s, u"/daten"_s };
-        const QStringList shown { control<QCheckBox>(dialog, "Check1")->isChecked() ? u"1"_s : u"0"_s,
-            control<QCheckBox>(dialog, "Check3")->isChecked() ? u"1"_s : u"0"_s,
-            control<QRadioButton>(dialog, "Option1")->isChecked() ? u"True"_s : u"False"_s,
-            control<QLineEdit>(dialog, "Text1")->text() };
+        const QStringList shown { control<QCheckBox>(dialog, "autostartCheck")->isChecked() ? u"1"_s : u"0"_s,
+            control<QCheckBox>(dialog, "chooseArchiveCheck")->isChecked() ? u"1"_s : u"0"_s,
+            control<QRadioButton>(dialog, "standardPathOption")->isChecked() ? u"True"_s : u"False"_s,
+            control<QLineEdit>(dialog, "pathEdit")->text() };
         EXPECT_EQ(std::pair(shown, stored()), std::pair(reset, reset));
-        control<QAbstractButton>(dialog, "Command10")->click();
+        control<QAbstractButton>(dialog, "pathInfoButton")->click();
         EXPECT_EQ(run.prompts().shown().back().title, u"Infos: Datenbank-Pfad ändern"_s);
         // Saved as shown: the same values, and no restart, since nothing changed.
         run.prompts().clear();
         run.prompts().answerMessage(Prompts::Answer::Ok);
-        dialog->Command1_Click();
+        dialog->saveSettings();
         run.settle();
         EXPECT_EQ(std::pair(run.prompts().messages(), stored()),
             std::pair(QStringList { u"Einstellungen gespeichert!"_s }, reset));
@@ -261,11 +261,11 @@ TEST_F(ServiceDialogsTest, AboutLeadsToTheMakersSite)
     DesktopRun run;
     AboutDialog *about = run.program().show<AboutDialog>();
     screenshot(about, u"AboutDialog"_s);
-    EXPECT_EQ(control<QLabel>(about, "Label6")->text(), u"Silberbuch 5.1"_s);
-    QPushButton *site = control<QPushButton>(about, "Command15");
+    EXPECT_EQ(control<QLabel>(about, "programNameLabel")->text(), u"Silberbuch 5.1"_s);
+    QPushButton *site = control<QPushButton>(about, "siteButton");
     EXPECT_EQ(site->text(), service::vendorWebAddressText());
     site->click();
-    control<QPushButton>(about, "Command1")->click();
+    control<QPushButton>(about, "backButton")->click();
     run.settle();
     EXPECT_EQ(std::tuple(run.opened(), run.form<AboutDialog>()),
         std::tuple(QList<QUrl> { QUrl(service::vendorWebAddress()) }, nullptr));

@@ -22,7 +22,7 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     // Clicks the dialog's start button with `file` answered in the file dialog.
     const auto go = [&run](auto *dialog, const QString &file) {
         run.prompts().answerFile(Prompts::FileAnswer { file, 0 });
-        dialog->Command1_Click();
+        dialog->carryOutChoice();
         run.settle();
     };
 
@@ -34,7 +34,7 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
     EXPECT_TRUE(QFileInfo::exists(out.filePath(u"musik.bup"_s)));
 
     exporter = run.program().show<ExportDialog>();
-    exporter->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
+    exporter->findChild<QRadioButton *>(u"secondChoice"_s)->setChecked(true);
     go(exporter, out.filePath(u"musik.html"_s));
     EXPECT_EQ(run.opened().last(), QUrl::fromLocalFile(out.filePath(u"musik.html"_s)));
     EXPECT_NE(run.form<ExportDialog>(), nullptr); // the HTML way leaves the dialog open
@@ -43,7 +43,7 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
 
     ImportDialog *importer = run.program().show<ImportDialog>();
     screenshot(importer, u"ImportDialog"_s);
-    importer->findChild<QRadioButton *>(u"Option2"_s)->setChecked(true);
+    importer->findChild<QRadioButton *>(u"secondChoice"_s)->setChecked(true);
     run.prompts().answerMessage(Prompts::Answer::Yes);
     go(importer, out.filePath(u"musik.bup"_s));
     EXPECT_TRUE(run.prompts().messages().contains(
