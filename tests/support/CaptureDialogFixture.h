@@ -52,9 +52,9 @@ protected:
     // Chooses the drive in the dialog and clicks "Abbild erstellen".
     static bool start(const Drive &drive, CaptureDialog *dialog)
     {
-        if (!dialog || !control<DriveListBox>(dialog, "Drive1")->selectDrive(drive.letter))
+        if (!dialog || !control<DriveListBox>(dialog, "driveCombo")->selectDrive(drive.letter))
             return false;
-        control<QPushButton>(dialog, "aufnahhme")->click();
+        control<QPushButton>(dialog, "captureButton")->click();
         return true;
     }
 

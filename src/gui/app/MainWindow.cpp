@@ -101,8 +101,8 @@ MainWindow::MainWindow(Program &program)
             List2_Click();
     });
     m_ui->List2->viewport()->installEventFilter(this);
-    connect(m_ui->Command5, &QPushButton::clicked, m_browser, &ImageBrowser::Command5_Click);
-    connect(m_ui->Command6, &QPushButton::clicked, m_browser, &ImageBrowser::Command6_Click);
+    connect(m_ui->Command5, &QPushButton::clicked, m_browser, &ImageBrowser::expandAllFolders);
+    connect(m_ui->Command6, &QPushButton::clicked, m_browser, &ImageBrowser::collapseAllFolders);
     connect(m_ui->Command7, &QPushButton::clicked, this, [this] { m_program.open(QStringLiteral("PrintDialog")); });
 
     // The bar's clamps are the layout's own: the list's frame would otherwise hold it at the

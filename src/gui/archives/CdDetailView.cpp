@@ -72,8 +72,8 @@ bool CdDetailView::imagePresent()
 
 void CdDetailView::showImage()
 {
-    m_browser.load_image(imagePath(), m_ui.Text2->text());
-    m_browser.show_folder(cp1252::fromQString(m_browser.firstNodeText() + QLatin1Char(':')));
+    m_browser.loadImage(imagePath(), m_ui.Text2->text());
+    m_browser.showFolder(cp1252::fromQString(m_browser.firstNodeText() + QLatin1Char(':')));
     m_browser.expandFirstNode();
 }
 

@@ -36,31 +36,31 @@ CaptureDialog::CaptureDialog(Session &session, Settings &settings, MainWindowLin
 {
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    m_ui->Check1Caption->installEventFilter(this);
+    m_ui->skipEmptyFoldersCaption->installEventFilter(this);
 
     // A stored drive that is gone leaves the list at its own default, without a word.
     DriveTable table(m_settings);
-    m_ui->Drive1->reload(table);
-    if (!m_ui->Drive1->selectDrive(m_settings.value(SettingKey::DefDrive, QStringLiteral("C:"))))
-        m_ui->Drive1->selectDrive(QStringLiteral("c:"));
+    m_ui->driveCombo->reload(table);
+    if (!m_ui->driveCombo->selectDrive(m_settings.value(SettingKey::DefDrive, QStringLiteral("C:"))))
+        m_ui->driveCombo->selectDrive(QStringLiteral("c:"));
 
-    connect(m_ui->Option1, &QRadioButton::clicked, this, &CaptureDialog::optionClicked);
-    connect(m_ui->Option2, &QRadioButton::clicked, this, &CaptureDialog::optionClicked);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &CaptureDialog::showFilterHelp);
-    connect(m_ui->cmdAddFolder, &QPushButton::clicked, this, &CaptureDialog::addFolder);
-    connect(m_ui->aufnahhme, &QPushButton::clicked, this, &CaptureDialog::aufnahhme);
-    connect(m_ui->Command1, &QPushButton::clicked, this, &QWidget::close);
-    m_ui->Drive1->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_ui->Drive1, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
+    connect(m_ui->allFilesOption, &QRadioButton::clicked, this, &CaptureDialog::enableFilterEdit);
+    connect(m_ui->filterOption, &QRadioButton::clicked, this, &CaptureDialog::enableFilterEdit);
+    connect(m_ui->filterHelpButton, &QPushButton::clicked, this, &CaptureDialog::showFilterHelp);
+    connect(m_ui->addFolderButton, &QPushButton::clicked, this, &CaptureDialog::addFolder);
+    connect(m_ui->captureButton, &QPushButton::clicked, this, &CaptureDialog::captureNewImage);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QWidget::close);
+    m_ui->driveCombo->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_ui->driveCombo, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
         if (QMenu *menu = driveMenu())
-            menu->exec(m_ui->Drive1->mapToGlobal(at));
+            menu->exec(m_ui->driveCombo->mapToGlobal(at));
     });
 }
 
 QMenu *CaptureDialog::driveMenu()
 {
     DriveTable table(m_settings);
-    if (!table.isAddedFolder(m_ui->Drive1->letter()))
+    if (!table.isAddedFolder(m_ui->driveCombo->letter()))
         return nullptr;
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -71,12 +71,12 @@ QMenu *CaptureDialog::driveMenu()
 void CaptureDialog::removeDrive()
 {
     DriveTable table(m_settings);
-    const QString problem = table.removeFolder(m_ui->Drive1->letter());
+    const QString problem = table.removeFolder(m_ui->driveCombo->letter());
     if (!problem.isEmpty())
         Prompts::message(this, problem, Prompts::Icon::Critical);
-    m_ui->Drive1->reload(table);
-    if (m_ui->Drive1->currentIndex() < 0)
-        m_ui->Drive1->selectDrive(QStringLiteral("c:"));
+    m_ui->driveCombo->reload(table);
+    if (m_ui->driveCombo->currentIndex() < 0)
+        m_ui->driveCombo->selectDrive(QStringLiteral("c:"));
 }
 
 CaptureDialog::~CaptureDialog()
@@ -102,9 +102,9 @@ void CaptureDialog::closeEvent(QCloseEvent *event)
 bool CaptureDialog::eventFilter(QObject *watched, QEvent *event)
 {
     // The caption of the check box wraps, so it stands beside it as a label that ticks it.
-    if (watched == m_ui->Check1Caption && event->type() == QEvent::MouseButtonRelease
-        && m_ui->Check1->isEnabled()) {
-        m_ui->Check1->toggle();
+    if (watched == m_ui->skipEmptyFoldersCaption && event->type() == QEvent::MouseButtonRelease
+        && m_ui->skipEmptyFoldersCheck->isEnabled()) {
+        m_ui->skipEmptyFoldersCheck->toggle();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -112,16 +112,16 @@ bool CaptureDialog::eventFilter(QObject *watched, QEvent *event)
 
 void CaptureDialog::setControlsEnabled(bool enabled)
 {
-    // The dialog itself stays enabled: the wait window is its child and takes the cancel.
-    for (QWidget *control : { static_cast<QWidget *>(m_ui->Frame1), static_cast<QWidget *>(m_ui->Frame2),
-             static_cast<QWidget *>(m_ui->Frame3), static_cast<QWidget *>(m_ui->aufnahhme),
-             static_cast<QWidget *>(m_ui->Command1) })
+    // The dialog itself stays enabled: the progress window is its child and takes the cancel.
+    for (QWidget *control : { static_cast<QWidget *>(m_ui->filesGroup),
+             static_cast<QWidget *>(m_ui->driveGroup), static_cast<QWidget *>(m_ui->optionsGroup),
+             static_cast<QWidget *>(m_ui->captureButton), static_cast<QWidget *>(m_ui->cancelButton) })
         control->setEnabled(enabled);
 }
 
-void CaptureDialog::optionClicked()
+void CaptureDialog::enableFilterEdit()
 {
-    m_ui->Text1->setEnabled(m_ui->Option2->isChecked());
+    m_ui->filterEdit->setEnabled(m_ui->filterOption->isChecked());
 }
 
 void CaptureDialog::showFilterHelp()
@@ -150,39 +150,39 @@ void CaptureDialog::addFolder()
             Prompts::Icon::Critical);
         return;
     }
-    m_ui->Drive1->reload(table);
-    m_ui->Drive1->selectDrive(drive.letter);
+    m_ui->driveCombo->reload(table);
+    m_ui->driveCombo->selectDrive(drive.letter);
 }
 
-void CaptureDialog::aufnahhme()
+void CaptureDialog::captureNewImage()
 {
     if (m_thread)
         return;
-    m_settings.setValue(SettingKey::DefDrive, m_ui->Drive1->currentText());
+    m_settings.setValue(SettingKey::DefDrive, m_ui->driveCombo->currentText());
 
     DriveTable table(m_settings);
-    const std::optional<Drive> drive = table.find(m_ui->Drive1->letter());
-    const QString letter = drive ? drive->letter : m_ui->Drive1->currentText().left(2).toLower();
+    const std::optional<Drive> drive = table.find(m_ui->driveCombo->letter());
+    const QString letter = drive ? drive->letter : m_ui->driveCombo->currentText().left(2).toLower();
     const QString root = drive ? drive->mountPoint : QString();
     const int32_t id = drive ? table.getSerial(*drive) : 0;
-    const bool prune = m_ui->Check1->isChecked();
-    const QString filter = m_ui->Option2->isChecked() ? m_ui->Text1->text() : QStringLiteral("*.*");
+    const bool prune = m_ui->skipEmptyFoldersCheck->isChecked();
+    const QString filter = m_ui->filterOption->isChecked() ? m_ui->filterEdit->text() : QStringLiteral("*.*");
     const QString dataFolder = getDataFolder(m_session, m_settings);
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_wait = new ProgressWindow(this);
-    m_wait->setCancellable(true);
-    m_wait->setProgressText(progressLine(0, 0, letter));
-    m_wait->show();
-    m_wait->repaint();
+    m_progressWindow = new ProgressWindow(this);
+    m_progressWindow->setCancellable(true);
+    m_progressWindow->setProgressText(progressLine(0, 0, letter));
+    m_progressWindow->show();
+    m_progressWindow->repaint();
     setControlsEnabled(false);
 
     m_relay = new CaptureRelay(this);
-    connect(m_relay, &CaptureRelay::progressed, m_wait,
+    connect(m_relay, &CaptureRelay::progressed, m_progressWindow,
         [this](quint32 folders, quint32 files, const QString &folder) {
-            m_wait->setProgressText(progressLine(folders, files, folder));
+            m_progressWindow->setProgressText(progressLine(folders, files, folder));
         });
-    connect(m_wait, &ProgressWindow::cancelRequested, m_relay, &CaptureRelay::cancel);
+    connect(m_progressWindow, &ProgressWindow::cancelRequested, m_relay, &CaptureRelay::cancel);
 
     CaptureRelay *relay = m_relay;
     m_thread = QThread::create([this, relay, dataFolder, letter, root, id, filter, prune] {
@@ -200,8 +200,8 @@ void CaptureDialog::captureFinished()
     m_relay->deleteLater();
     m_relay = nullptr;
     QApplication::restoreOverrideCursor();
-    if (m_wait)
-        m_wait->close();
+    if (m_progressWindow)
+        m_progressWindow->close();
     setControlsEnabled(true);
 
     if (!m_result.ok()) {

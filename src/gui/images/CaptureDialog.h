@@ -50,10 +50,10 @@ protected:
 
 private:
     void setControlsEnabled(bool enabled);
-    void optionClicked();
+    void enableFilterEdit();
     void showFilterHelp();
     void addFolder();
-    void aufnahhme();
+    void captureNewImage();
     void captureFinished();
     void storeInSelectedCd(int32_t id);
 
@@ -64,6 +64,6 @@ private:
 
     QThread *m_thread = nullptr;
     CaptureRelay *m_relay = nullptr;
-    QPointer<ProgressWindow> m_wait;
+    QPointer<ProgressWindow> m_progressWindow;
     CaptureResult m_result;
 };

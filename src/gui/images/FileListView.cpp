@@ -6,23 +6,23 @@
 
 FileListView::FileListView(QWidget *parent)
     : QStackedWidget(parent)
-    , m_details(new QTreeView(this))
-    , m_icons(new QListView(this))
+    , m_detailsView(new QTreeView(this))
+    , m_iconsView(new QListView(this))
 {
-    m_details->setObjectName(QStringLiteral("LVDetails"));
-    m_details->setRootIsDecorated(false);
-    m_details->setUniformRowHeights(true);
-    m_details->setAllColumnsShowFocus(true);
-    m_details->setSortingEnabled(false);
-    m_details->header()->setSectionsClickable(true);
-    m_details->header()->setStretchLastSection(false);
-    m_icons->setObjectName(QStringLiteral("LVIcons"));
-    m_icons->setUniformItemSizes(true);
-    m_icons->setResizeMode(QListView::Adjust);
-    m_icons->setWrapping(true);
+    m_detailsView->setObjectName(QStringLiteral("detailsView"));
+    m_detailsView->setRootIsDecorated(false);
+    m_detailsView->setUniformRowHeights(true);
+    m_detailsView->setAllColumnsShowFocus(true);
+    m_detailsView->setSortingEnabled(false);
+    m_detailsView->header()->setSectionsClickable(true);
+    m_detailsView->header()->setStretchLastSection(false);
+    m_iconsView->setObjectName(QStringLiteral("iconsView"));
+    m_iconsView->setUniformItemSizes(true);
+    m_iconsView->setResizeMode(QListView::Adjust);
+    m_iconsView->setWrapping(true);
 
     for (QAbstractItemView *view :
-        { static_cast<QAbstractItemView *>(m_details), static_cast<QAbstractItemView *>(m_icons) }) {
+        { static_cast<QAbstractItemView *>(m_detailsView), static_cast<QAbstractItemView *>(m_iconsView) }) {
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
         view->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -32,33 +32,33 @@ FileListView::FileListView(QWidget *parent)
         });
         addWidget(view);
     }
-    connect(m_details->header(), &QHeaderView::sectionClicked, this, &FileListView::headerClicked);
+    connect(m_detailsView->header(), &QHeaderView::sectionClicked, this, &FileListView::headerClicked);
     setView(Details);
 }
 
 void FileListView::setModel(QAbstractItemModel *model)
 {
-    m_details->setModel(model);
-    m_icons->setModel(model);
+    m_detailsView->setModel(model);
+    m_iconsView->setModel(model);
     // One selection for all views, so a change of view keeps the current item.
-    m_selection = m_details->selectionModel();
-    m_icons->setSelectionModel(m_selection);
+    m_selection = m_detailsView->selectionModel();
+    m_iconsView->setSelectionModel(m_selection);
 }
 
 void FileListView::setView(View view)
 {
     m_view = view;
     if (view == Details) {
-        setCurrentWidget(m_details);
+        setCurrentWidget(m_detailsView);
         return;
     }
-    m_icons->setViewMode(view == LargeIcons ? QListView::IconMode : QListView::ListMode);
-    m_icons->setFlow(view == List ? QListView::TopToBottom : QListView::LeftToRight);
-    m_icons->setIconSize(view == LargeIcons ? QSize(32, 32) : QSize(16, 16));
-    m_icons->setGridSize(view == LargeIcons ? QSize(96, 64) : QSize());
-    m_icons->setWordWrap(view == LargeIcons);
-    m_icons->setWrapping(true);
-    setCurrentWidget(m_icons);
+    m_iconsView->setViewMode(view == LargeIcons ? QListView::IconMode : QListView::ListMode);
+    m_iconsView->setFlow(view == List ? QListView::TopToBottom : QListView::LeftToRight);
+    m_iconsView->setIconSize(view == LargeIcons ? QSize(32, 32) : QSize(16, 16));
+    m_iconsView->setGridSize(view == LargeIcons ? QSize(96, 64) : QSize());
+    m_iconsView->setWordWrap(view == LargeIcons);
+    m_iconsView->setWrapping(true);
+    setCurrentWidget(m_iconsView);
 }
 
 QModelIndex FileListView::currentIndex() const
@@ -70,12 +70,12 @@ QModelIndex FileListView::currentIndex() const
 
 void FileListView::setColumnWidths(int name, int size, int date)
 {
-    m_details->setColumnWidth(0, name);
-    m_details->setColumnWidth(1, size);
-    m_details->setColumnWidth(2, date);
+    m_detailsView->setColumnWidth(0, name);
+    m_detailsView->setColumnWidth(1, size);
+    m_detailsView->setColumnWidth(2, date);
 }
 
 int FileListView::columnWidth(int column) const
 {
-    return m_details->columnWidth(column);
+    return m_detailsView->columnWidth(column);
 }

@@ -27,7 +27,7 @@ public:
     void setColumnWidths(int name, int size, int date);
     int columnWidth(int column) const;
 
-    QTreeView *detailsView() const { return m_details; }
+    QTreeView *detailsView() const { return m_detailsView; }
 
 signals:
     void itemDoubleClicked(const QModelIndex &index);
@@ -35,8 +35,8 @@ signals:
     void headerClicked(int section);
 
 private:
-    QTreeView *m_details;
-    QListView *m_icons;
+    QTreeView *m_detailsView;
+    QListView *m_iconsView;
     QItemSelectionModel *m_selection = nullptr;
     View m_view = Details;
 };

@@ -29,7 +29,7 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     , m_listView(list)
     , m_noIcons(noIcons)
     , m_window(window)
-    , m_rrh(new QMenu(QStringLiteral("LV1"), window))
+    , m_fileListMenu(new QMenu(window))
     , m_tree(new ImageTreeModel(this))
     , m_files(new FolderListModel(this))
     , m_sorted(new QSortFilterProxyModel(this))
@@ -49,34 +49,36 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
     m_sorted->setDynamicSortFilter(true);
     m_listView->setModel(m_sorted);
-    connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::ColumnClick);
+    connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::sortByColumn);
     m_listView->installEventFilter(this);
-    connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::ItemDblClick);
+    connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::openSelectedFile);
     connect(m_listView, &FileListView::contextMenuRequested, this,
-        [this](const QPoint &position) { m_rrh->popup(position); });
+        [this](const QPoint &position) { m_fileListMenu->popup(position); });
 
-    m_rrh->setObjectName(QStringLiteral("rrh"));
-    QMenu *aaa = m_rrh->addMenu(QStringLiteral("Ansicht"));
-    aaa->setObjectName(QStringLiteral("aaa"));
+    m_fileListMenu->setObjectName(QStringLiteral("fileListMenu"));
+    QMenu *viewMenu = m_fileListMenu->addMenu(QStringLiteral("Ansicht"));
+    viewMenu->setObjectName(QStringLiteral("viewMenu"));
     const struct
     {
         const char *name;
         const char *caption;
         FileListView::View view;
-    } views[] = { { "mnug1", "Große Symbole", FileListView::LargeIcons },
-        { "mnug2", "Kleine Symbole", FileListView::SmallIcons }, { "mnug3", "Liste", FileListView::List },
-        { "mnug4", "Details", FileListView::Details } };
+    } views[] = { { "largeIconsAction", "Große Symbole", FileListView::LargeIcons },
+        { "smallIconsAction", "Kleine Symbole", FileListView::SmallIcons },
+        { "listAction", "Liste", FileListView::List },
+        { "detailsAction", "Details", FileListView::Details } };
     for (const auto &entry : views) {
-        QAction *action = aaa->addAction(
+        QAction *action = viewMenu->addAction(
             QString::fromUtf8(entry.caption), this, [this, view = entry.view] { setView(view); });
         action->setObjectName(QString::fromLatin1(entry.name));
     }
-    QMenu *dhdh = m_rrh->addMenu(QStringLiteral("Symbole"));
-    dhdh->setObjectName(QStringLiteral("dhdh"));
-    dhdh->addAction(QStringLiteral("Dateispezifische Symbole"), this, &ImageBrowser::mnug5_Click)
-        ->setObjectName(QStringLiteral("mnug5"));
-    dhdh->addAction(QStringLiteral("Keine Symbole (Standardsymbol)"), this, &ImageBrowser::mnug6_Click)
-        ->setObjectName(QStringLiteral("mnug6"));
+    QMenu *iconsMenu = m_fileListMenu->addMenu(QStringLiteral("Symbole"));
+    iconsMenu->setObjectName(QStringLiteral("iconsMenu"));
+    iconsMenu->addAction(QStringLiteral("Dateispezifische Symbole"), this, &ImageBrowser::showFileTypeIcons)
+        ->setObjectName(QStringLiteral("fileTypeIconsAction"));
+    iconsMenu
+        ->addAction(QStringLiteral("Keine Symbole (Standardsymbol)"), this, &ImageBrowser::showStandardIcons)
+        ->setObjectName(QStringLiteral("standardIconsAction"));
 }
 
 ImageBrowser::~ImageBrowser() = default;
@@ -86,7 +88,7 @@ std::shared_ptr<const ImageIndex> ImageBrowser::image(const QString &path)
     return m_cache.get(path);
 }
 
-void ImageBrowser::load_image(const QString &path, const QString &title)
+void ImageBrowser::loadImage(const QString &path, const QString &title)
 {
     clearImage();
     m_path = path;
@@ -95,7 +97,7 @@ void ImageBrowser::load_image(const QString &path, const QString &title)
         m_tree->setImage(*loaded, title);
 }
 
-void ImageBrowser::show_folder(const std::string &folder)
+void ImageBrowser::showFolder(const std::string &folder)
 {
     m_session.currentFolder = cp1252::toQString(folder);
     const std::shared_ptr<const ImageIndex> loaded = image(m_path);
@@ -136,13 +138,13 @@ void ImageBrowser::setView(int view)
     m_listView->setView(static_cast<FileListView::View>(view));
 }
 
-void ImageBrowser::mnug5_Click()
+void ImageBrowser::showFileTypeIcons()
 {
     m_noIcons->setChecked(false);
     showSelectedNodeAgain();
 }
 
-void ImageBrowser::mnug6_Click()
+void ImageBrowser::showStandardIcons()
 {
     m_noIcons->setChecked(true);
     showSelectedNodeAgain();
@@ -164,22 +166,22 @@ void ImageBrowser::showNode(const QModelIndex &node)
     if (!node.isValid())
         return;
     const QByteArray key = node.data(ImageTreeModel::KeyRole).toByteArray();
-    show_folder(std::string(key.constData(), static_cast<size_t>(key.size())));
+    showFolder(std::string(key.constData(), static_cast<size_t>(key.size())));
 }
 
-void ImageBrowser::Command5_Click()
+void ImageBrowser::expandAllFolders()
 {
     for (const QModelIndex &node : m_tree->allNodes())
         m_treeView->expand(node);
 }
 
-void ImageBrowser::Command6_Click()
+void ImageBrowser::collapseAllFolders()
 {
     for (const QModelIndex &node : m_tree->allNodes())
         m_treeView->collapse(node);
 }
 
-void ImageBrowser::ColumnClick(int section)
+void ImageBrowser::sortByColumn(int section)
 {
     m_descending = !m_descending;
     const Qt::SortOrder order = m_descending ? Qt::DescendingOrder : Qt::AscendingOrder;
@@ -189,7 +191,7 @@ void ImageBrowser::ColumnClick(int section)
     header->setSortIndicator(section, order);
 }
 
-void ImageBrowser::ItemDblClick()
+void ImageBrowser::openSelectedFile()
 {
     const QModelIndex item = m_listView->currentIndex();
     if (!item.isValid())

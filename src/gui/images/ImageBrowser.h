@@ -24,15 +24,15 @@ class QWidget;
 class Settings;
 struct Session;
 
-// The image tab of the main window: the folder tree TV and the file list LV over the drive
-// image of the CD on display, its popup menu rrh (view and pictures) and the opening of a
-// file from the list. The image is read once and kept until its file changes.
+// The image tab of the main window: the folder tree and the file list over the drive image
+// of the CD on display, the list's popup menu (view and pictures) and the opening of a file
+// from the list. The image is read once and kept until its file changes.
 class ImageBrowser : public QObject
 {
     Q_OBJECT
 
 public:
-    // The popup menu is made as a child of `window`, under the name "rrh".
+    // The popup menu is made as a child of `window`, under the name "fileListMenu".
     ImageBrowser(Session &session, Settings &settings, QTreeView *tree, FileListView *list,
         QCheckBox *noIcons, QWidget *window);
     ~ImageBrowser() override;
@@ -42,10 +42,10 @@ public:
 
     // Fills the tree from the image; a root shows `title` with its drive. An image that can't
     // be read leaves the tree empty.
-    void load_image(const QString &path, const QString &title);
+    void loadImage(const QString &path, const QString &title);
     // Lists the files of one folder of the loaded image; the folder is the image's text, as a
     // node's key or anything else (which lists nothing). Becomes the current folder.
-    void show_folder(const std::string &folder);
+    void showFolder(const std::string &folder);
     // The text of the first node, empty without one.
     QString firstNodeText() const;
     void expandFirstNode();
@@ -55,20 +55,20 @@ public:
 
     // The popup menu's entries: the four views, and file pictures on or off.
     void setView(int view);
-    void mnug5_Click();
-    void mnug6_Click();
+    void showFileTypeIcons();
+    void showStandardIcons();
     // The buttons under the tree: all nodes open, all closed.
-    void Command5_Click();
-    void Command6_Click();
+    void expandAllFolders();
+    void collapseAllFolders();
     // Sorts by the clicked column, the order turning at each click whatever the column.
-    void ColumnClick(int section);
+    void sortByColumn(int section);
     // Opens the file of the selected item, or asks for its medium.
-    void ItemDblClick();
+    void openSelectedFile();
     // The three columns share the list's width as the designer laid them out, at every load
     // and whenever the list's width changes.
     void fitColumns();
 
-    QMenu *popup() const { return m_rrh; }
+    QMenu *popup() const { return m_fileListMenu; }
     // The folders of the tree as loaded, and the tree's node that is selected, -1 for none.
     const FolderTree &folderTree() const;
     int selectedNode() const;
@@ -87,7 +87,7 @@ private:
     FileListView *m_listView;
     QCheckBox *m_noIcons;
     QPointer<QWidget> m_window;
-    QMenu *m_rrh;
+    QMenu *m_fileListMenu;
 
     ImageIndexCache m_cache;
     QString m_path;

@@ -14,7 +14,7 @@ class ProgressWindow : public QWidget
 public:
     explicit ProgressWindow(QWidget *parent = nullptr);
 
-    // The line of what is done (Label2).
+    // The line of what is done.
     void setText(const QString &text);
     // The line of progress below it, elided in the middle when it is too long.
     void setProgressText(const QString &text);
@@ -25,8 +25,8 @@ signals:
     void cancelRequested();
 
 private:
-    QLabel *m_label1;
-    QLabel *m_label2;
-    QLabel *m_progress;
-    QPushButton *m_cancel;
+    QLabel *m_headingLabel;
+    QLabel *m_textLabel;
+    QLabel *m_progressLabel;
+    QPushButton *m_cancelButton;
 };

@@ -25,11 +25,11 @@ std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
         device = printerchoice::pdfFileEntry();
     if (device == printerchoice::pdfFileEntry()) {
         FileDialogs dialog(parent);
-        dialog.Filter = QStringLiteral("PDF|*.pdf");
+        dialog.filter = QStringLiteral("PDF|*.pdf");
         // The file name field carries the filter's extension; what the dialog returns may not.
-        if (dialog.ShowSave().isEmpty())
+        if (dialog.askFileToSave().isEmpty())
             return nullptr;
-        return std::make_unique<PdfPrinter>(dialog.filename);
+        return std::make_unique<PdfPrinter>(dialog.fileName);
     }
     std::unique_ptr<SystemPrinter> printer = SystemPrinter::named(device);
     if (!printer)

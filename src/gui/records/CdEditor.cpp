@@ -271,11 +271,11 @@ void CdEditor::showImageInfo()
 void CdEditor::chooseCover()
 {
     FileDialogs dialog(this);
-    dialog.Filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif;*.png");
-    dialog.ShowOpen();
-    if (dialog.filename.isEmpty())
+    dialog.filter = QStringLiteral("Bilddateien|*.jpg;*.gif;*.bmp;*.tif;*.png");
+    dialog.askFileToOpen();
+    if (dialog.fileName.isEmpty())
         return;
-    const coverimage::Loaded loaded = coverimage::loadPicture(dialog.filename);
+    const coverimage::Loaded loaded = coverimage::loadPicture(dialog.fileName);
     if (!loaded.error.isEmpty()) {
         if (m_variant.badPictureIsRuntimeError)
             Prompts::runtimeError(this, 481, QStringLiteral("Ungültiges Bild"));
@@ -283,7 +283,7 @@ void CdEditor::chooseCover()
             Prompts::message(this, loaded.error);
         return;
     }
-    m_coverPath = dialog.filename;
+    m_coverPath = dialog.fileName;
     setStatus(m_ui->Label10, QStringLiteral("Vorhanden"), true);
     m_cover = coverimage::fitCover(loaded.picture, 300, 300);
     m_ui->Command4->setText(QStringLiteral("CD Cover Bild ändern"));

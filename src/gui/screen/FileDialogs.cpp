@@ -11,43 +11,43 @@ FileDialogs::FileDialogs(QWidget *owner)
 {
 }
 
-QString FileDialogs::ShowOpen(const QString &startFolder)
+QString FileDialogs::askFileToOpen(const QString &startFolder)
 {
-    return show(Kind::Open, startFolder) ? filename : QString();
+    return show(Kind::Open, startFolder) ? fileName : QString();
 }
 
-QString FileDialogs::ShowSave(const QString &startFolder)
+QString FileDialogs::askFileToSave(const QString &startFolder)
 {
-    const QString chosen = show(Kind::Save, startFolder) ? filename : QString();
+    const QString chosen = show(Kind::Save, startFolder) ? fileName : QString();
     const filedialogrules::SaveNames names
-        = filedialogrules::saveNames(chosen, Filter, FilterIndex, DefaultExt);
-    filename = names.fileName;
+        = filedialogrules::saveNames(chosen, filter, filterIndex, defaultExtension);
+    fileName = names.fileName;
     return names.result;
 }
 
 bool FileDialogs::show(Kind kind, const QString &startFolder)
 {
     if (!startFolder.isEmpty())
-        InitDir = startFolder;
-    if (InitDir.isEmpty())
-        InitDir = QDir::currentPath();
-    Filter = filedialogrules::convertFilter(Filter);
+        initialFolder = startFolder;
+    if (initialFolder.isEmpty())
+        initialFolder = QDir::currentPath();
+    filter = filedialogrules::convertFilter(filter);
 
     Prompts::FileRequest request;
     request.mode = kind == Kind::Save ? Prompts::FileRequest::Mode::Save : Prompts::FileRequest::Mode::Open;
-    request.title = DialogTitle;
-    request.directory = InitDir;
-    request.fileName = filename;
-    request.nameFilters = filedialogrules::nameFilters(Filter);
-    request.selectedFilter = FilterIndex - 1;
+    request.title = title;
+    request.directory = initialFolder;
+    request.fileName = fileName;
+    request.nameFilters = filedialogrules::nameFilters(filter);
+    request.selectedFilter = filterIndex - 1;
     QWidget *owner = m_owner ? m_owner : QApplication::activeWindow();
     const std::optional<Prompts::FileAnswer> answer = Prompts::file(owner, request);
     if (!answer) {
-        filename.clear();
+        fileName.clear();
         return false;
     }
-    filename = answer->path;
-    FileTitle = filedialogrules::fileTitle(filename);
-    FilterIndex = answer->filterIndex + 1;
+    fileName = answer->path;
+    fileTitle = filedialogrules::fileTitle(fileName);
+    filterIndex = answer->filterIndex + 1;
     return true;
 }

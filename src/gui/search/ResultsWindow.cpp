@@ -138,12 +138,12 @@ void ResultsWindow::itemDoubleClicked()
 void ResultsWindow::Command1_Click()
 {
     FileDialogs dialog(this);
-    dialog.Filter = QStringLiteral("Textdateien (*.txt)|*.txt");
-    dialog.ShowSave();
-    if (dialog.filename.isEmpty())
+    dialog.filter = QStringLiteral("Textdateien (*.txt)|*.txt");
+    dialog.askFileToSave();
+    if (dialog.fileName.isEmpty())
         return;
     // The file holds the hits in the order of the search, whatever order the list shows.
-    if (const auto failure = ResultsFile::save(dialog.filename, m_searchWord, m_windows.session().lastResults,
+    if (const auto failure = ResultsFile::save(dialog.fileName, m_searchWord, m_windows.session().lastResults,
                                                QDateTime::currentDateTime()))
         Prompts::runtimeError(this, failure->number, failure->text);
 }

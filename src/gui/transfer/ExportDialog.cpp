@@ -42,16 +42,16 @@ void ExportDialog::carryOutChoice()
 void ExportDialog::makeBackup()
 {
     FileDialogs dialog(this);
-    dialog.Filter = QStringLiteral("Backup|*.bup");
-    dialog.filename = m_program.session().archiveName + QStringLiteral(".bup");
+    dialog.filter = QStringLiteral("Backup|*.bup");
+    dialog.fileName = m_program.session().archiveName + QStringLiteral(".bup");
     QString target;
     while (true) {
         // The file name as the dialog's rule completes it ("daten" becomes "daten.bup"). A
         // cancel ends the backup, also at the second showing, where the old program went on
         // and wrote a file named ".bup" into the current folder.
-        if (dialog.ShowSave().isEmpty())
+        if (dialog.askFileToSave().isEmpty())
             return;
-        target = dialog.filename;
+        target = dialog.fileName;
         if (!QFileInfo::exists(target)
             || Prompts::message(this, QStringLiteral("Wollen Sie die vorhandene Datei überschreiben?"),
                    Prompts::Icon::None, QStringLiteral("Überschreiben?"), Prompts::Buttons::YesNo)
@@ -76,8 +76,8 @@ void ExportDialog::makeBackup()
 void ExportDialog::exportHtml()
 {
     FileDialogs dialog(this);
-    dialog.filename = m_program.session().archiveName + QStringLiteral(".html");
-    const QString path = dialog.ShowSave();
+    dialog.fileName = m_program.session().archiveName + QStringLiteral(".html");
+    const QString path = dialog.askFileToSave();
     if (path.isEmpty())
         return;
     const htmlexport::Result result = htmlexport::exportArchiveToHtml(m_program.session().archivePath, path);

@@ -45,8 +45,8 @@ void ImportDialog::carryOutChoice()
 void ImportDialog::importOld()
 {
     FileDialogs dialog(this);
-    dialog.Filter = QStringLiteral("Alte Silberbuch-Datenbanken|*.ini");
-    const QString path = dialog.ShowOpen();
+    dialog.filter = QStringLiteral("Alte Silberbuch-Datenbanken|*.ini");
+    const QString path = dialog.askFileToOpen();
     if (path.isEmpty())
         return;
     const QString data = m_program.dataFolder();
@@ -75,7 +75,7 @@ void ImportDialog::importOld()
 void ImportDialog::restoreBackup()
 {
     FileDialogs dialog(this);
-    const QString path = dialog.ShowOpen();
+    const QString path = dialog.askFileToOpen();
     if (path.isEmpty())
         return;
     const backup::RestoreResult result

@@ -8,11 +8,11 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-using AbbildTest = CaptureDialogTest<CaptureDialog>;
+using CaptureTest = CaptureDialogTest<CaptureDialog>;
 
 // Keeping the old image on a cancel is tested in the core; here a cancel leaves the row and
 // the dialog ready for another try, which then stores the id in the selected row.
-TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
+TEST_F(CaptureTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
 {
     const Drive drive = volume(u"volume"_s, { { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
     TreeBuilder(m_catalog.scratch(u"volume"_s)).folder(u"Leer/auch leer"_s); // pruned from the image
@@ -22,8 +22,8 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
     m_catalog.session().captureMode = u"1"_s;
     open<CaptureDialog>(4);
     auto cancel = QObject::connect(m_dialog.data(), &CaptureDialog::captureStarted, m_dialog.data(), [this] {
-        EXPECT_FALSE(control<QPushButton>(m_dialog, "aufnahhme")->isEnabled());
-        control<QPushButton>(m_dialog->findChild<class ProgressWindow *>(), "cmdCancel")->click();
+        EXPECT_FALSE(control<QPushButton>(m_dialog, "captureButton")->isEnabled());
+        control<QPushButton>(m_dialog->findChild<ProgressWindow *>(), "cancelButton")->click();
     });
     ASSERT_TRUE(capture(drive, m_dialog));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -33,7 +33,7 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
                   m_catalog.session().captureMode),
         std::tuple(false, 0, u"1"_s));
     ASSERT_FALSE(m_dialog.isNull());
-    EXPECT_EQ(m_dialog->findChild<class ProgressWindow *>(), nullptr); // the retry below needs the button back
+    EXPECT_EQ(m_dialog->findChild<ProgressWindow *>(), nullptr); // the retry below needs the button back
 
     QObject::disconnect(cancel);
     m_prompts.clear();
@@ -53,23 +53,23 @@ TEST_F(AbbildTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
     EXPECT_FALSE(bytes.contains("Leer"));
 }
 
-// A picture of the wait window on the way through a large folder of the system, for a person
+// A picture of the progress window on the way through a large folder of the system, for a person
 // to look at; runs only when pictures are asked for.
-TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
+TEST_F(CaptureTest, ProgressWindowPicturedDuringALongCapture)
 {
     if (qEnvironmentVariableIsEmpty("SILBERBUCH_SCREENSHOTS"))
         GTEST_SKIP() << "set SILBERBUCH_SCREENSHOTS to a folder for the picture";
     const Drive system = DriveTable(m_catalog.settings()).driveForFolder(u"/usr/share"_s);
     m_catalog.session().captureMode = u"2"_s;
     open<CaptureDialog>();
-    QPointer<class ProgressWindow> window;
+    QPointer<ProgressWindow> window;
     QObject::connect(m_dialog.data(), &CaptureDialog::captureStarted, m_dialog.data(),
-        [this, &window] { window = m_dialog->findChild<class ProgressWindow *>(); });
+        [this, &window] { window = m_dialog->findChild<ProgressWindow *>(); });
     QSignalSpy ended(m_dialog.data(), &CaptureDialog::captureEnded);
     ASSERT_TRUE(start(system, m_dialog));
     bool pictured = false;
     for (; window && !pictured; QTest::qWait(2))
-        if (control<QLabel>(window, "lblProgress")->toolTip().contains(u'\\')) {
+        if (control<QLabel>(window, "progressLabel")->toolTip().contains(u'\\')) {
             screenshot(window, u"ProgressWindow"_s);
             pictured = true;
         }
@@ -79,11 +79,11 @@ TEST_F(AbbildTest, WaitPicturedDuringALongCapture)
 
 // A folder added as a drive can be taken out again from the drive list's context menu; a
 // mounted volume (here the root, c:) offers no such entry.
-TEST_F(AbbildTest, AnAddedFolderCanBeRemovedFromTheDriveList)
+TEST_F(CaptureTest, AnAddedFolderCanBeRemovedFromTheDriveList)
 {
     const Drive drive = volume(u"ordner-mit-einem-recht-langen-namen"_s, { { u"a.txt"_s, 1, 981173106 } });
     open<CaptureDialog>(0);
-    auto *drives = control<DriveListBox>(m_dialog, "Drive1");
+    auto *drives = control<DriveListBox>(m_dialog, "driveCombo");
     // The box is as wide as its longest drive: nothing reads "d: [or".
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     EXPECT_GE(drives->width(), drives->fontMetrics().horizontalAdvance(drive.listText()));

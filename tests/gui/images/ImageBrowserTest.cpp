@@ -39,7 +39,7 @@ protected:
         const auto row = static_cast<int>(column(0).split(u'|').indexOf(name));
         ASSERT_GE(row, 0) << name.toStdString();
         m.control<FileListView>("LV")->detailsView()->setCurrentIndex(m_browser->listModel()->index(row, 0));
-        m_browser->ItemDblClick();
+        m_browser->openSelectedFile();
     }
 
     MainWindowRun m;
@@ -84,9 +84,9 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFilesInColumnsAndHeaderClicksTur
             std::tuple(w * 2935 / 5010, w * 639 / 5010, w * 1352 / 5010))
             << width;
     }
-    m_browser->ColumnClick(0);
+    m_browser->sortByColumn(0);
     EXPECT_EQ(column(0), u"haus.jpg|garten.jpg"_s); // descending by name
-    m_browser->ColumnClick(0);
+    m_browser->sortByColumn(0);
     EXPECT_EQ(column(0), u"garten.jpg|haus.jpg"_s);
 }
 
@@ -105,7 +105,7 @@ TEST_F(ImageBrowserTest, DoubleClickOpensTheFileOrAsksForTheMedium)
         QStringList {
             u"Bitte legen Sie den Datenträger ein, auf dem die Datei d:\\Bilder\\alt.zip vorhanden ist!"_s });
     writeFile(medium + u"/Bilder/alt.zip"_s);
-    m_browser->ItemDblClick();
+    m_browser->openSelectedFile();
     EXPECT_EQ(m.run.opened(),
         (QList<QUrl> { QUrl::fromLocalFile(medium + u"/Bilder/haus.jpg"_s),
             QUrl::fromLocalFile(medium + u"/Bilder/alt.zip"_s) }));

@@ -165,9 +165,9 @@ TEST(PrintRun, WaitWindowCountsPagesAndCancelLeavesTheOldFile)
         for (QWidget *waiting : QApplication::topLevelWidgets()) {
             if (waiting->objectName() != u"ProgressWindow"_s || !waiting->isVisible())
                 continue;
-            progress = control<QLabel>(waiting, "lblProgress")->text();
+            progress = control<QLabel>(waiting, "progressLabel")->text();
             if (progress == u"Seite 3"_s)
-                control<QPushButton>(waiting, "cmdCancel")->click();
+                control<QPushButton>(waiting, "cancelButton")->click();
         }
     });
     poll.start();
