@@ -354,7 +354,7 @@ void MainWindow::deletecd(int16_t number, bool quietFailure)
 
 void MainWindow::List2_Click()
 {
-    m_detail->List2_Click();
+    m_detail->showSelectedCd();
 }
 
 // ---- tabs -----------------------------------------------------------------------------

@@ -19,72 +19,74 @@ ArchiveChooser::ArchiveChooser(Program &program)
     : QWidget(nullptr, Qt::Window)
     , m_program(program)
     , m_ui(std::make_unique<Ui::ArchiveChooser>())
-    , m_m1(new QMenu(QStringLiteral("Menu"), this))
-    , m_timer1(new QTimer(this))
-    , m_timer2(new QTimer(this))
+    , m_archiveMenu(new QMenu(QStringLiteral("Menu"), this))
+    , m_openOnlyArchiveTimer(new QTimer(this))
+    , m_unloadTimer(new QTimer(this))
 {
     m_program.adopt(this);
     m_ui->setupUi(this);
 
-    m_m1->setObjectName(QStringLiteral("m1"));
-    QAction *mopen = m_m1->addAction(QStringLiteral("Archiv öffnen"), this, &ArchiveChooser::Command1_Click);
-    mopen->setObjectName(QStringLiteral("mopen"));
-    QAction *mdelete = m_m1->addAction(QStringLiteral("Archiv löschen"), this, &ArchiveChooser::mdelete_Click);
-    mdelete->setObjectName(QStringLiteral("mdelete"));
+    m_archiveMenu->setObjectName(QStringLiteral("archiveMenu"));
+    QAction *openAction
+        = m_archiveMenu->addAction(QStringLiteral("Archiv öffnen"), this, &ArchiveChooser::openTypedArchive);
+    openAction->setObjectName(QStringLiteral("openAction"));
+    QAction *deleteAction
+        = m_archiveMenu->addAction(QStringLiteral("Archiv löschen"), this, &ArchiveChooser::deleteArchive);
+    deleteAction->setObjectName(QStringLiteral("deleteAction"));
 
-    for (QTimer *timer : { m_timer1, m_timer2 }) {
+    for (QTimer *timer : { m_openOnlyArchiveTimer, m_unloadTimer }) {
         timer->setSingleShot(true);
         timer->setInterval(1);
     }
-    m_timer1->setObjectName(QStringLiteral("Timer1"));
-    m_timer2->setObjectName(QStringLiteral("Timer2"));
-    connect(m_timer1, &QTimer::timeout, this, &ArchiveChooser::Command1_Click);
-    connect(m_timer2, &QTimer::timeout, this, [this] { m_program.unload(this); });
+    m_openOnlyArchiveTimer->setObjectName(QStringLiteral("openOnlyArchiveTimer"));
+    m_unloadTimer->setObjectName(QStringLiteral("unloadTimer"));
+    connect(m_openOnlyArchiveTimer, &QTimer::timeout, this, &ArchiveChooser::openTypedArchive);
+    connect(m_unloadTimer, &QTimer::timeout, this, [this] { m_program.unload(this); });
 
-    connect(m_ui->Command1, &QPushButton::clicked, this, &ArchiveChooser::Command1_Click);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &ArchiveChooser::Command2_Click);
-    connect(m_ui->Command3, &QPushButton::clicked, this, &ArchiveChooser::Command3_Click);
-    connect(m_ui->Command4, &QPushButton::clicked, this, &ArchiveChooser::Command4_Click);
-    connect(m_ui->Command5, &QPushButton::clicked, this, &ArchiveChooser::Command5_Click);
-    connect(m_ui->Text1, &QLineEdit::returnPressed, this, &ArchiveChooser::Command1_Click);
-    connect(m_ui->List1, &QListWidget::currentRowChanged, this, &ArchiveChooser::List1_Click);
-    connect(m_ui->List1, &QListWidget::itemDoubleClicked, this, &ArchiveChooser::List1_DblClick);
-    m_ui->List1->viewport()->installEventFilter(this);
+    connect(m_ui->openButton, &QPushButton::clicked, this, &ArchiveChooser::openTypedArchive);
+    connect(m_ui->createButton, &QPushButton::clicked, this, &ArchiveChooser::createArchive);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &ArchiveChooser::cancel);
+    connect(m_ui->quitButton, &QPushButton::clicked, this, &ArchiveChooser::quit);
+    connect(m_ui->defaultButton, &QPushButton::clicked, this, &ArchiveChooser::makeSelectedDefault);
+    connect(m_ui->nameEdit, &QLineEdit::returnPressed, this, &ArchiveChooser::openTypedArchive);
+    connect(m_ui->archiveList, &QListWidget::currentRowChanged, this, &ArchiveChooser::takeSelectedName);
+    connect(m_ui->archiveList, &QListWidget::itemDoubleClicked, this, &ArchiveChooser::openSelectedArchive);
+    m_ui->archiveList->viewport()->installEventFilter(this);
 
     m_files = ArchiveCatalog(m_program.dataFolder()).names();
-    m_ui->List1->addItems(m_files);
-    const int count = m_ui->List1->count();
+    m_ui->archiveList->addItems(m_files);
+    const int count = m_ui->archiveList->count();
     if (count == 1 && !m_program.session().changingArchive) {
         // The only archive opens by itself once the window has finished loading.
-        m_ui->Text1->setText(m_ui->List1->item(0)->text());
-        m_timer1->start();
+        m_ui->nameEdit->setText(m_ui->archiveList->item(0)->text());
+        m_openOnlyArchiveTimer->start();
     } else if (count > 1) {
-        m_ui->List1->setCurrentRow(0);
+        m_ui->archiveList->setCurrentRow(0);
     } else if (count == 0) {
-        Command2_Click();
+        createArchive();
     }
 }
 
 ArchiveChooser::~ArchiveChooser() = default;
 
-void ArchiveChooser::List1_Click()
+void ArchiveChooser::takeSelectedName()
 {
-    if (QListWidgetItem *item = m_ui->List1->currentItem())
-        m_ui->Text1->setText(item->text());
+    if (QListWidgetItem *item = m_ui->archiveList->currentItem())
+        m_ui->nameEdit->setText(item->text());
 }
 
-void ArchiveChooser::Command1_Click()
+void ArchiveChooser::openTypedArchive()
 {
-    const QString typed = m_ui->Text1->text();
-    if (m_ui->List1->currentRow() < 0 && typed.isEmpty()) {
+    const QString typed = m_ui->nameEdit->text();
+    if (m_ui->archiveList->currentRow() < 0 && typed.isEmpty()) {
         Prompts::message(this, QStringLiteral("Bitte wählen Sie ein Archiv aus der Liste aus!"));
         return;
     }
     if (typed.isEmpty())
         return;
     QStringList entries;
-    for (int i = 0; i < m_ui->List1->count(); ++i)
-        entries << m_ui->List1->item(i)->text();
+    for (int i = 0; i < m_ui->archiveList->count(); ++i)
+        entries << m_ui->archiveList->item(i)->text();
     if (!archiveNameMatches(typed, entries)) {
         Prompts::message(this, archiveNotFoundMessage());
         return;
@@ -99,9 +101,9 @@ void ArchiveChooser::Command1_Click()
     m_program.unload(this);
 }
 
-void ArchiveChooser::List1_DblClick()
+void ArchiveChooser::openSelectedArchive()
 {
-    QListWidgetItem *item = m_ui->List1->currentItem();
+    QListWidgetItem *item = m_ui->archiveList->currentItem();
     if (!item)
         return;
     openChosen(item->text());
@@ -117,7 +119,7 @@ void ArchiveChooser::openChosen(const QString &name)
     m_program.show<MainWindow>();
 }
 
-void ArchiveChooser::Command2_Click()
+void ArchiveChooser::createArchive()
 {
     for (;;) {
         const std::optional<QString> answer
@@ -147,14 +149,14 @@ void ArchiveChooser::Command2_Click()
         session.archiveChosen = true;
         // The press may come from within the load, where the window can't go yet.
         if (session.startedAskingArchive == QLatin1String("1"))
-            m_timer2->start();
+            m_unloadTimer->start();
         else
             m_program.unload(this);
         return;
     }
 }
 
-void ArchiveChooser::Command3_Click()
+void ArchiveChooser::cancel()
 {
     Session &session = m_program.session();
     // The open archive was deleted here: there is nothing to go back to but another archive.
@@ -171,14 +173,14 @@ void ArchiveChooser::Command3_Click()
     m_program.unload(this);
 }
 
-void ArchiveChooser::Command4_Click()
+void ArchiveChooser::quit()
 {
     m_program.unloadAll();
 }
 
-void ArchiveChooser::Command5_Click()
+void ArchiveChooser::makeSelectedDefault()
 {
-    QListWidgetItem *item = m_ui->List1->currentItem();
+    QListWidgetItem *item = m_ui->archiveList->currentItem();
     if (!item) {
         Prompts::message(this, QStringLiteral("Fehler: Kein Archiv ausgewählt!"), Prompts::Icon::Critical);
         return;
@@ -188,7 +190,7 @@ void ArchiveChooser::Command5_Click()
         confirmation.isEmpty() ? Prompts::Icon::Critical : Prompts::Icon::None);
 }
 
-void ArchiveChooser::mdelete_Click()
+void ArchiveChooser::deleteArchive()
 {
     if (Prompts::message(this,
             QStringLiteral("Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"),
@@ -197,12 +199,12 @@ void ArchiveChooser::mdelete_Click()
         return;
     // The name comes from the text box; the files noted at load stay as they were, so the
     // deleted name stays taken until the window is opened again.
-    const ArchiveError error = ArchiveCatalog(m_program.dataFolder()).remove(m_ui->Text1->text());
+    const ArchiveError error = ArchiveCatalog(m_program.dataFolder()).remove(m_ui->nameEdit->text());
     if (!error.ok())
         Prompts::message(this, error.message, Prompts::Icon::Critical);
-    delete m_ui->List1->takeItem(m_ui->List1->currentRow());
+    delete m_ui->archiveList->takeItem(m_ui->archiveList->currentRow());
     if (error.ok() || error.kind == ArchiveError::Kind::NotFound)
-        m_ui->Text1->clear();
+        m_ui->nameEdit->clear();
 }
 
 void ArchiveChooser::closeEvent(QCloseEvent *event)
@@ -219,13 +221,13 @@ void ArchiveChooser::closeEvent(QCloseEvent *event)
 
 bool ArchiveChooser::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_ui->List1->viewport() && event->type() == QEvent::MouseButtonPress) {
+    if (watched == m_ui->archiveList->viewport() && event->type() == QEvent::MouseButtonPress) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         if (mouse->button() == Qt::RightButton) {
             // Only a row under the pointer is selected and offered the menu.
-            if (QListWidgetItem *item = m_ui->List1->itemAt(mouse->position().toPoint())) {
-                m_ui->List1->setCurrentItem(item);
-                m_m1->popup(mouse->globalPosition().toPoint());
+            if (QListWidgetItem *item = m_ui->archiveList->itemAt(mouse->position().toPoint())) {
+                m_ui->archiveList->setCurrentItem(item);
+                m_archiveMenu->popup(mouse->globalPosition().toPoint());
             }
             return true;
         }

@@ -25,26 +25,26 @@ public:
     explicit ArchiveChooser(Program &program);
     ~ArchiveChooser() override;
 
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void mdelete_Click();
+    void openTypedArchive();
+    void createArchive();
+    void cancel();
+    void quit();
+    void makeSelectedDefault();
+    void deleteArchive();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void List1_Click();
-    void List1_DblClick();
+    void takeSelectedName();
+    void openSelectedArchive();
     void openChosen(const QString &name);
 
     Program &m_program;
     std::unique_ptr<Ui::ArchiveChooser> m_ui;
     QStringList m_files; // the archives as they were at load, for the name checks
-    QMenu *m_m1;
-    QTimer *m_timer1; // the delayed open of the only archive
-    QTimer *m_timer2; // the delayed unload after a creation at a start
+    QMenu *m_archiveMenu;
+    QTimer *m_openOnlyArchiveTimer; // the delayed open of the only archive
+    QTimer *m_unloadTimer; // the delayed unload after a creation at a start
 };

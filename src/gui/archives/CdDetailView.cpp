@@ -30,10 +30,10 @@ CdDetailView::CdDetailView(Program &program, const CdDetailControls &controls, I
 {
 }
 
-void CdDetailView::List2_Click()
+void CdDetailView::showSelectedCd()
 {
-    m_ui.List1->clear();
-    QListWidgetItem *entry = m_ui.List2->currentItem();
+    m_ui.commentList->clear();
+    QListWidgetItem *entry = m_ui.cdList->currentItem();
     if (!entry)
         return;
     const std::optional<int16_t> number = cdlist::numberOf(entry->text());
@@ -43,36 +43,36 @@ void CdDetailView::List2_Click()
     if (row.error.kind == ArchiveError::Kind::NotFound)
         return;
     if (!row.ok()) {
-        Prompts::message(m_ui.List2->window(), row.error.message, Prompts::Icon::Critical);
+        Prompts::message(m_ui.cdList->window(), row.error.message, Prompts::Icon::Critical);
         return;
     }
     const CdRow &cd = row.value;
-    m_ui.Text2->setText(cd.name);
-    m_ui.Label8->setText(QString::number(cd.number));
-    m_ui.lblsn->setText(QString::number(cd.imageId));
-    m_ui.List1->addItems(commentcodec::decode(cd.comments));
+    m_ui.titleLabel->setText(cd.name);
+    m_ui.numberLabel->setText(QString::number(cd.number));
+    m_ui.imageIdLabel->setText(QString::number(cd.imageId));
+    m_ui.commentList->addItems(commentcodec::decode(cd.comments));
     if (!showCover(cd.cover))
         return;
     showCounts();
 
-    if (m_ui.Frame2->currentWidget() != m_ui.fr_2 || m_ui.lblsn->text() == QLatin1String("0"))
+    if (m_ui.tabPanes->currentWidget() != m_ui.imagePane || m_ui.imageIdLabel->text() == QLatin1String("0"))
         return;
     showImage();
 }
 
 QString CdDetailView::imagePath()
 {
-    return datapaths::imageFile(m_program.dataFolder(), m_ui.lblsn->text().toInt());
+    return datapaths::imageFile(m_program.dataFolder(), m_ui.imageIdLabel->text().toInt());
 }
 
 bool CdDetailView::imagePresent()
 {
-    return m_ui.lblsn->text() != QLatin1String("0") && fileExists(imagePath());
+    return m_ui.imageIdLabel->text() != QLatin1String("0") && fileExists(imagePath());
 }
 
 void CdDetailView::showImage()
 {
-    m_browser.loadImage(imagePath(), m_ui.Text2->text());
+    m_browser.loadImage(imagePath(), m_ui.titleLabel->text());
     m_browser.showFolder(cp1252::fromQString(m_browser.firstNodeText() + QLatin1Char(':')));
     m_browser.expandFirstNode();
 }
@@ -81,7 +81,7 @@ bool CdDetailView::showCover(const QString &cover)
 {
     const std::optional<double> coverNumber = parseNumberText(cover);
     if (!coverNumber) {
-        Prompts::runtimeError(m_ui.List2->window(), 13, QStringLiteral("Typen unverträglich"));
+        Prompts::runtimeError(m_ui.cdList->window(), 13, QStringLiteral("Typen unverträglich"));
         return false;
     }
     const QString data = m_program.dataFolder();
@@ -99,17 +99,17 @@ bool CdDetailView::showCover(const QString &cover)
         picture = noPicture;
     }
     if (picture.isEmpty()) {
-        m_ui.Picture2->clear();
+        m_ui.coverLabel->clear();
         return true;
     }
     const QPixmap pixmap(picture);
     if (pixmap.isNull()) {
-        Prompts::runtimeError(m_ui.List2->window(), 481, QStringLiteral("Ungültiges Bild"));
+        Prompts::runtimeError(m_ui.cdList->window(), 481, QStringLiteral("Ungültiges Bild"));
         return false;
     }
     // A cover larger than the box is shown whole, scaled down.
-    const QSize box = m_ui.Picture2->size();
-    m_ui.Picture2->setPixmap(pixmap.width() > box.width() || pixmap.height() > box.height()
+    const QSize box = m_ui.coverLabel->size();
+    m_ui.coverLabel->setPixmap(pixmap.width() > box.width() || pixmap.height() > box.height()
             ? pixmap.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation)
             : pixmap);
     return true;
@@ -117,9 +117,9 @@ bool CdDetailView::showCover(const QString &cover)
 
 void CdDetailView::showCounts()
 {
-    if (m_ui.lblsn->text() == QLatin1String("0")) {
-        m_ui.lblDateien->setText(notAvailable);
-        m_ui.lblOrdner->setText(notAvailable);
+    if (m_ui.imageIdLabel->text() == QLatin1String("0")) {
+        m_ui.fileCountLabel->setText(notAvailable);
+        m_ui.folderCountLabel->setText(notAvailable);
         m_browser.clearImage();
         return;
     }
@@ -127,11 +127,11 @@ void CdDetailView::showCounts()
     if (!fileExists(path)) {
         // From here on the CD counts as one without an image; the old counts stay.
         m_browser.clearList();
-        m_ui.lblsn->setText(QStringLiteral("0"));
+        m_ui.imageIdLabel->setText(QStringLiteral("0"));
         m_browser.clearImage();
         return;
     }
     const std::shared_ptr<const ImageIndex> image = m_browser.image(path);
-    m_ui.lblDateien->setText(QString::number(image->fileLineCount()));
-    m_ui.lblOrdner->setText(QString::number(image->folderLineCount() - 1));
+    m_ui.fileCountLabel->setText(QString::number(image->fileLineCount()));
+    m_ui.folderCountLabel->setText(QString::number(image->folderLineCount() - 1));
 }

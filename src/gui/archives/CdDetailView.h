@@ -9,19 +9,19 @@ class QListWidget;
 class QStackedWidget;
 class QWidget;
 
-// The controls of the main window that show the CD, under their designer names.
+// The controls of the main window that show the CD.
 struct CdDetailControls
 {
-    QListWidget *List2; // the CD list, whose selected entry is shown
-    QListWidget *List1; // the comments
-    QLabel *Text2; // title
-    QLabel *Label8; // number
-    QLabel *lblsn; // image id, "0" for none
-    QLabel *Picture2; // cover
-    QLabel *lblDateien;
-    QLabel *lblOrdner;
-    QStackedWidget *Frame2; // the panes of the tabs
-    QWidget *fr_2; // the image tab's pane
+    QListWidget *cdList; // whose selected entry is shown
+    QListWidget *commentList;
+    QLabel *titleLabel;
+    QLabel *numberLabel;
+    QLabel *imageIdLabel; // "0" for none
+    QLabel *coverLabel;
+    QLabel *fileCountLabel;
+    QLabel *folderCountLabel;
+    QStackedWidget *tabPanes;
+    QWidget *imagePane; // the image tab's pane
 };
 
 // The right pane of the main window for the CD selected in the list: title, number and
@@ -35,11 +35,11 @@ public:
 
     // Shows the CD of the selected list entry. An entry whose number is 0, or whose row is
     // gone, changes nothing.
-    void List2_Click();
+    void showSelectedCd();
 
-    // The image file of the CD on display, from the id in lblsn.
+    // The image file of the CD on display, from the id in the image id label.
     QString imagePath();
-    // lblsn names an image whose file is there.
+    // The image id label names an image whose file is there.
     bool imagePresent();
     // Loads the image into tree and list: the list stays empty until a folder is clicked.
     void showImage();

@@ -16,15 +16,15 @@ FirstArchiveDialog::FirstArchiveDialog(Program &program)
     m_program.adopt(this);
     m_ui->setupUi(this);
     m_names = ArchiveCatalog(m_program.dataFolder()).names();
-    connect(m_ui->Command1, &QPushButton::clicked, this, &FirstArchiveDialog::Command1_Click);
-    connect(m_ui->Text1, &QLineEdit::returnPressed, this, &FirstArchiveDialog::Command1_Click);
+    connect(m_ui->okButton, &QPushButton::clicked, this, &FirstArchiveDialog::createArchive);
+    connect(m_ui->nameEdit, &QLineEdit::returnPressed, this, &FirstArchiveDialog::createArchive);
 }
 
 FirstArchiveDialog::~FirstArchiveDialog() = default;
 
-void FirstArchiveDialog::Command1_Click()
+void FirstArchiveDialog::createArchive()
 {
-    QString name = m_ui->Text1->text();
+    QString name = m_ui->nameEdit->text();
     if (name.isEmpty())
         name = QStringLiteral("default");
     // Here an empty answer means "default", not a cancel.
@@ -48,8 +48,8 @@ void FirstArchiveDialog::Command1_Click()
 
     // The text box, not the name finally used, becomes the default archive.
     Settings &settings = m_program.settings();
-    if (m_ui->Option1->isChecked()) {
-        settings.setValue(SettingKey::Standard, m_ui->Text1->text());
+    if (m_ui->openAutomaticallyOption->isChecked()) {
+        settings.setValue(SettingKey::Standard, m_ui->nameEdit->text());
         settings.setValue(SettingKey::autoarchiv, QStringLiteral("0"));
     } else {
         settings.setValue(SettingKey::autoarchiv, QStringLiteral("1"));

@@ -21,7 +21,7 @@ public:
     explicit FirstArchiveDialog(Program &program);
     ~FirstArchiveDialog() override;
 
-    void Command1_Click();
+    void createArchive();
 
 private:
     Program &m_program;

@@ -78,18 +78,18 @@ CdEditor::CdEditor(
     setObjectName(m_variant.objectName);
     setWindowTitle(m_variant.caption);
     setAttribute(Qt::WA_DeleteOnClose);
-    m_ui->Frame3->setTitle(m_variant.frame3Caption);
-    m_ui->Command10->setIcon(style()->standardIcon(QStyle::SP_MessageBoxInformation));
-    setStatus(m_ui->Label3, m_ui->Label3->text(), false);
-    setStatus(m_ui->Label10, m_ui->Label10->text(), false);
+    m_ui->imageBox->setTitle(m_variant.imageBoxTitle);
+    m_ui->imageInfoButton->setIcon(style()->standardIcon(QStyle::SP_MessageBoxInformation));
+    setStatus(m_ui->imageStatusLabel, m_ui->imageStatusLabel->text(), false);
+    setStatus(m_ui->coverStatusLabel, m_ui->coverStatusLabel->text(), false);
 
-    m_ui->Text1->installEventFilter(this);
-    m_ui->Text2->installEventFilter(this);
-    m_ui->Text4->installEventFilter(this);
+    m_ui->titleEdit->installEventFilter(this);
+    m_ui->numberEdit->installEventFilter(this);
+    m_ui->newCommentEdit->installEventFilter(this);
 
-    connect(m_ui->Command9, &QPushButton::clicked, this, &CdEditor::addTypedComment);
-    connect(m_ui->Command1, &QPushButton::clicked, this, &CdEditor::deleteComment);
-    connect(m_ui->Command8, &QPushButton::clicked, this, [this] {
+    connect(m_ui->addCommentButton, &QPushButton::clicked, this, &CdEditor::addTypedComment);
+    connect(m_ui->deleteCommentButton, &QPushButton::clicked, this, &CdEditor::deleteComment);
+    connect(m_ui->editCommentButton, &QPushButton::clicked, this, [this] {
         const int line = selectedLine();
         if (line < 0) {
             QApplication::beep();
@@ -98,16 +98,16 @@ CdEditor::CdEditor(
         editComment(line);
     });
     if (m_variant.editsOnDoubleClick)
-        connect(m_ui->List2, &QListWidget::itemDoubleClicked, this,
-            [this](QListWidgetItem *item) { editComment(m_ui->List2->row(item)); });
-    connect(m_ui->Command11, &QPushButton::clicked, this, &CdEditor::pasteComments);
-    connect(m_ui->Command6, &QPushButton::clicked, this, &CdEditor::readTitle);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &CdEditor::startCapture);
-    connect(m_ui->Command10, &QToolButton::clicked, this, &CdEditor::showImageInfo);
-    connect(m_ui->Command4, &QPushButton::clicked, this, &CdEditor::chooseCover);
-    connect(m_ui->Command7, &QPushButton::clicked, this, &CdEditor::showCover);
-    connect(m_ui->Command5, &QPushButton::clicked, this, &CdEditor::cancel);
-    connect(m_ui->Command3, &QPushButton::clicked, this, &CdEditor::save);
+        connect(m_ui->commentList, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem *item) { editComment(m_ui->commentList->row(item)); });
+    connect(m_ui->pasteCommentsButton, &QPushButton::clicked, this, &CdEditor::pasteComments);
+    connect(m_ui->readTitleButton, &QPushButton::clicked, this, &CdEditor::readTitle);
+    connect(m_ui->captureButton, &QPushButton::clicked, this, &CdEditor::startCapture);
+    connect(m_ui->imageInfoButton, &QToolButton::clicked, this, &CdEditor::showImageInfo);
+    connect(m_ui->chooseCoverButton, &QPushButton::clicked, this, &CdEditor::chooseCover);
+    connect(m_ui->showCoverButton, &QPushButton::clicked, this, &CdEditor::showCover);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &CdEditor::cancel);
+    connect(m_ui->saveButton, &QPushButton::clicked, this, &CdEditor::save);
 
     if (m_variant.editsSelectedRow)
         loadSelectedRow();
@@ -117,12 +117,12 @@ CdEditor::CdEditor(
 
 CdEditor::~CdEditor() = default;
 
-void CdEditor::enterid(int32_t id)
+void CdEditor::setCapturedImage(int32_t id)
 {
     if (id == 0)
         return;
     m_imageId = id;
-    setStatus(m_ui->Label3, QStringLiteral("Vorhanden! ID: ") + QString::number(id), true);
+    setStatus(m_ui->imageStatusLabel, QStringLiteral("Vorhanden! ID: ") + QString::number(id), true);
 }
 
 bool CdEditor::eventFilter(QObject *watched, QEvent *event)
@@ -130,14 +130,14 @@ bool CdEditor::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
-    if (watched == m_ui->Text2)
+    if (watched == m_ui->numberEdit)
         return !numberBoxTakes(key);
-    if (watched == m_ui->Text4 && isEnter(key)) {
+    if (watched == m_ui->newCommentEdit && isEnter(key)) {
         addTypedComment();
         return true;
     }
-    if (watched == m_ui->Text1 && isEnter(key)) {
-        m_ui->Text4->setFocus();
+    if (watched == m_ui->titleEdit && isEnter(key)) {
+        m_ui->newCommentEdit->setFocus();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -151,7 +151,7 @@ void CdEditor::proposeNumber()
         return;
     }
     if (!rows.value.empty())
-        m_ui->Text2->setText(cdsaverules::proposeNumber(cdsaverules::numberList(rows.value)));
+        m_ui->numberEdit->setText(cdsaverules::proposeNumber(cdsaverules::numberList(rows.value)));
 }
 
 void CdEditor::loadSelectedRow()
@@ -164,50 +164,51 @@ void CdEditor::loadSelectedRow()
     // A row that is gone leaves the dialog empty, without a word.
     if (!row.ok())
         return;
-    m_ui->Text1->setText(row.value.name);
-    m_ui->Text2->setText(QString::number(row.value.number));
+    m_ui->titleEdit->setText(row.value.name);
+    m_ui->numberEdit->setText(QString::number(row.value.number));
     if (row.value.imageId == 0) {
-        setStatus(m_ui->Label3, notPresent, false);
+        setStatus(m_ui->imageStatusLabel, notPresent, false);
     } else {
         m_imageId = row.value.imageId;
-        setStatus(m_ui->Label3, QStringLiteral("Vorhanden! ID: ") + QString::number(m_imageId), true);
+        setStatus(
+            m_ui->imageStatusLabel, QStringLiteral("Vorhanden! ID: ") + QString::number(m_imageId), true);
     }
     m_rowCover = row.value.cover;
     if (m_rowCover == QLatin1String("0")) {
-        setStatus(m_ui->Label10, notPresent, false);
-        m_ui->Command4->setText(QStringLiteral("CD Cover Bild hinzufügen"));
+        setStatus(m_ui->coverStatusLabel, notPresent, false);
+        m_ui->chooseCoverButton->setText(QStringLiteral("CD Cover Bild hinzufügen"));
     } else {
-        setStatus(m_ui->Label10, QStringLiteral("Vorhanden"), true);
-        m_ui->Command4->setText(QStringLiteral("CD Cover Bild ändern"));
+        setStatus(m_ui->coverStatusLabel, QStringLiteral("Vorhanden"), true);
+        m_ui->chooseCoverButton->setText(QStringLiteral("CD Cover Bild ändern"));
         // Loaded as it is, so that saving stores it again under a new number.
         m_cover = CoverStore(dataFolder()).load(m_rowCover);
     }
     for (const QString &comment : commentcodec::decode(row.value.comments))
-        m_ui->List2->addItem(comment);
-    if (m_ui->List2->count() > 0)
-        m_ui->Command1->setEnabled(true);
+        m_ui->commentList->addItem(comment);
+    if (m_ui->commentList->count() > 0)
+        m_ui->deleteCommentButton->setEnabled(true);
 }
 
 void CdEditor::addComment(const QString &text)
 {
-    m_ui->Command1->setEnabled(true);
-    m_ui->List2->addItem(text);
+    m_ui->deleteCommentButton->setEnabled(true);
+    m_ui->commentList->addItem(text);
 }
 
 int CdEditor::selectedLine() const
 {
-    const QList<QListWidgetItem *> selected = m_ui->List2->selectedItems();
-    return selected.isEmpty() ? -1 : m_ui->List2->row(selected.constFirst());
+    const QList<QListWidgetItem *> selected = m_ui->commentList->selectedItems();
+    return selected.isEmpty() ? -1 : m_ui->commentList->row(selected.constFirst());
 }
 
 void CdEditor::addTypedComment()
 {
-    if (m_ui->Text4->text().isEmpty()) {
+    if (m_ui->newCommentEdit->text().isEmpty()) {
         QApplication::beep();
         return;
     }
-    addComment(m_ui->Text4->text());
-    m_ui->Text4->clear();
+    addComment(m_ui->newCommentEdit->text());
+    m_ui->newCommentEdit->clear();
 }
 
 void CdEditor::deleteComment()
@@ -217,14 +218,14 @@ void CdEditor::deleteComment()
         QApplication::beep();
         return;
     }
-    delete m_ui->List2->takeItem(line);
-    m_ui->List2->clearSelection();
-    m_ui->List2->setCurrentItem(nullptr);
+    delete m_ui->commentList->takeItem(line);
+    m_ui->commentList->clearSelection();
+    m_ui->commentList->setCurrentItem(nullptr);
 }
 
 void CdEditor::editComment(int line)
 {
-    QListWidgetItem *item = m_ui->List2->item(line);
+    QListWidgetItem *item = m_ui->commentList->item(line);
     if (!item)
         return;
     const std::optional<QString> answer = Prompts::input(
@@ -244,22 +245,22 @@ void CdEditor::pasteComments()
 
 void CdEditor::readTitle()
 {
-    TitleDriveDialog form(m_session, m_settings, this);
-    form.exec();
+    TitleDriveDialog dialog(m_session, m_settings, this);
+    dialog.exec();
     // A cancel keeps the letter of the last choice; with none the title becomes empty.
-    m_ui->Text1->setText(DriveTable(m_settings).volumeName(m_session.titleDriveLetter));
+    m_ui->titleEdit->setText(DriveTable(m_settings).volumeName(m_session.titleDriveLetter));
 }
 
 void CdEditor::startCapture()
 {
     m_session.captureMode = m_variant.captureMode;
-    if (!m_abbild) {
-        m_abbild = new CaptureDialog(m_session, m_settings, m_link, this);
-        connect(m_abbild, &CaptureDialog::imageCaptured, this, &CdEditor::enterid);
+    if (!m_capture) {
+        m_capture = new CaptureDialog(m_session, m_settings, m_link, this);
+        connect(m_capture, &CaptureDialog::imageCaptured, this, &CdEditor::setCapturedImage);
     }
-    m_abbild->show();
-    m_abbild->raise();
-    m_abbild->activateWindow();
+    m_capture->show();
+    m_capture->raise();
+    m_capture->activateWindow();
 }
 
 void CdEditor::showImageInfo()
@@ -284,11 +285,11 @@ void CdEditor::chooseCover()
         return;
     }
     m_coverPath = dialog.fileName;
-    setStatus(m_ui->Label10, QStringLiteral("Vorhanden"), true);
+    setStatus(m_ui->coverStatusLabel, QStringLiteral("Vorhanden"), true);
     m_cover = coverimage::fitCover(loaded.picture, 300, 300);
-    m_ui->Command4->setText(QStringLiteral("CD Cover Bild ändern"));
+    m_ui->chooseCoverButton->setText(QStringLiteral("CD Cover Bild ändern"));
     if (m_variant.offersCoverView)
-        m_ui->Command7->setVisible(true);
+        m_ui->showCoverButton->setVisible(true);
 }
 
 void CdEditor::showCover()
@@ -310,14 +311,14 @@ void CdEditor::cancel()
 void CdEditor::save()
 {
     CdDraft draft;
-    draft.numberText = m_ui->Text2->text();
-    draft.title = m_ui->Text1->text();
-    for (int i = 0; i < m_ui->List2->count(); ++i)
-        draft.comments << m_ui->List2->item(i)->text();
+    draft.numberText = m_ui->numberEdit->text();
+    draft.title = m_ui->titleEdit->text();
+    for (int i = 0; i < m_ui->commentList->count(); ++i)
+        draft.comments << m_ui->commentList->item(i)->text();
     draft.imageId = m_imageId;
     // The caption says whether there is a cover. A row's cover whose file has gone is kept
     // as its number, since there is no picture to store anew.
-    if (m_ui->Label10->text() != notPresent) {
+    if (m_ui->coverStatusLabel->text() != notPresent) {
         draft.cover = m_cover;
         if (m_cover.isNull())
             draft.keptCover = m_rowCover;
@@ -342,12 +343,12 @@ void CdEditor::save()
     }
     Prompts::message(this, outcome.message, Prompts::Icon::Information);
 
-    m_ui->Text1->clear();
-    m_ui->Text2->setText(QStringLiteral("0"));
-    m_ui->Text4->setText(QStringLiteral("0"));
-    setStatus(m_ui->Label10, notPresent, false);
-    setStatus(m_ui->Label3, notPresent, false);
-    m_ui->List2->clear();
+    m_ui->titleEdit->clear();
+    m_ui->numberEdit->setText(QStringLiteral("0"));
+    m_ui->newCommentEdit->setText(QStringLiteral("0"));
+    setStatus(m_ui->coverStatusLabel, notPresent, false);
+    setStatus(m_ui->imageStatusLabel, notPresent, false);
+    m_ui->commentList->clear();
     m_link.refreshList(m_session);
     close();
 }

@@ -34,7 +34,7 @@ public:
     ~CdEditor() override;
 
     // A capture that this dialog started reports its image id; 0 changes nothing.
-    void enterid(int32_t id);
+    void setCapturedImage(int32_t id);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -68,6 +68,6 @@ private:
     QString m_coverPath; // the last chosen cover file
     QImage m_cover; // the fitted cover, saved under a new number at saving
     QString m_rowCover = QStringLiteral("0"); // the cover number the row had on opening
-    QPointer<CaptureDialog> m_abbild;
+    QPointer<CaptureDialog> m_capture;
     QPointer<CoverWindow> m_coverView;
 };

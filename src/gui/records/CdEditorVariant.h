@@ -8,7 +8,7 @@ struct CdEditorVariant
 {
     QString objectName; // "NewCdDialog" or "EditCdDialog"
     QString caption;
-    QString frame3Caption;
+    QString imageBoxTitle;
     QString captureMode; // the session's capture mode while this dialog's capture runs
     // Opens with the row of the main window's selected CD and saves back into that row, its
     // own number allowed; else proposes a number and adds a row.
@@ -24,7 +24,7 @@ struct CdEditorVariant
         return {
             .objectName = QStringLiteral("NewCdDialog"),
             .caption = QStringLiteral("Neue CD Erstellen"),
-            .frame3Caption
+            .imageBoxTitle
             = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur von einer CD erstellen:"),
             .captureMode = QStringLiteral("2"),
             .editsSelectedRow = false,
@@ -39,7 +39,7 @@ struct CdEditorVariant
         return {
             .objectName = QStringLiteral("EditCdDialog"),
             .caption = QStringLiteral("CD bearbeiten"),
-            .frame3Caption = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
+            .imageBoxTitle = QStringLiteral("Laufwerksstruktur / Abbild der Laufwerksstruktur"),
             .captureMode = QStringLiteral("3"),
             .editsSelectedRow = true,
             .offersCoverView = false,

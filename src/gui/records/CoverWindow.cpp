@@ -7,19 +7,19 @@
 
 CoverWindow::CoverWindow(QWidget *parent)
     : QWidget(parent, Qt::Window)
-    , m_picture1(new QLabel(this))
+    , m_picture(new QLabel(this))
 {
     setObjectName(QStringLiteral("CoverWindow"));
     setWindowTitle(QStringLiteral("CD Cover Bild"));
     setAttribute(Qt::WA_DeleteOnClose);
-    m_picture1->setObjectName(QStringLiteral("Picture1"));
-    m_picture1->setAlignment(Qt::AlignCenter);
+    m_picture->setObjectName(QStringLiteral("picture"));
+    m_picture->setAlignment(Qt::AlignCenter);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_picture1);
+    layout->addWidget(m_picture);
 }
 
 void CoverWindow::setPicture(const QImage &picture)
 {
-    m_picture1->setPixmap(QPixmap::fromImage(picture));
+    m_picture->setPixmap(QPixmap::fromImage(picture));
     adjustSize();
 }

@@ -16,5 +16,5 @@ public:
     void setPicture(const QImage &picture);
 
 private:
-    QLabel *m_picture1;
+    QLabel *m_picture;
 };

@@ -15,48 +15,48 @@ TitleDriveDialog::TitleDriveDialog(Session &session, Settings &settings, QWidget
     : QDialog(parent)
     , m_session(session)
     , m_settings(settings)
-    , m_drive1(new DriveListBox(this))
+    , m_driveList(new DriveListBox(this))
 {
     setObjectName(QStringLiteral("TitleDriveDialog"));
     setWindowTitle(QStringLiteral("Laufwerk auswählen"));
-    auto *label1 = new QLabel(
+    auto *promptLabel = new QLabel(
         QStringLiteral(
             "Bitte wählen Sie das Laufwerk aus, dessen Datenträgerbezeichnung übernommen werden soll:"),
         this);
-    label1->setObjectName(QStringLiteral("Label1"));
-    label1->setWordWrap(true);
-    m_drive1->setObjectName(QStringLiteral("Drive1"));
-    auto *command1 = new QPushButton(QStringLiteral("Titel Einlesen"), this);
-    command1->setObjectName(QStringLiteral("Command1"));
-    command1->setDefault(true);
-    auto *command2 = new QPushButton(QStringLiteral("Abbrechen"), this);
-    command2->setObjectName(QStringLiteral("Command2"));
-    command2->setAutoDefault(false);
+    promptLabel->setObjectName(QStringLiteral("promptLabel"));
+    promptLabel->setWordWrap(true);
+    m_driveList->setObjectName(QStringLiteral("driveList"));
+    auto *readButton = new QPushButton(QStringLiteral("Titel Einlesen"), this);
+    readButton->setObjectName(QStringLiteral("readButton"));
+    readButton->setDefault(true);
+    auto *cancelButton = new QPushButton(QStringLiteral("Abbrechen"), this);
+    cancelButton->setObjectName(QStringLiteral("cancelButton"));
+    cancelButton->setAutoDefault(false);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(command1);
-    buttons->addWidget(command2);
+    buttons->addWidget(readButton);
+    buttons->addWidget(cancelButton);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label1);
-    layout->addWidget(m_drive1);
+    layout->addWidget(promptLabel);
+    layout->addWidget(m_driveList);
     layout->addLayout(buttons);
     setMinimumWidth(380);
 
-    connect(command1, &QPushButton::clicked, this, &TitleDriveDialog::readTitle);
-    connect(command2, &QPushButton::clicked, this, &QDialog::reject);
+    connect(readButton, &QPushButton::clicked, this, &TitleDriveDialog::readTitle);
+    connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 
     DriveTable table(m_settings);
-    m_drive1->reload(table);
+    m_driveList->reload(table);
     const QString stored = m_settings.value(SettingKey::DefDrive, QStringLiteral("C:"));
     // A stored drive that is gone is reported; the list offers the others.
-    if (!m_drive1->selectDrive(stored))
+    if (!m_driveList->selectDrive(stored))
         Prompts::runtimeError(this, 68, QStringLiteral("Gerät nicht verfügbar"));
 }
 
 void TitleDriveDialog::readTitle()
 {
-    const QString text = m_drive1->currentText();
+    const QString text = m_driveList->currentText();
     m_settings.setValue(SettingKey::DefDrive, text);
     m_session.titleDriveLetter = text.left(1);
     accept();

@@ -21,5 +21,5 @@ private:
 
     Session &m_session;
     Settings &m_settings;
-    DriveListBox *m_drive1;
+    DriveListBox *m_driveList;
 };

@@ -13,8 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto textBox = [](QWidget *window) { return control<QLineEdit>(window, "Text1"); };
-const auto list = [](QWidget *chooser) { return control<QListWidget>(chooser, "List1"); };
+const auto textBox = [](QWidget *window) { return control<QLineEdit>(window, "nameEdit"); };
+const auto list = [](QWidget *chooser) { return control<QListWidget>(chooser, "archiveList"); };
 
 ArchiveChooser *chooser(DesktopRun &run)
 {
@@ -38,7 +38,7 @@ TEST(ArchiveChooser, OpenChecksTheTypedNameExactly)
             << "the first is selected";
         list(shown)->setCurrentRow(-1);
         textBox(shown)->setText(QString::fromLatin1(typed));
-        shown->Command1_Click();
+        shown->openTypedArchive();
         run.settle();
         const bool opens = messages.isEmpty();
         EXPECT_EQ(run.prompts().messages(), messages);
@@ -54,11 +54,11 @@ TEST(ArchiveChooser, DefaultAndDeleteWorkOnTheSelection)
     DesktopRun run;
     ArchiveChooser *shown = chooser(run);
     list(shown)->setCurrentRow(-1);
-    shown->Command5_Click();
+    shown->makeSelectedDefault();
     EXPECT_EQ(run.prompts().messages(), QStringList { u"Fehler: Kein Archiv ausgewählt!"_s });
     EXPECT_FALSE(run.settings().contains(SettingKey::Standard));
     list(shown)->setCurrentRow(1);
-    shown->Command5_Click();
+    shown->makeSelectedDefault();
     EXPECT_EQ(run.settings().value(SettingKey::Standard), u"B"_s);
     EXPECT_TRUE(run.prompts().messages().last().startsWith(u"Archiv B wurde als Standard festgelegt."_s));
 
@@ -66,7 +66,7 @@ TEST(ArchiveChooser, DefaultAndDeleteWorkOnTheSelection)
     for (const auto answer : { Prompts::Answer::No, Prompts::Answer::Yes }) {
         run.prompts().clear();
         run.prompts().answerMessage(answer);
-        shown->mdelete_Click();
+        shown->deleteArchive();
         EXPECT_EQ(run.prompts().messages(),
             QStringList { u"Wollen Sie das ausgewählte Archiv wirklich unwiderruflich löschen?"_s });
         EXPECT_EQ(
@@ -95,10 +95,10 @@ TEST(ArchiveChooser, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted
         textBox(shown)->setText(deleted ? u"A"_s : u"B"_s);
         if (deleted) {
             run.prompts().answerMessage(Prompts::Answer::Yes);
-            shown->mdelete_Click();
+            shown->deleteArchive();
             ASSERT_FALSE(QFileInfo::exists(run.session().archivePath));
         }
-        shown->Command3_Click();
+        shown->cancel();
         run.settle();
         EXPECT_EQ(std::tuple(ended, run.form<MainWindow>() != nullptr, run.form<ArchiveChooser>()),
             std::tuple(ends, returns, deleted ? shown : nullptr));
@@ -110,7 +110,7 @@ TEST(ArchiveChooser, CancelEndsTheRunReturnsOrStaysAfterTheOpenArchiveWasDeleted
             run.settle();
             EXPECT_TRUE(ended);
         } else if (changing) {
-            run.program().show<ArchiveChooser>()->Command4_Click();
+            run.program().show<ArchiveChooser>()->quit();
             run.settle();
             EXPECT_EQ(run.program().loadedCount(), 0) << "the end button unloads every window";
         }
@@ -133,37 +133,38 @@ TEST(ArchiveChooser, NewArchiveNamesAreCheckedByTheCatalog)
         ArchiveChooser *shown = chooser(run);
         for (const QString &name : refused + QStringList { u"Übersicht"_s })
             run.prompts().answerInput(name);
-        shown->Command2_Click();
+        shown->createArchive();
         run.settle();
         EXPECT_EQ(run.prompts().messages(), reasons);
         EXPECT_EQ(std::pair(archiveFiles(run), run.session().archiveName),
             std::pair(QStringList { u"A.mdb"_s, u"B.mdb"_s, u"Übersicht.mdb"_s }, u"Übersicht"_s));
     }
     DesktopRun run;
-    FirstArchiveDialog *form = run.program().show<FirstArchiveDialog>();
+    FirstArchiveDialog *dialog = run.program().show<FirstArchiveDialog>();
     for (const QString &name : refused) {
-        textBox(form)->setText(name);
-        form->Command1_Click();
+        textBox(dialog)->setText(name);
+        dialog->createArchive();
         run.settle();
     }
     EXPECT_EQ(std::tuple(run.prompts().messages(), archiveFiles(run), run.form<FirstArchiveDialog>()),
-        std::tuple(reasons, QStringList(), form));
+        std::tuple(reasons, QStringList(), dialog));
 }
 
 TEST(FirstArchiveDialog, CreatesTheFirstArchiveAndItsStartChoice)
 {
-    // typed, first option, file, standard ("-": not stored), autoarchiv
+    // typed, opens automatically, file, standard ("-": not stored), autoarchiv
     const std::tuple<QString, bool, QString, QString, QString> cases[]
         = { { u"Alle Meine CDs"_s, true, u"Alle Meine CDs"_s, u"Alle Meine CDs"_s, u"0"_s },
               { u""_s, true, u"default"_s, u""_s, u"0"_s },
               { u"Musik"_s, false, u"Musik"_s, u"-"_s, u"1"_s } };
-    for (const auto &[typed, option1, file, standard, autoarchiv] : cases) {
+    for (const auto &[typed, opensAutomatically, file, standard, autoarchiv] : cases) {
         SCOPED_TRACE(typed.toStdString());
         DesktopRun run;
-        FirstArchiveDialog *form = run.program().show<FirstArchiveDialog>();
-        textBox(form)->setText(typed);
-        control<QRadioButton>(form, option1 ? "Option1" : "Option2")->setChecked(true);
-        form->Command1_Click();
+        FirstArchiveDialog *dialog = run.program().show<FirstArchiveDialog>();
+        textBox(dialog)->setText(typed);
+        control<QRadioButton>(dialog, opensAutomatically ? "openAutomaticallyOption" : "chooseEachTimeOption")
+            ->setChecked(true);
+        dialog->createArchive();
         run.settle();
         const Settings &settings = run.settings();
         EXPECT_EQ(std::tuple(QFileInfo::exists(datapaths::archiveFile(run.home(), file)),

@@ -25,7 +25,7 @@ protected:
     // Clicks "Speichern"; a saved dialog frees itself.
     void save()
     {
-        click("Command3");
+        click("saveButton");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
@@ -38,15 +38,16 @@ protected:
         image.fill(QColor(30, 90, 160));
         ASSERT_TRUE(image.save(path, "JPG"));
         m_prompts.answerFile(Prompts::FileAnswer { path, 0 });
-        click("Command4");
+        click("chooseCoverButton");
         // PNG pictures load as well as the others, so the filter offers them too.
         const auto &shown = m_prompts.shown();
         ASSERT_TRUE(!shown.empty() && shown.back().kind == PromptScript::Kind::File);
         EXPECT_TRUE(shown.back().file.nameFilters.join(u';').contains(u"*.[pP][nN][gG]"_s));
-        click("Command2");
+        click("captureButton");
         EXPECT_EQ(m_catalog.session().captureMode, QLatin1String(captureMode));
         ASSERT_TRUE(capture(drive, m_dialog->findChild<CaptureDialog *>()));
-        EXPECT_EQ(control<QLabel>("Label3")->text(), u"Vorhanden! ID: "_s + QString::number(drive.serial));
+        EXPECT_EQ(control<QLabel>("imageStatusLabel")->text(),
+            u"Vorhanden! ID: "_s + QString::number(drive.serial));
     }
 
     // The row of CD `number`, checked against `expected` but for the cover, whose picture is
@@ -71,13 +72,13 @@ TEST_F(CdEditorTest, NewCdWithCommentsCoverAndCapturedImage)
     const Drive drive = volume(u"volume"_s,
         { { u"liesmich.txt"_s, 1834, 1047462067 }, { u"Bilder/haus.jpg"_s, 482113, 1027879364 } });
     open<NewCdDialog>();
-    setText("Text1", u"Urlaub 2003"_s);
-    control<QLineEdit>("Text2")->clear();
-    QTest::keyClicks(control<QLineEdit>("Text2"), u"0a0-7"_s); // digits only
-    QTest::keyClicks(control<QLineEdit>("Text4"), u"Word"_s);
-    QTest::keyClick(control<QLineEdit>("Text4"), Qt::Key_Return);
+    setText("titleEdit", u"Urlaub 2003"_s);
+    control<QLineEdit>("numberEdit")->clear();
+    QTest::keyClicks(control<QLineEdit>("numberEdit"), u"0a0-7"_s); // digits only
+    QTest::keyClicks(control<QLineEdit>("newCommentEdit"), u"Word"_s);
+    QTest::keyClick(control<QLineEdit>("newCommentEdit"), Qt::Key_Return);
     QApplication::clipboard()->setText(u"Excel 2000\r\n\r\nTreiber für Drucker\r\n"_s);
-    click("Command11");
+    click("pasteCommentsButton");
     coverAndCapture(drive, 600, 300, "2");
     screenshot(m_dialog, u"NewCdDialog"_s);
     save();
@@ -97,14 +98,14 @@ TEST_F(CdEditorTest, ChangeCdKeepsItsNumberAndStoresCaptureAndCoverAtSaving)
     const Drive drive = volume(u"neu"_s, { { u"a.txt"_s, 1, 1044057600 } });
     m_catalog.archive().row({ 5, u"Fünf"_s, 77, u"Sta1|a|b|End1"_s, true, u"0"_s });
     open<EditCdDialog>(5);
-    EXPECT_EQ(
-        control<QLineEdit>("Text1")->text() + control<QLabel>("Label3")->text(), u"FünfVorhanden! ID: 77"_s);
-    auto *list2 = control<QListWidget>("List2");
+    EXPECT_EQ(control<QLineEdit>("titleEdit")->text() + control<QLabel>("imageStatusLabel")->text(),
+        u"FünfVorhanden! ID: 77"_s);
+    auto *comments = control<QListWidget>("commentList");
     m_prompts.answerInput(u"A"_s);
-    emit list2->itemDoubleClicked(list2->item(0)); // edits here, unlike in a new CD
-    setText("Text1", u"Fünf neu"_s);
-    setText("Text4", u"c|d"_s);
-    click("Command9");
+    emit comments->itemDoubleClicked(comments->item(0)); // edits here, unlike in a new CD
+    setText("titleEdit", u"Fünf neu"_s);
+    setText("newCommentEdit", u"c|d"_s);
+    click("addCommentButton");
     coverAndCapture(drive, 100, 50, "3");
     EXPECT_EQ(m_catalog.store().selectByNumber(5).value.imageId, 77);
     save();
@@ -118,15 +119,15 @@ TEST_F(CdEditorTest, SavingRefusesWithItsMessageAndLeavesTheDialogOpen)
 {
     m_catalog.archive().cd(1, u"Eins"_s).cd(5, u"Fünf"_s);
     open<NewCdDialog>();
-    setText("Text1", u"X"_s);
-    setText("Text2", u"005"_s);
+    setText("titleEdit", u"X"_s);
+    setText("numberEdit", u"005"_s);
     save();
     ASSERT_FALSE(m_dialog.isNull()) << "a refusal keeps the dialog open";
     ASSERT_EQ(m_prompts.messages(),
         QStringList {
             u"Fehler! Die gewünschte CD Nummer wird schon verwendet. Bitte geben Sie eine andere CD "
             u"Nummer ein, da jede Nummer nur einmal vergeben werden darf!"_s });
-    EXPECT_EQ(std::tuple(m_prompts.shown()[0].icon, control<QLineEdit>("Text1")->text(),
+    EXPECT_EQ(std::tuple(m_prompts.shown()[0].icon, control<QLineEdit>("titleEdit")->text(),
                   m_catalog.store().selectAll().value.size(), m_reloads.first),
         std::tuple(Prompts::Icon::Critical, u"X"_s, size_t(2), 0));
 }
