@@ -186,7 +186,7 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
         if (autoarchiv)
             run.settings().setValue(SettingKey::autoarchiv, QString::fromLatin1(autoarchiv));
         run.settings().setValue(SettingKey::Standard, u"B"_s);
-        run.program().show<Startup>()->Timer1_Timer(); // the splash's timer ticks at once
+        run.program().show<Startup>()->openNextWindow(); // the splash's timer ticks at once
         run.settle();
         // The splash unloads itself in every branch, leaving the one window.
         ASSERT_EQ(std::tuple(run.form<Startup>(), run.program().loadedCount(),
