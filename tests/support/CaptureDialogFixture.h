@@ -31,8 +31,8 @@ protected:
         MainWindowLink link;
         link.window = &m_window;
         link.selectedNumberText = [selected] { return QString::number(selected); };
-        link.refresh_cdlist = [this] { ++m_reloads.first; };
-        link.sortList1 = [this] { ++m_reloads.second; };
+        link.reloadCdList = [this] { ++m_reloads.first; };
+        link.sortByTitle = [this] { ++m_reloads.second; };
         auto *dialog = new Dialog(m_catalog.session(), m_catalog.settings(), link);
         m_dialog = dialog;
         dialog->show();

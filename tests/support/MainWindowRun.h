@@ -36,8 +36,8 @@ struct MainWindowRun
 
     template <class T = QWidget> T *control(const char *name) const { return ::control<T>(main, name); }
     QString text(const char *label) const { return control<QLabel>(label)->text(); }
-    QListWidget *list() const { return control<QListWidget>("List2"); }
-    QStringList entries(const char *name = "List2") const { return ::entries(control<QListWidget>(name)); }
+    QListWidget *list() const { return control<QListWidget>("cdList"); }
+    QStringList entries(const char *name = "cdList") const { return ::entries(control<QListWidget>(name)); }
     // Selects the entry of a CD by its number, as a click would.
     void select(int number) const
     {
@@ -45,13 +45,13 @@ struct MainWindowRun
             if (list()->item(i)->text().section(QLatin1Char(' '), 0, 0) == QString::number(number))
                 list()->setCurrentRow(i);
     }
-    QString paneShown() const { return control<QStackedWidget>("Frame2")->currentWidget()->objectName(); }
-    void showTab(int tab) const { control<QTabBar>("TabStrip1")->setCurrentIndex(tab - 1); }
+    QString paneShown() const { return control<QStackedWidget>("paneStack")->currentWidget()->objectName(); }
+    void showTab(int tab) const { control<QTabBar>("paneTabs")->setCurrentIndex(tab - 1); }
     // Opens and clicks the node of the image tree at a path of texts below the root, such as
     // "Bilder/alt.zip"; "" is the root.
     void clickNode(const QString &path) const
     {
-        auto *tree = control<QTreeView>("TV");
+        auto *tree = control<QTreeView>("folderTree");
         const QAbstractItemModel *model = tree->model();
         QModelIndex at = model->index(0, 0);
         for (const QString &text : path.split(u'/', Qt::SkipEmptyParts))

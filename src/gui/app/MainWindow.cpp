@@ -59,17 +59,20 @@ MainWindow::MainWindow(Program &program)
     setWindowIcon(QIcon(resources::programIcon()));
     Session &session = m_program.session();
 
-    m_browser = new ImageBrowser(session, m_program.settings(), m_ui->TV, m_ui->LV, m_ui->Check1, this);
+    m_browser = new ImageBrowser(
+        session, m_program.settings(), m_ui->folderTree, m_ui->fileList, m_ui->noIconsCheck, this);
     m_detail = std::make_unique<CdDetailView>(m_program,
-        CdDetailControls { m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->Label8, m_ui->lblsn, m_ui->Picture2,
-            m_ui->lblDateien, m_ui->lblOrdner, m_ui->Frame2, m_ui->fr_2 },
+        CdDetailControls { m_ui->cdList, m_ui->commentList, m_ui->titleLabel, m_ui->numberLabel,
+            m_ui->serialLabel, m_ui->coverPicture, m_ui->fileCountLabel, m_ui->folderCountLabel,
+            m_ui->paneStack, m_ui->imagePage },
         *m_browser);
     m_search = new SearchWindows(session, m_program.settings(),
-        SearchLink { m_ui->List2, m_ui->lblsn, m_ui->Label8, m_ui->Text2 }, this);
+        SearchLink { m_ui->cdList, m_ui->serialLabel, m_ui->numberLabel, m_ui->titleLabel }, this);
     connect(m_search, &SearchWindows::windowLoaded, &m_program, &Program::adopt);
     m_program.setOpener(QStringLiteral("PrintDialog"), [this](Program &program) {
-        program.show<PrintDialog>(PrintLink { m_ui->List2, m_ui->List1, m_ui->Text2, m_ui->lblsn, m_ui->lblDateien,
-            m_ui->lblOrdner, m_ui->Picture2, [this] { m_ui->TabStrip1->setCurrentIndex(1); },
+        program.show<PrintDialog>(PrintLink { m_ui->cdList, m_ui->commentList, m_ui->titleLabel,
+            m_ui->serialLabel, m_ui->fileCountLabel, m_ui->folderCountLabel, m_ui->coverPicture,
+            [this] { m_ui->paneTabs->setCurrentIndex(1); },
             [this]() -> const FolderTree & { return m_browser->folderTree(); },
             [this] { return m_browser->selectedNode(); } });
     });
@@ -86,48 +89,49 @@ MainWindow::MainWindow(Program &program)
         }
     });
     m_trayClock.start();
-    m_timer1 = new QTimer(this);
-    m_timer1->setObjectName(QStringLiteral("Timer1"));
-    m_timer1->setSingleShot(true);
-    m_timer1->setInterval(10);
-    connect(m_timer1, &QTimer::timeout, m_browser, &ImageBrowser::fitColumns);
+    m_columnFitTimer = new QTimer(this);
+    m_columnFitTimer->setObjectName(QStringLiteral("columnFitTimer"));
+    m_columnFitTimer->setSingleShot(true);
+    m_columnFitTimer->setInterval(10);
+    connect(m_columnFitTimer, &QTimer::timeout, m_browser, &ImageBrowser::fitColumns);
 
     buildToolbar();
     buildTabs();
     connectMenus();
 
-    connect(m_ui->List2, &QListWidget::currentRowChanged, this, [this](int row) {
+    connect(m_ui->cdList, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0)
-            List2_Click();
+            showSelectedCd();
     });
-    m_ui->List2->viewport()->installEventFilter(this);
-    connect(m_ui->Command5, &QPushButton::clicked, m_browser, &ImageBrowser::expandAllFolders);
-    connect(m_ui->Command6, &QPushButton::clicked, m_browser, &ImageBrowser::collapseAllFolders);
-    connect(m_ui->Command7, &QPushButton::clicked, this, [this] { m_program.open(QStringLiteral("PrintDialog")); });
+    m_ui->cdList->viewport()->installEventFilter(this);
+    connect(m_ui->expandAllButton, &QPushButton::clicked, m_browser, &ImageBrowser::expandAllFolders);
+    connect(m_ui->collapseAllButton, &QPushButton::clicked, m_browser, &ImageBrowser::collapseAllFolders);
+    connect(m_ui->printTreeButton, &QPushButton::clicked, this,
+        [this] { m_program.open(QStringLiteral("PrintDialog")); });
 
     // The bar's clamps are the layout's own: the list's frame would otherwise hold it at the
     // width of its title.
-    m_ui->Frame3->setMinimumWidth(twipsToPixels(SplitterLimits::mainWindow().objectLeftMinWidth));
-    m_ui->splitterMain->setStretchFactor(0, 0);
-    m_ui->splitterMain->setStretchFactor(1, 1);
-    m_ui->splitterMain->installEventFilter(this);
-    connect(m_ui->splitterMain, &QSplitter::splitterMoved, this, &MainWindow::layoutPanes);
-    // The tree's pane may get narrow: its print button then goes (see splitterStep), and the
-    // buttons under the tree don't hold the pane open.
-    m_ui->Frame5->setMinimumWidth(twipsToPixels(600));
-    m_ui->Command7->setMinimumWidth(1);
-    m_ui->Splitter1->installEventFilter(this);
-    connect(m_ui->Splitter1, &QSplitter::splitterMoved, this, &MainWindow::splitterStep);
+    m_ui->cdListBox->setMinimumWidth(twipsToPixels(SplitterLimits::mainWindow().objectLeftMinWidth));
+    m_ui->mainSplitter->setStretchFactor(0, 0);
+    m_ui->mainSplitter->setStretchFactor(1, 1);
+    m_ui->mainSplitter->installEventFilter(this);
+    connect(m_ui->mainSplitter, &QSplitter::splitterMoved, this, &MainWindow::layoutPanes);
+    // The tree's pane may get narrow: its print button then goes (see fitPrintTreeButton), and
+    // the buttons under the tree don't hold the pane open.
+    m_ui->treePane->setMinimumWidth(twipsToPixels(600));
+    m_ui->printTreeButton->setMinimumWidth(1);
+    m_ui->imageSplitter->installEventFilter(this);
+    connect(m_ui->imageSplitter, &QSplitter::splitterMoved, this, &MainWindow::fitPrintTreeButton);
     setMinimumWidth(twipsToPixels(kResizeWidthFloor));
 
     setWindowTitle(windowTitle() + QStringLiteral("   |   Archiv: ") + session.archiveName);
-    refresh_cdlist();
+    reloadCdList();
     if (isMinimizedStart(m_program.commandLine())) {
         m_tray->setToolTip(QStringLiteral("Silberbuch 5.1"));
         m_tray->show();
     }
-    getsettings();
-    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+    restoreLayout();
+    m_ui->cdCountLabel->setText(QString::number(m_ui->cdList->count()));
 }
 
 MainWindow::~MainWindow() = default;
@@ -138,40 +142,44 @@ void MainWindow::buildToolbar()
     const struct
     {
         const char *key;
+        const char *name;
         const char *tip;
         const char *icon;
         QStyle::StandardPixmap fallback;
     } buttons[] = {
-        { "a", "In ein anderes Archiv wechseln", "document-open-symbolic", QStyle::SP_DialogOpenButton },
-        { "b", nullptr, nullptr, QStyle::SP_CustomBase },
-        { "c", "Neue CD hinzufügen", "list-add-symbolic", QStyle::SP_FileDialogNewFolder },
-        { "d", "Suchen nach Dateien oder Kommentaren", "edit-find-symbolic",
+        { "a", "changeArchiveButton", "In ein anderes Archiv wechseln", "document-open-symbolic",
+            QStyle::SP_DialogOpenButton },
+        { "b", nullptr, nullptr, nullptr, QStyle::SP_CustomBase },
+        { "c", "newCdButton", "Neue CD hinzufügen", "list-add-symbolic", QStyle::SP_FileDialogNewFolder },
+        { "d", "searchButton", "Suchen nach Dateien oder Kommentaren", "edit-find-symbolic",
             QStyle::SP_FileDialogContentsView },
-        { "e", "Drucken", "document-print-symbolic", QStyle::SP_ComputerIcon },
-        { "f", nullptr, nullptr, QStyle::SP_CustomBase },
-        { "g", "CD Kommentare anzeigen", "format-justify-left-symbolic", QStyle::SP_FileDialogDetailedView },
-        { "h", "Abbild dieser CD anzeigen", "media-optical-symbolic", QStyle::SP_DriveCDIcon },
-        { "i", "CD Cover und Zusatz-Informationen anzeigen", "image-x-generic-symbolic",
+        { "e", "printButton", "Drucken", "document-print-symbolic", QStyle::SP_ComputerIcon },
+        { "f", nullptr, nullptr, nullptr, QStyle::SP_CustomBase },
+        { "g", "commentsTabButton", "CD Kommentare anzeigen", "format-justify-left-symbolic",
+            QStyle::SP_FileDialogDetailedView },
+        { "h", "imageTabButton", "Abbild dieser CD anzeigen", "media-optical-symbolic",
+            QStyle::SP_DriveCDIcon },
+        { "i", "coverTabButton", "CD Cover und Zusatz-Informationen anzeigen", "image-x-generic-symbolic",
             QStyle::SP_FileIcon },
-        { "j", nullptr, nullptr, QStyle::SP_CustomBase },
-        { "k", "Für diese CD ein neues CD-Abbild erstellen", "drive-optical-symbolic",
+        { "j", nullptr, nullptr, nullptr, QStyle::SP_CustomBase },
+        { "k", "newImageButton", "Für diese CD ein neues CD-Abbild erstellen", "drive-optical-symbolic",
             QStyle::SP_DriveDVDIcon },
-        { "l", "CD bearbeiten", "document-edit-symbolic", QStyle::SP_FileDialogInfoView },
-        { "m", "Diese CD löschen", "edit-delete-symbolic", QStyle::SP_TrashIcon },
-        { "n", nullptr, nullptr, QStyle::SP_CustomBase },
-        { "o", "Optionen", "emblem-system-symbolic", QStyle::SP_FileDialogListView },
-        { "p", nullptr, nullptr, QStyle::SP_CustomBase },
-        { "q", "Programm beenden", "application-exit-symbolic", QStyle::SP_DialogCloseButton },
+        { "l", "editCdButton", "CD bearbeiten", "document-edit-symbolic", QStyle::SP_FileDialogInfoView },
+        { "m", "deleteCdButton", "Diese CD löschen", "edit-delete-symbolic", QStyle::SP_TrashIcon },
+        { "n", nullptr, nullptr, nullptr, QStyle::SP_CustomBase },
+        { "o", "optionsButton", "Optionen", "emblem-system-symbolic", QStyle::SP_FileDialogListView },
+        { "p", nullptr, nullptr, nullptr, QStyle::SP_CustomBase },
+        { "q", "quitButton", "Programm beenden", "application-exit-symbolic", QStyle::SP_DialogCloseButton },
     };
     for (const auto &button : buttons) {
         const QString key = QString::fromLatin1(button.key);
-        QAction *action = button.tip ? m_ui->Toolbar1->addAction(
+        QAction *action = button.tip ? m_ui->toolBar->addAction(
                               themeIcon(button.icon, button.fallback, style), QString::fromUtf8(button.tip))
-                                     : m_ui->Toolbar1->addSeparator();
-        action->setObjectName(key);
+                                     : m_ui->toolBar->addSeparator();
         if (button.tip) {
+            action->setObjectName(QString::fromLatin1(button.name));
             action->setToolTip(QString::fromUtf8(button.tip));
-            connect(action, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
+            connect(action, &QAction::triggered, this, [this, key] { runToolbarButton(key); });
         }
     }
 }
@@ -184,7 +192,7 @@ void MainWindow::buildTabs()
         const char *tip;
     } tabs[] = { { "CD Kommentare!", "Der manuell eingegebene CD-Inhalt" },
         { "CD Abbild", "Das Datenabbild" }, { "CD Cover / Infos ", "Zusätzliche Informationen zur CD" } };
-    QTabBar *bar = m_ui->TabStrip1;
+    QTabBar *bar = m_ui->paneTabs;
     bar->setDrawBase(false);
     bar->setExpanding(false);
     for (const auto &tab : tabs) {
@@ -193,7 +201,7 @@ void MainWindow::buildTabs()
     }
     // Tabs added before the window is shown don't tell the layout their height by themselves.
     bar->updateGeometry();
-    connect(bar, &QTabBar::currentChanged, this, &MainWindow::TabStrip1_Click);
+    connect(bar, &QTabBar::currentChanged, this, &MainWindow::showSelectedTab);
 }
 
 void MainWindow::connectMenus()
@@ -201,37 +209,38 @@ void MainWindow::connectMenus()
     Ui::MainWindow &ui = *m_ui;
     const auto openNamed
         = [this](const char *name) { return [this, name] { m_program.open(QString::fromLatin1(name)); }; };
-    connect(ui.newarchivieren, &QAction::triggered, this, &MainWindow::showNewCd);
-    connect(ui.open, &QAction::triggered, this, &MainWindow::open_Click);
-    connect(ui.mnuImport, &QAction::triggered, this, openNamed("ImportDialog"));
-    connect(ui.mnuExport, &QAction::triggered, this, openNamed("ExportDialog"));
-    connect(ui.close, &QAction::triggered, this, &MainWindow::unloadall);
-    connect(ui.mnunewCD, &QAction::triggered, this, &MainWindow::showNewCd);
-    connect(ui.mnueditCD, &QAction::triggered, this, &MainWindow::changecd2);
-    connect(ui.mnudeleteCD, &QAction::triggered, this, &MainWindow::mnudeleteCD_Click);
-    connect(ui.sortListe, &QAction::triggered, this, &MainWindow::sortListe_Click);
-    connect(ui.sortNummer, &QAction::triggered, this, &MainWindow::sortNummer_Click);
-    connect(ui.mnusearch2, &QAction::triggered, this, [this] {
+    connect(ui.archiveNewCdAction, &QAction::triggered, this, &MainWindow::showNewCd);
+    connect(ui.changeArchiveAction, &QAction::triggered, this, &MainWindow::changeArchive);
+    connect(ui.importAction, &QAction::triggered, this, openNamed("ImportDialog"));
+    connect(ui.exportAction, &QAction::triggered, this, openNamed("ExportDialog"));
+    connect(ui.quitAction, &QAction::triggered, this, &MainWindow::endRun);
+    connect(ui.addCdAction, &QAction::triggered, this, &MainWindow::showNewCd);
+    connect(ui.editCdAction, &QAction::triggered, this, &MainWindow::editSelectedCd);
+    connect(ui.deleteCdAction, &QAction::triggered, this, &MainWindow::deleteSelectedCd);
+    connect(ui.sortByTitleAction, &QAction::triggered, this, &MainWindow::sortByTitle);
+    connect(ui.sortByNumberAction, &QAction::triggered, this, &MainWindow::sortByNumber);
+    connect(ui.searchAction, &QAction::triggered, this, [this] {
         setCurrentCdFromSelection();
         showSearch();
     });
-    connect(ui.printt, &QAction::triggered, this, openNamed("PrintDialog"));
-    connect(ui.mnuoptionss, &QAction::triggered, this, openNamed("OptionsDialog"));
-    connect(ui.hilfe, &QAction::triggered, this, &MainWindow::hilfe_Click);
-    connect(ui.mnusupport, &QAction::triggered, this, [this] {
+    connect(ui.printAction, &QAction::triggered, this, openNamed("PrintDialog"));
+    connect(ui.optionsAction, &QAction::triggered, this, openNamed("OptionsDialog"));
+    connect(ui.helpAction, &QAction::triggered, this, &MainWindow::showHelp);
+    connect(ui.supportAction, &QAction::triggered, this, [this] {
         shellopen::open(this, QUrl(QStringLiteral("mailto:") + service::vendorMailAddress()
             + QStringLiteral("?Subject=Supportanfrage Silberbuch 5.0&Body=")));
     });
-    connect(ui.mnuwunsch, &QAction::triggered, this, openNamed("WishDialog"));
-    connect(ui.mnuUpdate, &QAction::triggered, this, openNamed("UpdateCheckDialog"));
-    connect(ui.mnusofthome, &QAction::triggered, this, [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
-    connect(ui.about3, &QAction::triggered, this, openNamed("AboutDialog"));
-    connect(ui.mntray, &QAction::triggered, this, &MainWindow::mntray_Click);
+    connect(ui.wishAction, &QAction::triggered, this, openNamed("WishDialog"));
+    connect(ui.updateCheckAction, &QAction::triggered, this, openNamed("UpdateCheckDialog"));
+    connect(ui.homepageAction, &QAction::triggered, this,
+        [this] { shellopen::open(this, QUrl(service::vendorWebAddress())); });
+    connect(ui.aboutAction, &QAction::triggered, this, openNamed("AboutDialog"));
+    connect(ui.trayAction, &QAction::triggered, this, &MainWindow::goToTrayFromMenu);
 
     // "In Tray" stands on its own at the right end of the menu bar.
     auto *corner = new QMenuBar(menuBar());
     corner->setObjectName(QStringLiteral("trayBar"));
-    corner->addAction(ui.mntray);
+    corner->addAction(ui.trayAction);
     menuBar()->setCornerWidget(corner, Qt::TopRightCorner);
 }
 
@@ -239,9 +248,9 @@ MainWindowLink MainWindow::link()
 {
     MainWindowLink link;
     link.window = this;
-    link.selectedNumberText = [this] { return m_ui->Label8->text(); };
-    link.refresh_cdlist = [this] { refresh_cdlist(); };
-    link.sortList1 = [this] { sortList1(); };
+    link.selectedNumberText = [this] { return m_ui->numberLabel->text(); };
+    link.reloadCdList = [this] { reloadCdList(); };
+    link.sortByTitle = [this] { sortByTitle(); };
     return link;
 }
 
@@ -250,18 +259,18 @@ MainWindowLink MainWindow::link()
 void MainWindow::fillList(const QStringList &entries)
 {
     // Filling and emptying the list selects nothing, so the display stays.
-    const QSignalBlocker quiet(m_ui->List2);
-    m_ui->List2->clear();
-    m_ui->List2->addItems(entries);
+    const QSignalBlocker quiet(m_ui->cdList);
+    m_ui->cdList->clear();
+    m_ui->cdList->addItems(entries);
     // Marks "no current entry" as chosen, so that taking the focus selects nothing.
-    m_ui->List2->setCurrentIndex(QModelIndex());
+    m_ui->cdList->setCurrentIndex(QModelIndex());
 }
 
-void MainWindow::refresh_cdlist()
+void MainWindow::reloadCdList()
 {
-    const int remembered = m_ui->List2->currentRow();
+    const int remembered = m_ui->cdList->currentRow();
     fillList({});
-    m_ui->List1->clear();
+    m_ui->commentList->clear();
     // An archive of the Windows version becomes ours when it is first listed.
     const JetConversion conversion = convertIfJet(m_program.session().archivePath);
     if (!conversion.ok()) {
@@ -282,36 +291,31 @@ void MainWindow::refresh_cdlist()
     if (!fill.error.isEmpty())
         Prompts::message(this, fill.error, Prompts::Icon::Critical);
     // The row, not the CD: after a change the same row may hold another CD.
-    if (remembered >= 0 && remembered < m_ui->List2->count())
-        m_ui->List2->setCurrentRow(remembered);
-    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+    if (remembered >= 0 && remembered < m_ui->cdList->count())
+        m_ui->cdList->setCurrentRow(remembered);
+    m_ui->cdCountLabel->setText(QString::number(m_ui->cdList->count()));
 }
 
-void MainWindow::sortList1()
+void MainWindow::sortByTitle()
 {
     QStringList entries;
-    for (int i = 0; i < m_ui->List2->count(); ++i)
-        entries << m_ui->List2->item(i)->text();
+    for (int i = 0; i < m_ui->cdList->count(); ++i)
+        entries << m_ui->cdList->item(i)->text();
     bool &sorted = m_program.session().listSorted;
     cdlist::sortList1(entries, sorted);
     if (!entries.isEmpty())
         fillList(entries);
 }
 
-void MainWindow::sortListe_Click()
+void MainWindow::sortByNumber()
 {
-    sortList1();
-}
-
-void MainWindow::sortNummer_Click()
-{
-    refresh_cdlist();
+    reloadCdList();
     m_program.session().listSorted = false;
 }
 
 int16_t MainWindow::selectedCd() const
 {
-    const QListWidgetItem *entry = m_ui->List2->currentItem();
+    const QListWidgetItem *entry = m_ui->cdList->currentItem();
     if (!entry)
         return -1;
     return cdlist::numberOf(entry->text()).value_or(-1);
@@ -322,13 +326,13 @@ void MainWindow::setCurrentCdFromSelection()
     m_program.session().currentCd = selectedCd();
 }
 
-void MainWindow::mnudeleteCD_Click()
+void MainWindow::deleteSelectedCd()
 {
     setCurrentCdFromSelection();
-    deletecd(m_program.session().currentCd);
+    deleteCd(m_program.session().currentCd);
 }
 
-void MainWindow::deletecd(int16_t number, bool quietFailure)
+void MainWindow::deleteCd(int16_t number, bool quietFailure)
 {
     if (number < 0) {
         Prompts::message(this, cdlist::noCdSelectedMessage(), Prompts::Icon::Critical);
@@ -342,17 +346,17 @@ void MainWindow::deletecd(int16_t number, bool quietFailure)
             return;
         }
         {
-            const QSignalBlocker quiet(m_ui->List2);
-            delete m_ui->List2->takeItem(m_ui->List2->currentRow());
-            m_ui->List2->setCurrentRow(-1);
+            const QSignalBlocker quiet(m_ui->cdList);
+            delete m_ui->cdList->takeItem(m_ui->cdList->currentRow());
+            m_ui->cdList->setCurrentRow(-1);
         }
         Prompts::message(this, cdlist::deletedMessage(), Prompts::Icon::Information);
-        m_ui->List1->clear();
+        m_ui->commentList->clear();
     }
-    m_ui->Label9->setText(QString::number(m_ui->List2->count()));
+    m_ui->cdCountLabel->setText(QString::number(m_ui->cdList->count()));
 }
 
-void MainWindow::List2_Click()
+void MainWindow::showSelectedCd()
 {
     m_detail->showSelectedCd();
 }
@@ -361,25 +365,25 @@ void MainWindow::List2_Click()
 
 int MainWindow::selectedTab() const
 {
-    return m_ui->TabStrip1->currentIndex() + 1;
+    return m_ui->paneTabs->currentIndex() + 1;
 }
 
 void MainWindow::showPane(int tab)
 {
-    QWidget *panes[] = { m_ui->fr_1, m_ui->fr_2, m_ui->fr_3 };
-    m_ui->Frame2->setCurrentWidget(panes[tab - 1]);
+    QWidget *panes[] = { m_ui->commentsPage, m_ui->imagePage, m_ui->coverPage };
+    m_ui->paneStack->setCurrentWidget(panes[tab - 1]);
 }
 
-void MainWindow::TabStrip1_Click()
+void MainWindow::showSelectedTab()
 {
     const int tab = selectedTab();
-    if (tab != 2 || !m_ui->List2->currentItem()) {
+    if (tab != 2 || !m_ui->cdList->currentItem()) {
         showPane(tab);
         return;
     }
     if (!m_detail->imagePresent()) {
         Prompts::message(this, QStringLiteral("Kein CD Abbild vorhanden!"));
-        m_ui->TabStrip1->setCurrentIndex(0);
+        m_ui->paneTabs->setCurrentIndex(0);
         return;
     }
     showPane(2);
@@ -388,7 +392,7 @@ void MainWindow::TabStrip1_Click()
 
 // ---- layout ---------------------------------------------------------------------------
 
-void MainWindow::getsettings()
+void MainWindow::restoreLayout()
 {
     const LayoutLoad load = loadMainWindowLayout(m_program.settings());
     for (const QString &message : load.messages)
@@ -399,11 +403,11 @@ void MainWindow::getsettings()
         setWindowState(windowState() | Qt::WindowMinimized);
     else if (layout.windowState == MainWindowLayout::Maximized)
         setWindowState(windowState() | Qt::WindowMaximized);
-    m_ui->TabStrip1->setCurrentIndex(layout.tab - 1);
-    if (!m_ui->List2->currentItem())
+    m_ui->paneTabs->setCurrentIndex(layout.tab - 1);
+    if (!m_ui->cdList->currentItem())
         showPane(layout.tab);
     if (layout.sorted)
-        sortListe_Click();
+        sortByTitle();
 }
 
 void MainWindow::storeLayout()
@@ -422,7 +426,7 @@ void MainWindow::storeLayout()
 
 void MainWindow::layoutPanes()
 {
-    QSplitter *splitter = m_ui->splitterMain;
+    QSplitter *splitter = m_ui->mainSplitter;
     const QList<int> sizes = splitter->sizes();
     if (sizes.size() != 2)
         return;
@@ -439,22 +443,22 @@ void MainWindow::layoutPanes()
             static_cast<float>(pixelsToTwips(pane->height())) };
     };
     const SplitterLayout layout
-        = layoutSplitter(limits, barLeft, window, box(m_ui->Frame3), box(m_ui->Frame1));
+        = layoutSplitter(limits, barLeft, window, box(m_ui->cdListBox), box(m_ui->cdPane));
     const int left = twipsToPixels(layout.left.width);
     const int total = splitter->width() - splitter->handleWidth();
     splitter->setSizes({ left, std::max(total - left, 0) });
 }
 
-void MainWindow::splitterStep()
+void MainWindow::fitPrintTreeButton()
 {
     // The print button goes where the tree's pane is narrow, and also where its caption would
     // be cut: a button reading "Ordnerstruk" helps nobody.
-    const QList<int> sizes = m_ui->Splitter1->sizes();
+    const QList<int> sizes = m_ui->imageSplitter->sizes();
     // The caption needs its room beside the two buttons that open and close the nodes.
-    const int row = m_ui->Command5->width() + m_ui->Command6->width() + 2 * m_ui->treeButtons->spacing()
-        + m_ui->Command7->sizeHint().width();
+    const int row = m_ui->expandAllButton->width() + m_ui->collapseAllButton->width()
+        + 2 * m_ui->treeButtons->spacing() + m_ui->printTreeButton->sizeHint().width();
     const bool room = !sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom && sizes[0] >= row;
-    m_ui->Command7->setVisible(room);
+    m_ui->printTreeButton->setVisible(room);
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)
@@ -462,31 +466,31 @@ void MainWindow::resizeEvent(QResizeEvent *event)
     QMainWindow::resizeEvent(event);
     if (windowState().testFlag(Qt::WindowMinimized))
         return;
-    m_timer1->start();
+    m_columnFitTimer->start();
 }
 
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_ui->splitterMain && event->type() == QEvent::Resize) {
+    if (watched == m_ui->mainSplitter && event->type() == QEvent::Resize) {
         layoutPanes();
-    } else if (watched == m_ui->Splitter1 && event->type() == QEvent::Resize) {
+    } else if (watched == m_ui->imageSplitter && event->type() == QEvent::Resize) {
         // The tree keeps its share of the image tab whatever the tab's width.
-        const int width = m_ui->Splitter1->width() - m_ui->Splitter1->handleWidth();
-        const QList<int> sizes = m_ui->Splitter1->sizes();
+        const int width = m_ui->imageSplitter->width() - m_ui->imageSplitter->handleWidth();
+        const QList<int> sizes = m_ui->imageSplitter->sizes();
         const int share = sizes.size() == 2 && sizes[0] + sizes[1] > 0 && m_treeShareSet
             ? sizes[0] * 100 / (sizes[0] + sizes[1])
             : treeSharePercent;
         m_treeShareSet = true;
-        m_ui->Splitter1->setSizes({ width * share / 100, width - width * share / 100 });
-        splitterStep();
-    } else if (watched == m_ui->List2->viewport() && event->type() == QEvent::MouseButtonPress) {
+        m_ui->imageSplitter->setSizes({ width * share / 100, width - width * share / 100 });
+        fitPrintTreeButton();
+    } else if (watched == m_ui->cdList->viewport() && event->type() == QEvent::MouseButtonPress) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         if (mouse->button() == Qt::RightButton) {
             // The row under the pointer is selected and offered the CD menu; below the
             // last row nothing happens.
-            if (QListWidgetItem *item = m_ui->List2->itemAt(mouse->position().toPoint())) {
-                m_ui->List2->setCurrentItem(item);
-                m_ui->mCD->popup(mouse->globalPosition().toPoint());
+            if (QListWidgetItem *item = m_ui->cdList->itemAt(mouse->position().toPoint())) {
+                m_ui->cdList->setCurrentItem(item);
+                m_ui->cdMenu->popup(mouse->globalPosition().toPoint());
             }
             return true;
         }
@@ -496,14 +500,14 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 
 // ---- commands -------------------------------------------------------------------------
 
-void MainWindow::Toolbar1_ButtonClick(const QString &key)
+void MainWindow::runToolbarButton(const QString &key)
 {
     setCurrentCdFromSelection();
     const int16_t cd = m_program.session().currentCd;
     const char k = key.isEmpty() ? ' ' : key.at(0).toLatin1();
     switch (k) {
     case 'a':
-        open_Click();
+        changeArchive();
         break;
     case 'c':
         showNewCd();
@@ -517,29 +521,29 @@ void MainWindow::Toolbar1_ButtonClick(const QString &key)
     case 'g':
     case 'h':
     case 'i':
-        m_ui->TabStrip1->setCurrentIndex(k - 'g');
+        m_ui->paneTabs->setCurrentIndex(k - 'g');
         break;
     case 'k':
-        abbild2();
+        captureNewImage();
         break;
     case 'l':
-        changecd2();
+        editSelectedCd();
         break;
     case 'm':
-        deletecd(cd, true);
+        deleteCd(cd, true);
         break;
     case 'o':
         m_program.open(QStringLiteral("OptionsDialog"));
         break;
     case 'q':
-        unloadall();
+        endRun();
         break;
     default:
         break;
     }
 }
 
-void MainWindow::open_Click()
+void MainWindow::changeArchive()
 {
     Program &program = m_program;
     program.session().changingArchive = true;
@@ -569,21 +573,21 @@ bool MainWindow::selectCurrentCd()
 
 void MainWindow::showNewCd()
 {
-    showDialog(m_newCD);
+    showDialog(m_newCdDialog);
 }
 
-void MainWindow::changecd2()
+void MainWindow::editSelectedCd()
 {
     if (selectCurrentCd())
-        showDialog(m_changecd);
+        showDialog(m_editCdDialog);
 }
 
-void MainWindow::abbild2()
+void MainWindow::captureNewImage()
 {
     if (!selectCurrentCd())
         return;
     m_program.session().captureMode = QStringLiteral("1");
-    showDialog(m_abbild);
+    showDialog(m_captureDialog);
 }
 
 void MainWindow::showSearch()
@@ -591,7 +595,7 @@ void MainWindow::showSearch()
     m_search->showSearch();
 }
 
-void MainWindow::hilfe_Click()
+void MainWindow::showHelp()
 {
     // The page travels with the program and is put into the program folder for the browser,
     // unless one lies there already: the user's own page is never overwritten.
@@ -601,7 +605,7 @@ void MainWindow::hilfe_Click()
     shellopen::open(this, QUrl::fromLocalFile(path));
 }
 
-void MainWindow::mntray_Click()
+void MainWindow::goToTrayFromMenu()
 {
     goToTray();
     if (!tray::available() && !m_noTraySaid) {
@@ -627,7 +631,7 @@ void MainWindow::goToTray()
     }
 }
 
-void MainWindow::unloadall()
+void MainWindow::endRun()
 {
     m_tray->hide();
     m_program.unloadAll();
@@ -637,6 +641,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     storeLayout();
     hide();
-    unloadall();
+    endRun();
     QMainWindow::closeEvent(event);
 }

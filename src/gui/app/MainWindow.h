@@ -39,34 +39,34 @@ public:
 
     // Reloads the CD list from the archive in its stored order; the row selected before is
     // selected again, whichever CD it holds now.
-    void refresh_cdlist();
+    void reloadCdList();
     // Sorts the CD list by title.
-    void sortList1();
+    void sortByTitle();
     // Deletes the CD after asking. A failure of the delete is reported from the menu and
     // swallowed from the toolbar, where the list stays as it was.
-    void deletecd(int16_t number, bool quietFailure = false);
+    void deleteCd(int16_t number, bool quietFailure = false);
     // Lays the window out as it was stored when it closed the last time.
-    void getsettings();
-    // Hides the window behind an icon in the tray.
-    void mntray_Click();
+    void restoreLayout();
+    // The menu's way to the tray: as goToTray, and where the desktop has no tray it says once
+    // that the window was minimized instead.
+    void goToTrayFromMenu();
     // To the tray, or minimized where the desktop has none; the start with -minimized.
     void goToTray();
     // Ends the run: tray icon gone, every window unloaded.
-    void unloadall();
+    void endRun();
     // A new image for the selected CD.
-    void abbild2();
+    void captureNewImage();
     // Edits the selected CD.
-    void changecd2();
+    void editSelectedCd();
 
     // The menu and toolbar commands.
-    void sortListe_Click();
-    void sortNummer_Click();
-    void mnudeleteCD_Click();
-    void Toolbar1_ButtonClick(const QString &key);
-    void open_Click();
-    void hilfe_Click();
-    void List2_Click();
-    void TabStrip1_Click();
+    void sortByNumber();
+    void deleteSelectedCd();
+    void runToolbarButton(const QString &key);
+    void changeArchive();
+    void showHelp();
+    void showSelectedCd();
+    void showSelectedTab();
 
     // The number of the CD selected in the list, -1 with none selected.
     int16_t selectedCd() const;
@@ -89,7 +89,7 @@ private:
     void showPane(int tab);
     void setCurrentCdFromSelection();
     void layoutPanes();
-    void splitterStep();
+    void fitPrintTreeButton();
     void storeLayout();
     void fillList(const QStringList &entries);
     void showNewCd();
@@ -107,9 +107,9 @@ private:
     bool m_noTraySaid = false; // the missing tray is told once a run
     TrayDoubleClick m_trayClicks { QGuiApplication::styleHints()->mouseDoubleClickInterval() };
     QElapsedTimer m_trayClock;
-    QTimer *m_timer1; // the list's column widths, shortly after a resize
-    QPointer<NewCdDialog> m_newCD;
-    QPointer<EditCdDialog> m_changecd;
-    QPointer<CaptureDialog> m_abbild;
+    QTimer *m_columnFitTimer; // the list's column widths, shortly after a resize
+    QPointer<NewCdDialog> m_newCdDialog;
+    QPointer<EditCdDialog> m_editCdDialog;
+    QPointer<CaptureDialog> m_captureDialog;
     bool m_treeShareSet = false; // the tree's share of the image tab was laid out once
 };

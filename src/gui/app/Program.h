@@ -14,9 +14,9 @@
 class Settings;
 
 // One run of the desktop program: the shared session, the settings, the command line and the
-// windows that are loaded. Each window is a single instance known by its class name, which is
-// its designer name; it is created on first use and gone once it is unloaded. When the last
-// window has gone, allUnloaded() tells the program to end.
+// windows that are loaded. Each window is a single instance known by its class name; it is
+// created on first use and gone once it is unloaded. When the last window has gone,
+// allUnloaded() tells the program to end.
 class Program : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ public:
     // Unloads every window, the last loaded first.
     void unloadAll();
 
-    // Windows that other parts of the program provide, opened by their designer name. Without
+    // Windows that other parts of the program provide, opened by their class name. Without
     // an opener for the name nothing happens, and open() says so.
     using Opener = std::function<void(Program &)>;
     void setOpener(const QString &name, Opener opener);

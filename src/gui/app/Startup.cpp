@@ -27,7 +27,7 @@ const QRgb keyColour = qRgb(255, 0, 0);
 Startup::Startup(Program &program)
     : QWidget(nullptr, Qt::FramelessWindowHint | Qt::SplashScreen)
     , m_program(program)
-    , m_timer(new QTimer(this))
+    , m_nextWindowTimer(new QTimer(this))
 {
     m_program.adopt(this);
     resources::init();
@@ -40,19 +40,19 @@ Startup::Startup(Program &program)
         shape += run;
     setMask(shape);
 
-    m_timer->setObjectName(QStringLiteral("Timer1"));
-    m_timer->setSingleShot(true);
-    m_timer->setInterval(1000);
-    connect(m_timer, &QTimer::timeout, this, &Startup::Timer1_Timer);
+    m_nextWindowTimer->setObjectName(QStringLiteral("nextWindowTimer"));
+    m_nextWindowTimer->setSingleShot(true);
+    m_nextWindowTimer->setInterval(1000);
+    connect(m_nextWindowTimer, &QTimer::timeout, this, &Startup::openNextWindow);
 
     // A failed step leaves Start at "1": the next tick takes the first-start road.
     prepareDataFolder(m_program.dataFolder(), m_program.settings());
-    m_timer->start();
+    m_nextWindowTimer->start();
 }
 
-void Startup::Timer1_Timer()
+void Startup::openNextWindow()
 {
-    m_timer->stop();
+    m_nextWindowTimer->stop();
     Program &program = m_program;
     const StartDecision decision
         = decideStart(program.settings(), program.dataFolder(), program.commandLine());

@@ -17,8 +17,9 @@ class Startup : public QWidget
 public:
     explicit Startup(Program &program);
 
-    // The tick of the one-shot timer, also for tests that don't wait a second.
-    void Timer1_Timer();
+    // Opens the window that follows and unloads the splash: the tick of the one-shot timer,
+    // also for tests that don't wait a second.
+    void openNextWindow();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -28,6 +29,6 @@ protected:
 private:
     Program &m_program;
     QImage m_picture;
-    QTimer *m_timer;
+    QTimer *m_nextWindowTimer;
     QPoint m_dragOffset;
 };

@@ -11,19 +11,19 @@ WelcomeDialog::WelcomeDialog(Program &program)
 {
     m_program.adopt(this);
     m_ui->setupUi(this);
-    connect(m_ui->Command3, &QPushButton::clicked, this, &WelcomeDialog::Command3_Click);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &WelcomeDialog::Command2_Click);
+    connect(m_ui->newArchiveButton, &QPushButton::clicked, this, &WelcomeDialog::createNewArchive);
+    connect(m_ui->importButton, &QPushButton::clicked, this, &WelcomeDialog::importOlderArchive);
 }
 
 WelcomeDialog::~WelcomeDialog() = default;
 
-void WelcomeDialog::Command3_Click()
+void WelcomeDialog::createNewArchive()
 {
     m_program.show<FirstArchiveDialog>();
     m_program.unload(this);
 }
 
-void WelcomeDialog::Command2_Click()
+void WelcomeDialog::importOlderArchive()
 {
     // The import window ends the run when it closes; while the program has none, the
     // welcome stays.

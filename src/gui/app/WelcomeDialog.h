@@ -21,8 +21,8 @@ public:
     ~WelcomeDialog() override;
 
 private:
-    void Command3_Click();
-    void Command2_Click();
+    void createNewArchive();
+    void importOlderArchive();
 
     Program &m_program;
     std::unique_ptr<Ui::WelcomeDialog> m_ui;

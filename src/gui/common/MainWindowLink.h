@@ -13,16 +13,16 @@
 struct MainWindowLink
 {
     QPointer<QWidget> window; // shown again after a cancel, enabled after a capture
-    std::function<QString()> selectedNumberText; // caption of Label8: the selected CD's number
-    std::function<void()> refresh_cdlist;
-    std::function<void()> sortList1;
+    std::function<QString()> selectedNumberText; // the selected CD's number, as its label shows it
+    std::function<void()> reloadCdList;
+    std::function<void()> sortByTitle;
 
     // After a change of the archive: the list is loaded anew, and sorted again when it stood sorted.
     void refreshList(const Session &session) const
     {
-        if (refresh_cdlist)
-            refresh_cdlist();
-        if (session.listSorted && sortList1)
-            sortList1();
+        if (reloadCdList)
+            reloadCdList();
+        if (session.listSorted && sortByTitle)
+            sortByTitle();
     }
 };

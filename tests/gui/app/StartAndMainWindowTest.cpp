@@ -51,7 +51,7 @@ TEST(DesktopDefects, HelpKeepsAPageThatIsThereAndSaysWhenNothingOpensIt)
         shellopen::ShellRecorder shell;
         if (desktopRefuses)
             shell.refuse();
-        m.main->hilfe_Click();
+        m.main->showHelp();
         EXPECT_EQ(fileBytes(page), present.isEmpty() ? fileBytes(resources::helpPage()) : present);
         EXPECT_EQ(shell.opened(), QList<QUrl> { QUrl::fromLocalFile(page) });
         EXPECT_EQ(m.run.prompts().messages().join(u'|'),
@@ -77,9 +77,9 @@ TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
         m.show();
         const tray::TrayOverride tray(trayThere);
         if (byMenu) {
-            m.main->mntray_Click();
+            m.main->goToTrayFromMenu();
             m.main->showNormal();
-            m.main->mntray_Click();
+            m.main->goToTrayFromMenu();
         } else {
             m.main->goToTray();
         }
@@ -98,7 +98,7 @@ TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
 {
     MainWindowRun m;
     m.show();
-    auto *splitter = m.control<QSplitter>("splitterMain");
+    auto *splitter = m.control<QSplitter>("mainSplitter");
     ASSERT_GT(splitter->sizes().value(0), 100);
     int total = splitter->sizes().value(0) + splitter->sizes().value(1);
     splitter->setSizes({ 30, total - 30 }); // where a drag leaves it
@@ -108,8 +108,8 @@ TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
     EXPECT_GE(splitter->sizes().value(0), twipsToPixels(300));
 
     m.showTab(2);
-    splitter = m.control<QSplitter>("Splitter1");
-    auto *print = m.control<QPushButton>("Command7");
+    splitter = m.control<QSplitter>("imageSplitter");
+    auto *print = m.control<QPushButton>("printTreeButton");
     total = splitter->sizes().value(0) + splitter->sizes().value(1);
     // Just wider than the caption alone: the two buttons beside it leave it too little.
     for (const int treeWidth :
@@ -132,14 +132,14 @@ TEST(MainWindow, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
     MainWindow *main = m.show();
     EXPECT_EQ(main->windowTitle(), u"Silberbuch 5.1  -  Ravelin   |   Archiv: Test"_s);
     EXPECT_EQ(m.entries(), (QStringList { u"3 birne"_s, u"7 Abc"_s, u"12 Zebra"_s }));
-    EXPECT_EQ(m.text("Label9") + u'|' + m.text("Text2"), u"3|Keine CD ausgewählt !"_s);
+    EXPECT_EQ(m.text("cdCountLabel") + u'|' + m.text("titleLabel"), u"3|Keine CD ausgewählt !"_s);
     EXPECT_EQ(std::tuple(main->size(), m.paneShown(), settings.contains(SettingKey::Breite)),
-        std::tuple(QSize(816, 505), u"fr_1"_s, false));
+        std::tuple(QSize(816, 505), u"commentsPage"_s, false));
     main->resize(300, 400);
     EXPECT_GE(main->width(), 600) << "the resize floor";
     main->resize(900, 640);
     m.showTab(3);
-    main->sortListe_Click();
+    main->sortByTitle();
     main->close();
     m.run.settle();
     EXPECT_EQ(std::tuple(settings.value(SettingKey::Breite) + settings.value(SettingKey::Hoehe),
@@ -147,7 +147,7 @@ TEST(MainWindow, LoadShowsTheArchiveAndCloseStoresTheLayoutForTheNextLoad)
         std::tuple(u"135009600"_s, u"0"_s, 0));
 
     main = m.show();
-    EXPECT_EQ(m.entries().first() + u'|' + m.paneShown(), u"7  Abc|fr_3"_s);
+    EXPECT_EQ(m.entries().first() + u'|' + m.paneShown(), u"7  Abc|coverPage"_s);
     main->showMaximized();
     m.run.settle();
     main->close();
@@ -186,7 +186,7 @@ TEST(Startup, EachKindOfStartLeadsToItsWindow)
         if (autoarchiv)
             run.settings().setValue(SettingKey::autoarchiv, QString::fromLatin1(autoarchiv));
         run.settings().setValue(SettingKey::Standard, u"B"_s);
-        run.program().show<Startup>()->Timer1_Timer(); // the splash's timer ticks at once
+        run.program().show<Startup>()->openNextWindow(); // the splash's timer ticks at once
         run.settle();
         // The splash unloads itself in every branch, leaving the one window.
         ASSERT_EQ(std::tuple(run.form<Startup>(), run.program().loadedCount(),

@@ -38,7 +38,7 @@ protected:
     {
         const auto row = static_cast<int>(column(0).split(u'|').indexOf(name));
         ASSERT_GE(row, 0) << name.toStdString();
-        m.control<FileListView>("LV")->detailsView()->setCurrentIndex(m_browser->listModel()->index(row, 0));
+        m.control<FileListView>("fileList")->detailsView()->setCurrentIndex(m_browser->listModel()->index(row, 0));
         m_browser->openSelectedFile();
     }
 
@@ -74,7 +74,7 @@ TEST_F(ImageBrowserTest, ClickingAFolderListsItsFilesInColumnsAndHeaderClicksTur
     const QString folder = QCoreApplication::applicationDirPath() + u"/screenshots"_s;
     EXPECT_TRUE(QDir().mkpath(folder) && m.main->grab().toImage().save(folder + u"/Hauptfenster.png"_s));
     screenshot(m.main, u"hauptfenster-cd-abbild"_s);
-    auto *list = m.control<FileListView>("LV");
+    auto *list = m.control<FileListView>("fileList");
     for (const int width : { 0, 700, 333 }) { // 0: as the folder was shown
         if (width > 0)
             list->resize(width, list->height());

@@ -35,7 +35,7 @@ protected:
         m_main.show();
         if (selected)
             m_main.select(selected);
-        m_main.control<QAction>("printt")->trigger();
+        m_main.control<QAction>("printAction")->trigger();
         m_main.run.settle();
         PrintDialog *form = m_main.run.form<PrintDialog>();
         if (form && option) {
@@ -122,7 +122,7 @@ TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 TEST_F(Form2Test, FolderTreeFromTheImageTab)
 {
     PrintDialog *form = openForm2(7, "Option4");
-    EXPECT_EQ(m_main.paneShown(), u"fr_2"_s);
+    EXPECT_EQ(m_main.paneShown(), u"imagePage"_s);
     const QString text = printToPdf(form, "Command4", u"ordner.pdf"_s);
     for (const QString &expected : { u"Ordnerstruktur"_s, u"* Archiv: Test*** CD: Abc"_s, u"Abc (d:)"_s })
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();

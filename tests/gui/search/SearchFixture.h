@@ -45,14 +45,14 @@ protected:
         m_run.openArchive(QStringLiteral("Sammlung"));
         m_main = m_run.program().show<MainWindow>();
         settle();
-        m_list = control<QListWidget>(m_main, "List2");
+        m_list = control<QListWidget>(m_main, "cdList");
     }
 
     // Opens the dialog from the menu, sets the options, types the word and presses "Suchen";
     // true once the search has ended or was refused before it began.
     bool search(const QString &word, Where where, What what, bool explicitMatch = false)
     {
-        control<QAction>(m_main, "mnusearch2")->trigger();
+        control<QAction>(m_main, "searchAction")->trigger();
         SearchDialog *dialog = window<SearchDialog>();
         control<QRadioButton>(dialog, where == OneCd ? "Option1" : "Option2")->setChecked(true);
         control<QRadioButton>(dialog, what == Files ? "Option3" : "Option4")->setChecked(true);

@@ -97,7 +97,8 @@ TEST_F(Form1Test, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
     // Nothing lies before the first CD: "<" is disabled there.
     EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
     QTest::keyClick(control<QPushButton>(navigator, "Command3"), Qt::Key_Return); // Enter means ">"
-    EXPECT_EQ(state(navigator) + u" | "_s + mainLabel("Text2"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
+    EXPECT_EQ(
+        state(navigator) + u" | "_s + mainLabel("titleLabel"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
     control<QPushButton>(navigator, "Command1")->click();
     EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
     EXPECT_EQ(std::pair(window<CommentHitNavigator>(), shown().size()), std::pair(navigator.data(), size_t(0)));
@@ -109,7 +110,7 @@ TEST_F(Form1Test, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
     QTest::qWait(20);
     settle();
     EXPECT_EQ(window<CommentHitNavigator>(), nullptr);
-    EXPECT_EQ(m_list->currentItem()->text() + u" | "_s + mainLabel("Label8"), u"2 Fotos | 2"_s);
+    EXPECT_EQ(m_list->currentItem()->text() + u" | "_s + mainLabel("numberLabel"), u"2 Fotos | 2"_s);
     expectOneMessage(u"Gefundene CDs: 1. Die CD wird nun angezeigt."_s, Icon::None);
 }
 

@@ -206,7 +206,7 @@ TEST_F(ServiceDialogsTest, OptionsRestartStartsTheProgramAsTheUserDidWithItsWind
     again.settings().setValue(SettingKey::Start, u"2"_s);
     again.settings().setValue(SettingKey::autoarchiv, u"0"_s);
     again.settings().setValue(SettingKey::Standard, u"B"_s);
-    again.program().show<Startup>()->Timer1_Timer();
+    again.program().show<Startup>()->openNextWindow();
     again.settle();
     MainWindow *main = again.form<MainWindow>();
     ASSERT_NE(main, nullptr);
