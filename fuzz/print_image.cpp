@@ -14,10 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QString path = QFile::decodeName(QByteArray::fromStdString(fuzzFile("dat", data, size)));
     const PrintSettings settings { QStringLiteral("Fuzz"), QStringLiteral("10"), {} };
     RecordingPrinter list;
-    Print1_Dateien(list, settings, QStringLiteral("CD"), path, { true, true });
+    printFileList(list, settings, QStringLiteral("CD"), path, { true, true });
     const auto image = ImageIndex::load(path);
     const FolderTree folders(*image, QStringLiteral("CD"));
     RecordingPrinter tree;
-    Print1_Ordner(tree, settings, QStringLiteral("CD"), PrintedFolderTree(folders, folders.firstNode()));
+    printFolderTree(tree, settings, QStringLiteral("CD"), PrintedFolderTree(folders, folders.firstNode()));
     return 0;
 }

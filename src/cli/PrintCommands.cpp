@@ -126,13 +126,14 @@ PrintOutcome printCd(Printer &printer, const PrintSettings &settings, const CliO
     const QString &what = options.plainWords().first();
     const SheetContent &content = cd.content;
     if (what == QLatin1String("comments"))
-        return Print1_Kommentare(printer, settings, content.title, content.comments);
+        return printCommentList(printer, settings, content.title, content.comments);
     if (what == QLatin1String("files"))
-        return Print1_Dateien(
+        return printFileList(
             printer, settings, content.title, cd.imagePath, { options.has(kSize), !options.has(kNoDate) });
     if (what == QLatin1String("sheet"))
-        return Print1_Steckbrief(printer, settings, content,
-            { options.has(kCommentSize) ? options.value(kCommentSize) : QStringLiteral("10"), !options.has(kNoCover) });
+        return printCdSheet(printer, settings, content,
+            { options.has(kCommentSize) ? options.value(kCommentSize) : QStringLiteral("10"),
+                !options.has(kNoCover) });
     // The tree comes from the image, as the main window's image tab shows it.
     const std::shared_ptr<const ImageIndex> image = ImageIndex::load(cd.imagePath);
     if (content.imageId == QLatin1String("0") || !image->isLoaded()) {
@@ -142,7 +143,7 @@ PrintOutcome printCd(Printer &printer, const PrintSettings &settings, const CliO
         return refused;
     }
     const FolderTree folders(*image, content.title);
-    return Print1_Ordner(printer, settings, content.title, PrintedFolderTree(folders));
+    return printFolderTree(printer, settings, content.title, PrintedFolderTree(folders));
 }
 
 int printCommand(CliContext &context)
@@ -211,9 +212,9 @@ int printCommand(CliContext &context)
             return refuse(QStringLiteral("Der Drucker ") + options.value(kPrinter) + QStringLiteral(" ist nicht eingerichtet."));
     }
     if (what == QLatin1String("list"))
-        return exitFor(Print1_list(*printer, settings, listEntries));
+        return exitFor(printCdList(*printer, settings, listEntries));
     if (what == QLatin1String("results"))
-        return exitFor(Print1_Dateien(*printer, settings, options.plainWords()[1], hits));
+        return exitFor(printSearchHits(*printer, settings, options.plainWords()[1], hits));
     return exitFor(printCd(*printer, settings, options, cd.shown));
 }
 

@@ -14,7 +14,7 @@
 struct CdOnDisplay
 {
     SheetContent content;
-    QString imagePath; // the file lblsn names; it may be missing
+    QString imagePath; // the file the image id names; it may be missing
 };
 
 // The image id reads "0" when the CD has none or its file is gone; the counts then read

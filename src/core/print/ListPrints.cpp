@@ -76,7 +76,7 @@ PrintOutcome printList(Printer &printer, const PrintSettings &settings, const Li
         if (body.xBeforeTest)
             printer.setCurrentX(body.x);
         if (frame.overflows())
-            frame.NextPage(true, caption);
+            frame.startNextPage(true, caption);
         if (!body.xBeforeTest)
             printer.setCurrentX(body.x);
         printer.print(out);
@@ -86,7 +86,7 @@ PrintOutcome printList(Printer &printer, const PrintSettings &settings, const Li
     if (printer.stopped())
         return printOutcomeOf(printer, body.trap);
     if (body.testAfterLast && frame.overflows())
-        frame.NextPage(true, caption);
+        frame.startNextPage(true, caption);
     printAt(printer, 2, QString());
     printAt(printer, 2, listEnd);
     printer.endDoc();
@@ -155,7 +155,7 @@ QString timeText(const QDateTime &when)
     return when.toString(QStringLiteral("hh:mm:ss"));
 }
 
-PrintOutcome Print1_list(Printer &printer, const PrintSettings &settings, const QStringList &cdListEntries)
+PrintOutcome printCdList(Printer &printer, const PrintSettings &settings, const QStringList &cdListEntries)
 {
     auto setUp = PageFrame::startJob(printer, settings.fontSizeText);
     if (const auto *failure = std::get_if<RuntimeFailure>(&setUp))
@@ -180,7 +180,7 @@ PrintOutcome Print1_list(Printer &printer, const PrintSettings &settings, const 
         // Tested after the line: a full page gets this footer over the one it began with.
         if (frame.overflows()) {
             frame.printFooter(PageFrame::pageText(frame.pageNumber()) + QStringLiteral(" -"));
-            frame.NextPage(true, QString());
+            frame.startNextPage(true, QString());
         }
     }
     printAt(printer, 2, QString());
@@ -189,7 +189,7 @@ PrintOutcome Print1_list(Printer &printer, const PrintSettings &settings, const 
     return printOutcomeOf(printer, PrintTrap::Short);
 }
 
-PrintOutcome Print1_Kommentare(
+PrintOutcome printCommentList(
     Printer &printer, const PrintSettings &settings, const QString &title, const QStringList &comments)
 {
     ListBody body { QStringLiteral(" * CD: ") + title, QStringLiteral("* CD: ") + title, 3, true, false,
@@ -203,7 +203,7 @@ PrintOutcome Print1_Kommentare(
     });
 }
 
-PrintOutcome Print1_Dateien(Printer &printer, const PrintSettings &settings, const QString &title,
+PrintOutcome printFileList(Printer &printer, const PrintSettings &settings, const QString &title,
     const QString &imagePath, FileListColumns columns)
 {
     if (!QFileInfo::exists(imagePath)) {
@@ -224,8 +224,8 @@ PrintOutcome Print1_Dateien(Printer &printer, const PrintSettings &settings, con
     });
 }
 
-PrintOutcome Print1_Dateien(
-    Printer &printer, const PrintSettings &settings, const QString &searchWord, const std::vector<QString> &hits)
+PrintOutcome printSearchHits(Printer &printer, const PrintSettings &settings, const QString &searchWord,
+    const std::vector<QString> &hits)
 {
     ListBody body { QStringLiteral(" * Suche nach ") + searchWord, QStringLiteral("* Suche nach: ") + searchWord,
         2, false, true, PrintTrap::None };

@@ -21,10 +21,10 @@ struct PrintSettings
 
 // The list of CD titles: each entry of the CD list as it stands ("12 Titel"), under a head of
 // its own, with footers only on full pages.
-PrintOutcome Print1_list(Printer &printer, const PrintSettings &settings, const QStringList &cdListEntries);
+PrintOutcome printCdList(Printer &printer, const PrintSettings &settings, const QStringList &cdListEntries);
 
 // The comment lines of the CD on display, each as it stands.
-PrintOutcome Print1_Kommentare(
+PrintOutcome printCommentList(
     Printer &printer, const PrintSettings &settings, const QString &title, const QStringList &comments);
 
 struct FileListColumns
@@ -36,13 +36,13 @@ struct FileListColumns
 // The lines of a drive image: folder lines as they stand, file lines cut to the path with the
 // size and the date asked for. The last line comes out twice, as the image's empty closing
 // line repeats it. An image file that is not there is refused before anything is printed.
-PrintOutcome Print1_Dateien(Printer &printer, const PrintSettings &settings, const QString &title,
+PrintOutcome printFileList(Printer &printer, const PrintSettings &settings, const QString &title,
     const QString &imagePath, FileListColumns columns);
 
 // The hit entries of a file search in the order of the search, each as the results file
 // writes it (size and date always). Failures are not trapped.
-PrintOutcome Print1_Dateien(
-    Printer &printer, const PrintSettings &settings, const QString &searchWord, const std::vector<QString> &hits);
+PrintOutcome printSearchHits(Printer &printer, const PrintSettings &settings, const QString &searchWord,
+    const std::vector<QString> &hits);
 
 // The program's web address, which the heads and the credits name.
 QString printedWebAddress();

@@ -36,7 +36,7 @@ std::variant<PageFrame, RuntimeFailure> PageFrame::startJob(Printer &printer, co
 {
     auto job = setUp(printer, fontSizeText);
     if (auto *frame = std::get_if<PageFrame>(&job); frame && frame->overflows())
-        frame->NextPage(true, QString());
+        frame->startNextPage(true, QString());
     return job;
 }
 
@@ -50,7 +50,7 @@ QString PageFrame::pageText(int number)
     return QStringLiteral("- Seite  ") + QString::number(number);
 }
 
-void PageFrame::NextPage(bool newPage, const QString &caption)
+void PageFrame::startNextPage(bool newPage, const QString &caption)
 {
     if (newPage)
         m_printer->newPage();

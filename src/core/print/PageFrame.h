@@ -22,7 +22,7 @@ public:
 
     // The next line would reach into the last centimetre; measured on the size's own digits.
     bool overflows() const;
-    void NextPage(bool newPage, const QString &caption);
+    void startNextPage(bool newPage, const QString &caption);
     // A footer line 0.8 cm above the bottom, centred.
     void printFooter(const QString &footer);
     // "- Seite " and the number with its leading blank, as the footers spell it.

@@ -20,7 +20,7 @@ struct List
 };
 
 // The stored device name selects its entry, or, with none stored, the current printer's;
-// a preset name (PrinterDefault) that is in the list wins over both.
+// a preset name that is in the list wins over both.
 List listOf(const QStringList &devices, const QString &stored, const QString &current, const QString &preset);
 
 // The device name kept under "Printer" / "Device"; empty when none is.

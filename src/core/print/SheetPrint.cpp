@@ -30,7 +30,7 @@ QImage coverBoxFace(const QImage &cover)
     return face;
 }
 
-PrintOutcome Print1_Steckbrief(
+PrintOutcome printCdSheet(
     Printer &printer, const PrintSettings &settings, const SheetContent &content, const SheetOptions &options)
 {
     auto setUp = PageFrame::startJob(printer, settings.fontSizeText);

@@ -36,7 +36,7 @@ std::optional<int16_t> toInt16(double value)
 
 } // namespace
 
-// One run of PrintTvw: the printer, the properties and the reports so far.
+// One run of printTree: the printer, the properties and the reports so far.
 struct TreePrinter::Run
 {
     const TreePrinter &tree;
@@ -58,16 +58,16 @@ struct TreePrinter::Run
         printer.print(text);
     }
 
-    void Headerprint()
+    void printHeader()
     {
         printer.setCurrentY(printer.textHeight(QStringLiteral("Footer")) * 4);
-        const QString &title = tree.Title();
-        const QString &second = tree.SecondTitle();
+        const QString &title = tree.title();
+        const QString &second = tree.secondTitle();
         if (!title.isEmpty()) {
             setSize(10);
-            printer.setFontBold(tree.TitleFontBold());
+            printer.setFontBold(tree.titleFontBold());
             printCentred(QStringLiteral("Ordnerstruktur"));
-            if (!setSize(tree.TitleFontSize())) {
+            if (!setSize(tree.titleFontSize())) {
                 outcome.levelReports.append(headerFailure);
                 return;
             }
@@ -77,11 +77,11 @@ struct TreePrinter::Run
             printCentred(dateText(tree.m_printedAt) + QStringLiteral("      ---      ") + timeText(tree.m_printedAt));
         }
         if (!second.isEmpty()) {
-            if (!setSize(tree.SecondTitleFontSize())) {
+            if (!setSize(tree.secondTitleFontSize())) {
                 outcome.levelReports.append(headerFailure);
                 return;
             }
-            printer.setFontBold(tree.SecondTitleFontBold());
+            printer.setFontBold(tree.secondTitleFontBold());
             printCentred(second);
         }
         if (!title.isEmpty() || !second.isEmpty()) {
@@ -94,7 +94,7 @@ struct TreePrinter::Run
     void stubDown(double x)
     {
         const double from = printer.currentY();
-        if (tree.ConnectorStyle() == 1)
+        if (tree.connectorStyle() == 1)
             printer.line(printer.currentX() + x, from, printer.currentX() + x, from + tickDown);
         else {
             printer.setCurrentX(printer.currentX() + x);
@@ -104,7 +104,7 @@ struct TreePrinter::Run
 
     void stubAcross()
     {
-        if (tree.ConnectorStyle() == 1)
+        if (tree.connectorStyle() == 1)
             printer.lineTo(printer.currentX() + tickAcross, printer.currentY());
         else
             printer.setCurrentX(printer.currentX() + tickAcross);
@@ -113,7 +113,7 @@ struct TreePrinter::Run
     // Depth first: the child with its whole branch, then the next sibling. Siblings follow in
     // a loop where each would be the last call of the level before it; a failure ends the
     // level that meets it, and the levels above go on.
-    void PrintBranch(int node, int level, int x, int lineX, int lineY)
+    void printBranch(int node, int level, int x, int lineX, int lineY)
     {
         const PrintableTree &nodes = *tree.m_tree;
         while (!printer.stopped()) {
@@ -129,14 +129,14 @@ struct TreePrinter::Run
                     return;
                 }
                 printer.print(nodes.text(child));
-                PrintBranch(child, level + 1, *newX, *newLineX, printer.page() != page0 ? 0 : *newY);
+                printBranch(child, level + 1, *newX, *newLineX, printer.page() != page0 ? 0 : *newY);
             }
             const int sibling = nodes.nextSibling(node);
-            if (sibling < 0 || (level == 0 && tree.PrintStyle() == 2))
+            if (sibling < 0 || (level == 0 && tree.printStyle() == 2))
                 return;
             if (level != 0) {
                 stubDown(lineX);
-                if (tree.ConnectorStyle() == 1)
+                if (tree.connectorStyle() == 1)
                     printer.line(lineX, printer.page() == page0 ? lineY : 0, lineX, printer.currentY());
                 stubAcross();
             }
@@ -154,12 +154,12 @@ struct TreePrinter::Run
     }
 };
 
-PrintOutcome TreePrinter::PrintTvw(Printer &printer)
+PrintOutcome TreePrinter::printTree(Printer &printer)
 {
     Run run { *this, printer, {} };
     printer.setFontName(QStringLiteral("Arial"));
     const int start = m_printStyle == 1 ? m_tree->firstNode() : m_tree->selectedNode();
-    run.Headerprint();
+    run.printHeader();
     if (!run.setSize(m_fontSize)) {
         PrintOutcome failed = failedPrint({ 380, QStringLiteral("Ungültiger Eigenschaftswert") }, PrintTrap::None);
         failed.levelReports = run.outcome.levelReports;
@@ -177,14 +177,14 @@ PrintOutcome TreePrinter::PrintTvw(Printer &printer)
     }
     printer.setCurrentX(rootLeft);
     printer.print(m_tree->text(start));
-    run.PrintBranch(start, 0, rootLeft, rootLeft, 0);
+    run.printBranch(start, 0, rootLeft, rootLeft, 0);
     printer.endDoc();
     PrintOutcome outcome = printOutcomeOf(printer, PrintTrap::None);
     outcome.levelReports = run.outcome.levelReports;
     return outcome;
 }
 
-PrintOutcome Print1_Ordner(
+PrintOutcome printFolderTree(
     Printer &printer, const PrintSettings &settings, const QString &title, const PrintableTree &tree)
 {
     const std::optional<double> number = parseNumberText(settings.fontSizeText);
@@ -207,5 +207,5 @@ PrintOutcome Print1_Ordner(
     printout.setConnectorStyle(1);
     printout.setTreeView(tree);
     printout.setPrintedAt(settings.printedAt);
-    return printout.PrintTvw(printer);
+    return printout.printTree(printer);
 }

@@ -18,30 +18,30 @@ class Printer;
 class TreePrinter
 {
 public:
-    int32_t PrintStyle() const { return m_printStyle; }
+    int32_t printStyle() const { return m_printStyle; }
     // 1: from the tree's first node; 2: the selected node's branch only.
     void setPrintStyle(int32_t style) { m_printStyle = style; }
-    int32_t ConnectorStyle() const { return m_connectorStyle; }
+    int32_t connectorStyle() const { return m_connectorStyle; }
     // 1: connector lines; 2: the same indents without lines.
     void setConnectorStyle(int32_t style) { m_connectorStyle = style; }
-    bool SecondTitleFontBold() const { return m_secondTitleFontBold; }
+    bool secondTitleFontBold() const { return m_secondTitleFontBold; }
     void setSecondTitleFontBold(bool bold) { m_secondTitleFontBold = bold; }
-    bool TitleFontBold() const { return m_titleFontBold; }
+    bool titleFontBold() const { return m_titleFontBold; }
     void setTitleFontBold(bool bold) { m_titleFontBold = bold; }
-    int16_t SecondTitleFontSize() const { return m_secondTitleFontSize; }
+    int16_t secondTitleFontSize() const { return m_secondTitleFontSize; }
     void setSecondTitleFontSize(int16_t size) { m_secondTitleFontSize = size; }
-    int16_t TitleFontSize() const { return m_titleFontSize; }
+    int16_t titleFontSize() const { return m_titleFontSize; }
     void setTitleFontSize(int16_t size) { m_titleFontSize = size; }
     // Kept, though no footer is ever printed.
-    bool PrintFooter() const { return m_printFooter; }
+    bool printsFooter() const { return m_printFooter; }
     void setPrintFooter(bool print) { m_printFooter = print; }
-    const QString &SecondTitle() const { return m_secondTitle; }
+    const QString &secondTitle() const { return m_secondTitle; }
     void setSecondTitle(const QString &title) { m_secondTitle = title; }
-    const QString &Title() const { return m_title; }
+    const QString &title() const { return m_title; }
     void setTitle(const QString &title) { m_title = title; }
-    bool FontBold() const { return m_fontBold; }
+    bool fontBold() const { return m_fontBold; }
     void setFontBold(bool bold) { m_fontBold = bold; }
-    int16_t FontSize() const { return m_fontSize; }
+    int16_t fontSize() const { return m_fontSize; }
     void setFontSize(int16_t size) { m_fontSize = size; }
     void setTreeView(const PrintableTree &tree) { m_tree = &tree; }
     // The date and time of the title block.
@@ -49,7 +49,7 @@ public:
 
     // Prints the tree and ends the document. A failure of a level is reported in
     // levelReports and ends that level only; others are untrapped.
-    PrintOutcome PrintTvw(Printer &printer);
+    PrintOutcome printTree(Printer &printer);
 
 private:
     struct Run;
@@ -70,5 +70,5 @@ private:
 };
 
 // The folder tree of the CD on display, from the tree view filled with its image.
-PrintOutcome Print1_Ordner(
+PrintOutcome printFolderTree(
     Printer &printer, const PrintSettings &settings, const QString &title, const PrintableTree &tree);

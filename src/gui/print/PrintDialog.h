@@ -28,13 +28,13 @@ public:
     // A device name the printer lists select where they hold it, over the stored one.
     void setPrinterDefault(const QString &device);
     // True from the load until a print button has chosen the printer.
-    bool CancelPrint() const { return m_cancelPrint; }
+    bool printerNotChosen() const { return m_printerNotChosen; }
 
 private:
-    void Command3_Click();
-    void Command4_Click();
-    void Command7_Click();
-    // The print-out that PrintMode names; a refusal that comes before any printing, or nothing.
+    void showChosenPage();
+    void printListOnChosenPrinter();
+    void printSheetOnChosenPrinter();
+    // The print-out that the chosen mode names; a refusal that comes before any printing, or nothing.
     std::optional<QString> listRefusal() const;
     PrintOutcome printList(Printer &printer) const;
     PrintOutcome printSheet(Printer &printer) const;
@@ -44,14 +44,14 @@ private:
 
     Program &m_program;
     PrintLink m_link;
-    QStackedWidget *m_frames;
+    QStackedWidget *m_pages;
     QRadioButton *m_options[5];
     printdialog::ListFrame m_list;
     printdialog::PrinterBox m_sheetPrinter;
     printdialog::QualityBox m_sheetQuality;
-    QLineEdit *m_commentSize; // Text2
-    QCheckBox *m_cover; // Check4
-    int16_t PrintMode = 0;
+    QLineEdit *m_commentSize;
+    QCheckBox *m_cover;
+    int16_t m_printMode = 0;
     QString m_printerDefault;
-    bool m_cancelPrint = true;
+    bool m_printerNotChosen = true;
 };

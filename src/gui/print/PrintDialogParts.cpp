@@ -77,28 +77,28 @@ QHBoxLayout *buttonRow(QPushButton *cancel, QPushButton *preview, QPushButton *p
 
 ListFrame listFrame(QWidget *parent, bool digitsOnly)
 {
-    static const char *const qualityNames[3] = { "Option9", "Option10", "Option11" };
+    static const char *const qualityNames[3] = { "listGoodQuality", "listNormalQuality", "listPoorQuality" };
     ListFrame f {};
     f.frame = new QFrame(parent);
-    f.frame->setObjectName(QStringLiteral("Frame2"));
+    f.frame->setObjectName(QStringLiteral("listPage"));
     f.heading = new QLabel(f.frame);
-    f.heading->setObjectName(QStringLiteral("Label2"));
+    f.heading->setObjectName(QStringLiteral("listHeading"));
     QFont bold = f.heading->font();
     bold.setBold(true);
     f.heading->setFont(bold);
-    f.printer = printerBox("Frame9", "cboPrinters2", "chkStandard2", f.frame);
-    f.quality = qualityBox("Frame8", qualityNames, f.frame);
+    f.printer = printerBox("listPrinterBox", "listPrinterCombo", "listStandardCheck", f.frame);
+    f.quality = qualityBox("listQualityBox", qualityNames, f.frame);
     f.other = new QGroupBox(QStringLiteral("Sonstiges"), f.frame);
-    f.other->setObjectName(QStringLiteral("Frame7"));
+    f.other->setObjectName(QStringLiteral("listOtherBox"));
     f.size = new QCheckBox(QStringLiteral("Größe der Dateien mitdrucken"), f.other);
-    f.size->setObjectName(QStringLiteral("Check1"));
+    f.size->setObjectName(QStringLiteral("sizeCheck"));
     f.date = new QCheckBox(QStringLiteral("Datum der Dateien mitdrucken"), f.other);
-    f.date->setObjectName(QStringLiteral("Check2"));
+    f.date->setObjectName(QStringLiteral("dateCheck"));
     f.date->setChecked(true);
     auto *sizeLabel = new QLabel(QStringLiteral("Schriftgröße:"), f.other);
-    sizeLabel->setObjectName(QStringLiteral("Label23"));
+    sizeLabel->setObjectName(QStringLiteral("fontSizeLabel"));
     f.fontSize = new QLineEdit(QStringLiteral("10"), f.other);
-    f.fontSize->setObjectName(QStringLiteral("Text1"));
+    f.fontSize->setObjectName(QStringLiteral("fontSizeEdit"));
     f.fontSize->setMaximumWidth(60);
     // A key passes only as a digit or a backspace; a pasted text is held to the same.
     if (digitsOnly)
@@ -110,9 +110,9 @@ ListFrame listFrame(QWidget *parent, bool digitsOnly)
     otherLayout->addWidget(sizeLabel, 2, 0);
     otherLayout->addWidget(f.fontSize, 2, 1);
     otherLayout->setColumnStretch(2, 1);
-    f.cancel = button("Command5", QStringLiteral("<< Abbrechen"), f.frame);
-    f.preview = button("cmdVorschau2", QStringLiteral("Vorschau"), f.frame);
-    f.print = button("Command4", QStringLiteral("Drucken >>"), f.frame);
+    f.cancel = button("listCancelButton", QStringLiteral("<< Abbrechen"), f.frame);
+    f.preview = button("listPreviewButton", QStringLiteral("Vorschau"), f.frame);
+    f.print = button("listPrintButton", QStringLiteral("Drucken >>"), f.frame);
 
     auto *boxes = new QGridLayout;
     boxes->addWidget(f.printer.frame, 0, 0, 1, 2);

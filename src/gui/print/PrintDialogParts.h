@@ -43,17 +43,17 @@ QualityBox qualityBox(const char *frameName, const char *const names[3], QWidget
 // size, and the buttons "<< Abbrechen", "Vorschau" and "Drucken >>".
 struct ListFrame
 {
-    QFrame *frame; // Frame2
-    QLabel *heading; // Label2
-    PrinterBox printer; // Frame9
-    QualityBox quality; // Frame8
-    QGroupBox *other; // Frame7, "Sonstiges"
-    QCheckBox *size; // Check1
-    QCheckBox *date; // Check2
-    QLineEdit *fontSize; // Text1
-    QPushButton *cancel; // Command5
+    QFrame *frame;
+    QLabel *heading;
+    PrinterBox printer;
+    QualityBox quality;
+    QGroupBox *other; // "Sonstiges"
+    QCheckBox *size;
+    QCheckBox *date;
+    QLineEdit *fontSize;
+    QPushButton *cancel;
     QPushButton *preview;
-    QPushButton *print; // Command4
+    QPushButton *print;
 };
 // With `digitsOnly`, the font size takes digits alone.
 ListFrame listFrame(QWidget *parent, bool digitsOnly);

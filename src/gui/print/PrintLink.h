@@ -12,13 +12,13 @@ class FolderTree;
 // cover that record the CD on display; the tree view, which the image tab fills.
 struct PrintLink
 {
-    QPointer<QListWidget> List2;
-    QPointer<QListWidget> List1; // the comments
-    QPointer<QLabel> Text2; // title
-    QPointer<QLabel> lblsn; // image id, "0" for none
-    QPointer<QLabel> lblDateien;
-    QPointer<QLabel> lblOrdner;
-    QPointer<QLabel> Picture2;
+    QPointer<QListWidget> cdList;
+    QPointer<QListWidget> commentList;
+    QPointer<QLabel> titleLabel;
+    QPointer<QLabel> imageIdLabel; // "0" for none
+    QPointer<QLabel> fileCountLabel;
+    QPointer<QLabel> folderCountLabel;
+    QPointer<QLabel> coverPicture;
     std::function<void()> showImageTab; // selects the image tab, which fills the tree
     std::function<const FolderTree &()> folderTree;
     std::function<int()> selectedNode; // -1 for none

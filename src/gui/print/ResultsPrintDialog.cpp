@@ -30,7 +30,7 @@ ResultsPrintDialog::ResultsPrintDialog(Session &session, Settings &settings, con
     resize(sizeHint().expandedTo(QSize(375, 320)));
 
     connect(m_list.cancel, &QPushButton::clicked, this, &QDialog::close);
-    connect(m_list.print, &QPushButton::clicked, this, &ResultsPrintDialog::Command4_Click);
+    connect(m_list.print, &QPushButton::clicked, this, &ResultsPrintDialog::printHitsOnChosenPrinter);
     connect(m_list.preview, &QPushButton::clicked, this, [this] {
         printrun::preview(this, printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &printer) { return printHits(printer); });
@@ -39,11 +39,12 @@ ResultsPrintDialog::ResultsPrintDialog(Session &session, Settings &settings, con
 
 PrintOutcome ResultsPrintDialog::printHits(Printer &printer) const
 {
-    return Print1_Dateien(printer, { m_session.archiveName, m_list.fontSize->text(), QDateTime::currentDateTime() },
-        m_searchWord, m_session.lastResults);
+    return printSearchHits(printer,
+        { m_session.archiveName, m_list.fontSize->text(), QDateTime::currentDateTime() }, m_searchWord,
+        m_session.lastResults);
 }
 
-void ResultsPrintDialog::Command4_Click()
+void ResultsPrintDialog::printHitsOnChosenPrinter()
 {
     const QString device = printdialog::choosePrinter(m_list.printer, m_settings, m_session);
     if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),

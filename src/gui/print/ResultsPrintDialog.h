@@ -19,7 +19,7 @@ public:
     ResultsPrintDialog(Session &session, Settings &settings, const QString &searchWord, QWidget *parent);
 
 private:
-    void Command4_Click();
+    void printHitsOnChosenPrinter();
     PrintOutcome printHits(Printer &printer) const;
 
     Session &m_session;

@@ -19,58 +19,62 @@ CommentHitNavigator::CommentHitNavigator(SearchWindows &windows, std::vector<QSt
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     // The sentence keeps its length in any font, and the count stands in the gap it leaves.
-    m_ui->Label3->resize(std::max(m_ui->Label3->width(), m_ui->Label3->sizeHint().width()), m_ui->Label3->height());
-    resize(std::max(width(), m_ui->Label3->geometry().right() + m_ui->Label3->x()), height());
-    const int gapStart = m_ui->Label3->fontMetrics().horizontalAdvance(QStringLiteral("Es wurden insgesammt "));
-    const int gapWidth = m_ui->Label3->fontMetrics().horizontalAdvance(QStringLiteral("           "));
-    m_ui->Label2->setGeometry(m_ui->Label3->x() + gapStart, m_ui->Label3->y(), gapWidth, m_ui->Label3->height());
+    m_ui->countSentence->resize(
+        std::max(m_ui->countSentence->width(), m_ui->countSentence->sizeHint().width()),
+        m_ui->countSentence->height());
+    resize(std::max(width(), m_ui->countSentence->geometry().right() + m_ui->countSentence->x()), height());
+    const int gapStart
+        = m_ui->countSentence->fontMetrics().horizontalAdvance(QStringLiteral("Es wurden insgesammt "));
+    const int gapWidth = m_ui->countSentence->fontMetrics().horizontalAdvance(QStringLiteral("           "));
+    m_ui->countLabel->setGeometry(m_ui->countSentence->x() + gapStart, m_ui->countSentence->y(), gapWidth,
+        m_ui->countSentence->height());
 
-    connect(m_ui->Command1, &QPushButton::clicked, this, &CommentHitNavigator::Command1_Click);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &CommentHitNavigator::Command2_Click);
-    connect(m_ui->Command3, &QPushButton::clicked, this, &CommentHitNavigator::Command3_Click);
-    connect(m_ui->Command4, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_ui->previousButton, &QPushButton::clicked, this, &CommentHitNavigator::showPrevious);
+    connect(m_ui->nextButton, &QPushButton::clicked, this, &CommentHitNavigator::showNext);
+    connect(m_ui->newSearchButton, &QPushButton::clicked, this, &CommentHitNavigator::startNewSearch);
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
 
-    m_ui->Label2->setText(m_navigator.countText());
+    m_ui->countLabel->setText(m_navigator.countText());
     showState();
-    findStep();
+    selectFoundCd();
 
     // The timer tells a single hit apart once the window has shown the CD. Its answer never
     // changes, so one tick is enough.
-    m_timer1.setSingleShot(true);
-    connect(&m_timer1, &QTimer::timeout, this, &CommentHitNavigator::Timer1_Timer);
-    m_timer1.start(1);
+    m_oneCdCheck.setSingleShot(true);
+    connect(&m_oneCdCheck, &QTimer::timeout, this, &CommentHitNavigator::giveWayIfOneCdFound);
+    m_oneCdCheck.start(1);
 }
 
 CommentHitNavigator::~CommentHitNavigator() = default;
 
 void CommentHitNavigator::keyPressEvent(QKeyEvent *event)
 {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_ui->Command2->isEnabled()) {
-        m_ui->Command2->click();
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_ui->nextButton->isEnabled()) {
+        m_ui->nextButton->click();
         return;
     }
     QWidget::keyPressEvent(event);
 }
 
-void CommentHitNavigator::Command1_Click()
+void CommentHitNavigator::showPrevious()
 {
     m_navigator.previous();
     stepped();
 }
 
-void CommentHitNavigator::Command2_Click()
+void CommentHitNavigator::showNext()
 {
     m_navigator.next();
     stepped();
 }
 
-void CommentHitNavigator::Command3_Click()
+void CommentHitNavigator::startNewSearch()
 {
     m_windows.showSearch();
     close();
 }
 
-void CommentHitNavigator::Timer1_Timer()
+void CommentHitNavigator::giveWayIfOneCdFound()
 {
     if (!m_navigator.givesWayToMessage())
         return;
@@ -81,13 +85,13 @@ void CommentHitNavigator::Timer1_Timer()
 
 void CommentHitNavigator::stepped()
 {
-    findStep();
+    selectFoundCd();
     showState();
 }
 
-void CommentHitNavigator::findStep()
+void CommentHitNavigator::selectFoundCd()
 {
-    QListWidget *list = m_windows.link().List2;
+    QListWidget *list = m_windows.link().cdList;
     if (!list)
         return;
     QStringList entries;
@@ -101,7 +105,7 @@ void CommentHitNavigator::findStep()
 
 void CommentHitNavigator::showState()
 {
-    m_ui->Label6->setText(m_navigator.positionText());
-    m_ui->Command1->setEnabled(m_navigator.previousEnabled());
-    m_ui->Command2->setEnabled(m_navigator.nextEnabled());
+    m_ui->positionLabel->setText(m_navigator.positionText());
+    m_ui->previousButton->setEnabled(m_navigator.previousEnabled());
+    m_ui->nextButton->setEnabled(m_navigator.nextEnabled());
 }

@@ -32,18 +32,18 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void Timer1_Timer();
+    void showPrevious();
+    void showNext();
+    void startNewSearch();
+    void giveWayIfOneCdFound();
     // Shows the outcome of a step: the CD selected in the list, position and buttons.
     void stepped();
     // Selects the entry of the CD list that shows the found CD on display.
-    void findStep();
+    void selectFoundCd();
     void showState();
 
     SearchWindows &m_windows;
     std::unique_ptr<Ui::CommentHitNavigator> m_ui;
     ResultNavigator m_navigator;
-    QTimer m_timer1;
+    QTimer m_oneCdCheck;
 };

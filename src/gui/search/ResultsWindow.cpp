@@ -44,24 +44,25 @@ ResultsWindow::ResultsWindow(SearchWindows &windows, QWidget *parent)
     // Every column holds text and sorts as text, sizes and dates included.
     m_sorted->setSourceModel(m_model);
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
-    m_ui->ListView1->setModel(m_sorted);
-    QHeaderView *header = m_ui->ListView1->header();
+    m_ui->resultView->setModel(m_sorted);
+    QHeaderView *header = m_ui->resultView->header();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(false);
     header->setStretchLastSection(false);
     header->setSectionResizeMode(QHeaderView::Interactive);
 
     connect(header, &QHeaderView::sectionClicked, this, &ResultsWindow::sortByColumn);
-    connect(m_ui->ListView1, &QAbstractItemView::clicked, this, &ResultsWindow::itemClicked);
-    connect(m_ui->ListView1, &QAbstractItemView::doubleClicked, this, &ResultsWindow::itemDoubleClicked);
-    connect(m_ui->Command1, &QPushButton::clicked, this, &ResultsWindow::Command1_Click);
-    connect(m_ui->Command2, &QPushButton::clicked, this, [this] { m_windows.showPrintResults(m_searchWord); });
-    connect(m_ui->Command3, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_ui->resultView, &QAbstractItemView::clicked, this, &ResultsWindow::itemClicked);
+    connect(m_ui->resultView, &QAbstractItemView::doubleClicked, this, &ResultsWindow::itemDoubleClicked);
+    connect(m_ui->saveButton, &QPushButton::clicked, this, &ResultsWindow::saveResults);
+    connect(
+        m_ui->printButton, &QPushButton::clicked, this, [this] { m_windows.showPrintResults(m_searchWord); });
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
 }
 
 ResultsWindow::~ResultsWindow() = default;
 
-bool ResultsWindow::getResults(const std::vector<QString> &results, const QString &word)
+bool ResultsWindow::showHits(const std::vector<QString> &results, const QString &word)
 {
     std::vector<ResultColumns> rows;
     rows.reserve(results.size());
@@ -81,21 +82,21 @@ bool ResultsWindow::getResults(const std::vector<QString> &results, const QStrin
     }
     m_model->setRows(std::move(rows));
     setColumnWidths();
-    m_ui->Label1->setText(QStringLiteral("Ergebnis der Suche nach ") + word);
+    m_ui->headingLabel->setText(QStringLiteral("Ergebnis der Suche nach ") + word);
     m_searchWord = word;
     return true;
 }
 
 void ResultsWindow::setColumnWidths()
 {
-    const int listWidth = m_ui->ListView1->width();
-    QHeaderView *header = m_ui->ListView1->header();
+    const int listWidth = m_ui->resultView->width();
+    QHeaderView *header = m_ui->resultView->header();
     for (int column = 0; column < ResultsModel::ColumnCount; ++column)
         header->resizeSection(column, qRound(listWidth * columnFactors[static_cast<size_t>(column)]));
     // Dates are never cut: the last column is at least as wide as its longest text.
     const int date = ResultsModel::ColumnCount - 1;
     const int share = header->sectionSize(date);
-    m_ui->ListView1->resizeColumnToContents(date);
+    m_ui->resultView->resizeColumnToContents(date);
     header->resizeSection(date, std::max(share, header->sectionSize(date)));
 }
 
@@ -103,9 +104,9 @@ void ResultsWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     // The list grows with the window and the buttons keep to its bottom; the columns stay.
-    m_ui->ListView1->resize(width() - twipsToPixels(400), height() - twipsToPixels(1500));
+    m_ui->resultView->resize(width() - twipsToPixels(400), height() - twipsToPixels(1500));
     const int buttonsTop = height() - twipsToPixels(900);
-    for (QPushButton *button : {m_ui->Command1, m_ui->Command2, m_ui->Command3})
+    for (QPushButton *button : { m_ui->saveButton, m_ui->printButton, m_ui->closeButton })
         button->move(button->x(), buttonsTop);
 }
 
@@ -135,7 +136,7 @@ void ResultsWindow::itemDoubleClicked()
                                QStringLiteral(" vorhanden ist!"));
 }
 
-void ResultsWindow::Command1_Click()
+void ResultsWindow::saveResults()
 {
     FileDialogs dialog(this);
     dialog.filter = QStringLiteral("Textdateien (*.txt)|*.txt");

@@ -27,7 +27,7 @@ public:
     // Fills the list with the hit entries (number + "-" + title + "<" + image line) of a
     // search for `word`, replacing what it showed. False when an entry cannot be cut into
     // columns: the run-time failure is reported and the list keeps the entries before it.
-    bool getResults(const std::vector<QString> &results, const QString &word);
+    bool showHits(const std::vector<QString> &results, const QString &word);
 
     const QString &searchWord() const { return m_searchWord; }
     // The path of the item clicked last, as the image holds it; empty until a click.
@@ -36,7 +36,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void Command1_Click();
+    void saveResults();
     void sortByColumn(int column);
     void itemClicked(const QModelIndex &index);
     void itemDoubleClicked();

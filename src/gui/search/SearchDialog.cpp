@@ -58,41 +58,42 @@ SearchDialog::SearchDialog(SearchWindows &windows, QWidget *parent)
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     if (windows.session().currentCd == -1) {
-        m_ui->Option2->setChecked(true);
-        m_ui->Option1->setEnabled(false);
+        m_ui->allCdsOption->setChecked(true);
+        m_ui->currentCdOption->setEnabled(false);
     }
     const int width = twipsToPixels(4260);
     resize(width, std::max(height(), heightForWidth(width)));
 
-    connect(m_ui->Command1, &QPushButton::clicked, this, &SearchDialog::Command1_Click);
-    connect(m_ui->Command2, &QPushButton::clicked, this, &QWidget::close);
-    connect(m_ui->Text1, &QLineEdit::returnPressed, m_ui->Command1, &QPushButton::click);
+    connect(m_ui->searchButton, &QPushButton::clicked, this, &SearchDialog::startSearch);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_ui->wordEdit, &QLineEdit::returnPressed, m_ui->searchButton, &QPushButton::click);
 }
 
 SearchDialog::~SearchDialog() = default;
 
-void SearchDialog::Command1_Click()
+void SearchDialog::startSearch()
 {
-    const QString word = m_ui->Text1->text();
+    const QString word = m_ui->wordEdit->text();
     if (word.isEmpty()) {
         Prompts::message(this, searchmessages::emptyWord());
         return;
     }
     // Enabled again when the search has ended, so that Enter cannot start a second one.
-    m_ui->Command1->setEnabled(false);
-    if (m_ui->Option4->isChecked())
-        search_comment(word);
+    m_ui->searchButton->setEnabled(false);
+    if (m_ui->commentsOption->isChecked())
+        startCommentSearch(word);
     else
-        search_file(word);
+        startFileSearch(word);
 }
 
-void SearchDialog::search_file(const QString &word)
+void SearchDialog::startFileSearch(const QString &word)
 {
-    const bool oneCd = m_ui->Option1->isChecked();
-    const bool explicitMatch = m_ui->Check1->isChecked();
+    const bool oneCd = m_ui->currentCdOption->isChecked();
+    const bool explicitMatch = m_ui->explicitCheck->isChecked();
     // The CD on display, as the main window's labels record it: its row isn't read again.
     const SearchLink &link = m_windows.link();
-    const SearchCd shown{numberOf(link.Label8), link.Text2 ? link.Text2->text() : QString(), numberOf(link.lblsn)};
+    const SearchCd shown { numberOf(link.numberLabel), link.titleLabel ? link.titleLabel->text() : QString(),
+        numberOf(link.imageIdLabel) };
     const QString dataFolder = m_windows.dataFolder();
     const QString archivePath = m_windows.session().archivePath;
 
@@ -109,14 +110,14 @@ void SearchDialog::search_file(const QString &word)
 
 void SearchDialog::fileSearchEnded(const FileSearchResult &result, const QString &word)
 {
-    m_ui->Command1->setEnabled(true);
+    m_ui->searchButton->setEnabled(true);
     if (result.outcome == FileSearchOutcome::Hits) {
         std::vector<QString> hits;
         hits.reserve(result.hits.size());
         for (std::string_view hit : result.hits)
             hits.push_back(cp1252::toQString(hit));
         // The saved and printed list is the one the window could show completely.
-        if (m_windows.showResults()->getResults(hits, word))
+        if (m_windows.showResults()->showHits(hits, word))
             m_windows.session().lastResults = std::move(hits);
     } else if (!result.message.isEmpty()) {
         Prompts::message(this, result.message, iconOf(result.outcome));
@@ -126,12 +127,12 @@ void SearchDialog::fileSearchEnded(const FileSearchResult &result, const QString
         close();
 }
 
-void SearchDialog::search_comment(const QString &word)
+void SearchDialog::startCommentSearch(const QString &word)
 {
     const Session &session = m_windows.session();
-    const std::optional<int> currentCd =
-        m_ui->Option1->isChecked() ? std::optional<int>(session.currentCd) : std::nullopt;
-    const bool explicitMatch = m_ui->Check1->isChecked();
+    const std::optional<int> currentCd
+        = m_ui->currentCdOption->isChecked() ? std::optional<int>(session.currentCd) : std::nullopt;
+    const bool explicitMatch = m_ui->explicitCheck->isChecked();
     const QString archivePath = session.archivePath;
 
     auto result = std::make_shared<CommentSearchResult>();
@@ -144,7 +145,7 @@ void SearchDialog::search_comment(const QString &word)
 
 void SearchDialog::commentSearchEnded(const CommentSearchResult &result)
 {
-    m_ui->Command1->setEnabled(true);
+    m_ui->searchButton->setEnabled(true);
     if (result.outcome != CommentSearchOutcome::EmptyWord)
         m_windows.session().foundCdNumbers = result.foundCdNumbers;
     if (result.outcome != CommentSearchOutcome::Found) {
@@ -153,7 +154,7 @@ void SearchDialog::commentSearchEnded(const CommentSearchResult &result)
         return;
     }
     for (const QString &number : result.foundCdNumbers)
-        m_ui->List1->addItem(number);
+        m_ui->foundCdList->addItem(number);
     m_windows.showNavigator();
     emit searchFinished();
     close();

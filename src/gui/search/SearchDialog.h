@@ -28,9 +28,9 @@ signals:
     void searchFinished();
 
 private:
-    void Command1_Click();
-    void search_file(const QString &word);
-    void search_comment(const QString &word);
+    void startSearch();
+    void startFileSearch(const QString &word);
+    void startCommentSearch(const QString &word);
     void fileSearchEnded(const FileSearchResult &result, const QString &word);
     void commentSearchEnded(const CommentSearchResult &result);
 

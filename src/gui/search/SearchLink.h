@@ -9,8 +9,8 @@
 // Selecting an entry of the list is what shows that CD.
 struct SearchLink
 {
-    QPointer<QListWidget> List2;
-    QPointer<QLabel> lblsn;  // image id of the CD on display, "0" for none
-    QPointer<QLabel> Label8; // its number
-    QPointer<QLabel> Text2;  // its title
+    QPointer<QListWidget> cdList;
+    QPointer<QLabel> imageIdLabel; // image id of the CD on display, "0" for none
+    QPointer<QLabel> numberLabel; // its number
+    QPointer<QLabel> titleLabel; // its title
 };

@@ -32,10 +32,10 @@ Placed footer(int page, const QString &text)
     return { page, (20 - text.size() * 0.3125) / 2, 27.2, text };
 }
 
-TEST(Print1List, HeadEntriesAndClosingLine)
+TEST(PrintCdList, HeadEntriesAndClosingLine)
 {
     RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_list(printer, settings(), { u"1 Jazz"_s, u"12  Klassik"_s }).printed());
+    ASSERT_TRUE(printCdList(printer, settings(), { u"1 Jazz"_s, u"12  Klassik"_s }).printed());
     const std::vector<Placed> expected = {
         { 1, 2, 2, u"--- Archiv: Musik. Liste der CD-Titel Stand: 19.01.2003 14:05:09 ---"_s },
         { 1, 2, 2.625, u"---                     Erstellt mit dem Silberbuch 5.1                  ---"_s },
@@ -49,9 +49,9 @@ TEST(Print1List, HeadEntriesAndClosingLine)
 }
 
 // The test runs after each line: the 35th entry fills page 1, which then gets its footer
-// without a caption; each later page begins with NextPage's footer and, when full, gets the
+// without a caption; each later page begins with startNextPage's footer and, when full, gets the
 // short one printed over it. Later pages continue at the top.
-TEST(Print1List, PageBreaksAndTheirTwoFooters)
+TEST(PrintCdList, PageBreaksAndTheirTwoFooters)
 {
     const Placed f1 = footer(1, u"- Seite  1 -"_s), f2 = footer(2, u"- Seite  2 - "_s);
     const Placed end2 { 2, 3, 2.625, u"- Ende der Liste -"_s }, cd36 { 2, 3, 2, u"Nr. 7 CD 36"_s };
@@ -64,7 +64,7 @@ TEST(Print1List, PageBreaksAndTheirTwoFooters)
     for (const auto &[what, entries, pages, footers, page2Opener] : cases) {
         SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_list(printer, settings(), numbered(u"7 CD "_s, entries)).printed());
+        ASSERT_TRUE(printCdList(printer, settings(), numbered(u"7 CD "_s, entries)).printed());
         EXPECT_EQ(pageCount(printer), pages);
         std::vector<Placed> printedFooters;
         std::ranges::copy_if(placedTexts(printer), std::back_inserter(printedFooters),
@@ -83,11 +83,15 @@ TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
     const QString first = u"Fehler! Es konnte nicht gedruckt werden. Stellen Sie sicher, dass ein Drucker "
                           u"angeschlossen und korrekt eingestellt ist."_s;
     using Print = PrintOutcome (*)(Printer &, const PrintSettings &);
-    const Print list = [](Printer &p, const PrintSettings &s) { return Print1_list(p, s, {}); };
-    const Print comments = [](Printer &p, const PrintSettings &s) { return Print1_Kommentare(p, s, u"T"_s, {}); };
-    const Print results
-        = [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, std::vector<QString> {}); };
-    const Print noImage = [](Printer &p, const PrintSettings &s) { return Print1_Dateien(p, s, u"x"_s, u"/fehlt/0.dat"_s, {}); };
+    const Print list = [](Printer &p, const PrintSettings &s) { return printCdList(p, s, {}); };
+    const Print comments
+        = [](Printer &p, const PrintSettings &s) { return printCommentList(p, s, u"T"_s, {}); };
+    const Print results = [](Printer &p, const PrintSettings &s) {
+        return printSearchHits(p, s, u"x"_s, std::vector<QString> {});
+    };
+    const Print noImage = [](Printer &p, const PrintSettings &s) {
+        return printFileList(p, s, u"x"_s, u"/fehlt/0.dat"_s, {});
+    };
     using enum PrintOutcome::Status;
     const std::tuple<const char *, QString, Print, PrintOutcome::Status, QString, int> cases[] = {
         { "empty size box, title list: first line only", u""_s, list, Reported, first, 0 },
@@ -105,7 +109,7 @@ TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
     }
 }
 
-class Print1Dateien : public ::testing::Test
+class PrintFileList : public ::testing::Test
 {
 protected:
     QString image(const QByteArray &bytes) { return writeFile(m_dir.filePath(u"4711.dat"_s), bytes); }
@@ -125,7 +129,7 @@ protected:
     QTemporaryDir m_dir;
 };
 
-TEST_F(Print1Dateien, HeadAndLinesCutToTheColumnsAskedFor)
+TEST_F(PrintFileList, HeadAndLinesCutToTheColumnsAskedFor)
 {
     const QByteArray bytes = ">d:\r\n>d:\\Setup\r\nd:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\n\r\n";
     const std::pair<FileListColumns, QString> cases[] = {
@@ -137,7 +141,7 @@ TEST_F(Print1Dateien, HeadAndLinesCutToTheColumnsAskedFor)
     for (const auto &[columns, fileLine] : cases) {
         SCOPED_TRACE(fileLine.toStdString());
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"Setup-CD"_s, image(bytes), columns).printed());
+        ASSERT_TRUE(printFileList(printer, settings(), u"Setup-CD"_s, image(bytes), columns).printed());
         // The empty closing line of the image prints the line before it once more.
         EXPECT_EQ(placedTexts(printer),
             onePage(u"CD: Setup-CD"_s, u"* CD: Setup-CD"_s, { u">d:"_s, u">d:\\Setup"_s, fileLine, fileLine }));
@@ -147,7 +151,7 @@ TEST_F(Print1Dateien, HeadAndLinesCutToTheColumnsAskedFor)
 // Page 1 takes 33 lines below the head, later pages 39 from the top; the test after the last
 // line can give a page of the closing lines alone. Lines: printed lines, the doubled last one
 // included; the line that opens page 2, none when the closing lines do.
-TEST_F(Print1Dateien, PageBreaks)
+TEST_F(PrintFileList, PageBreaks)
 {
     const std::tuple<const char *, int, int, std::optional<int>> cases[] = {
         { "one short of a page", 32, 1, {} },
@@ -161,7 +165,7 @@ TEST_F(Print1Dateien, PageBreaks)
         for (int i = 1; i < lines; ++i)
             bytes += ">d:\\Ordner" + QByteArray::number(i) + "\r\n";
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_Dateien(printer, settings(), u"T"_s, image(bytes + "\r\n"), {}).printed());
+        ASSERT_TRUE(printFileList(printer, settings(), u"T"_s, image(bytes + "\r\n"), {}).printed());
         EXPECT_EQ(pageCount(printer), pages);
         if (pages == 1)
             continue;
@@ -175,14 +179,14 @@ TEST_F(Print1Dateien, PageBreaks)
 
 // Comments stand at 3 cm on page 1 and at the left edge on later pages; no test after the last
 // comment, and the closing line at 2 cm.
-TEST(Print1Kommentare, PagesAndClosingLine)
+TEST(PrintCommentList, PagesAndClosingLine)
 {
     RecordingPrinter none(testPaper());
-    ASSERT_TRUE(Print1_Kommentare(none, settings(), u"Jazz"_s, {}).printed());
+    ASSERT_TRUE(printCommentList(none, settings(), u"Jazz"_s, {}).printed());
     EXPECT_EQ(placedTexts(none).size(), 7u);
     EXPECT_EQ(placedTexts(none).back(), (Placed { 1, 2, 6.375, u"- Ende der Liste -"_s }));
     RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_Kommentare(printer, settings(), u"Jazz"_s, numbered(u"Kommentar "_s, 34)).printed());
+    ASSERT_TRUE(printCommentList(printer, settings(), u"Jazz"_s, numbered(u"Kommentar "_s, 34)).printed());
     const std::vector<Placed> page1 = textsOnPage(printer, 1);
     EXPECT_EQ(page1.front(), footer(1, u"- Seite  1 - Archiv: Musik * CD: Jazz"_s));
     EXPECT_EQ(page1[6], (Placed { 1, 3, 5.75, u"Kommentar 1"_s }));
@@ -193,12 +197,12 @@ TEST(Print1Kommentare, PagesAndClosingLine)
 
 // Results print as the results file has them, the empty end entry once more as the line
 // before it.
-TEST_F(Print1Dateien, ResultsInSearchOrder)
+TEST_F(PrintFileList, ResultsInSearchOrder)
 {
     const std::vector<QString> hits
         = { u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s, u"1-Bilder<>d:\\Urlaub"_s, u""_s };
     RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_Dateien(printer, settings(), u"s*"_s, hits).printed());
+    ASSERT_TRUE(printSearchHits(printer, settings(), u"s*"_s, hits).printed());
     EXPECT_EQ(placedTexts(printer),
         onePage(u"Suche nach s*"_s, u"* Suche nach: s*"_s,
             { u"3-Setup-CD d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s, u"1-Bilder >d:\\Urlaub"_s,
@@ -209,7 +213,7 @@ TEST(PrintCancel, StoppedAtAPageLeavesTheDocumentUnfinished)
 {
     RecordingPrinter printer(testPaper());
     printer.setPageWatcher([](int page) { return page < 3; });
-    const PrintOutcome outcome = Print1_list(printer, settings(), numbered(u"1 CD "_s, 500));
+    const PrintOutcome outcome = printCdList(printer, settings(), numbered(u"1 CD "_s, 500));
     EXPECT_EQ(outcome.status, PrintOutcome::Status::Cancelled);
     EXPECT_EQ(pageCount(printer), 2);
     EXPECT_FALSE(printer.finished());

@@ -24,7 +24,7 @@ double commentArea(const RecordingPrinter &printer)
 
 // No picture either way: the first row has a cover but the box unticked, the others tick it
 // with no cover shown.
-TEST(Print1Steckbrief, BoxGrowsWithTheCommentsMeasuredInTheListFont)
+TEST(PrintCdSheet, BoxGrowsWithTheCommentsMeasuredInTheListFont)
 {
     // Comments, list font, comment font, area in cm.
     const std::tuple<const char *, int, QString, QString, double> cases[] = {
@@ -40,20 +40,22 @@ TEST(Print1Steckbrief, BoxGrowsWithTheCommentsMeasuredInTheListFont)
         if (comments == 0)
             content.cover = QImage(10, 10, QImage::Format_RGB32);
         RecordingPrinter printer(testPaper());
-        ASSERT_TRUE(Print1_Steckbrief(printer, { u"Musik"_s, listSize, printMoment() }, content,
-            { commentSize, comments != 0 }).printed());
+        ASSERT_TRUE(printCdSheet(
+            printer, { u"Musik"_s, listSize, printMoment() }, content, { commentSize, comments != 0 })
+                        .printed());
         EXPECT_DOUBLE_EQ(commentArea(printer), area);
         EXPECT_TRUE(std::ranges::none_of(printer.items(),
             [](const RecordingPrinter::Item &item) { return item.kind == RecordingPrinter::Item::Kind::Picture; }));
     }
 }
 
-TEST(Print1Steckbrief, RulesTextsAndPictureInTheirPlaces)
+TEST(PrintCdSheet, RulesTextsAndPictureInTheirPlaces)
 {
     SheetContent content = jazz(2);
     content.cover = QImage(100, 50, QImage::Format_RGB32);
     RecordingPrinter printer(testPaper());
-    ASSERT_TRUE(Print1_Steckbrief(printer, { u"Musik"_s, u"10"_s, printMoment() }, content, { u"12"_s, true }).printed());
+    ASSERT_TRUE(
+        printCdSheet(printer, { u"Musik"_s, u"10"_s, printMoment() }, content, { u"12"_s, true }).printed());
 
     // The rules of the box in the order drawn: x1, y1, x2, y2.
     const std::vector<std::array<double, 4>> rules = { { 2, 2, 18, 2 }, { 2, 2.2, 18, 2.2 }, { 2, 3, 18, 3 },
@@ -90,11 +92,11 @@ TEST(Print1Steckbrief, RulesTextsAndPictureInTheirPlaces)
     EXPECT_TRUE(printer.finished());
 }
 
-TEST(Print1Steckbrief, CommentSizeWithoutANumberIsReportedInFull)
+TEST(PrintCdSheet, CommentSizeWithoutANumberIsReportedInFull)
 {
     RecordingPrinter printer(testPaper());
     const PrintOutcome outcome
-        = Print1_Steckbrief(printer, { u"Musik"_s, u"10"_s, printMoment() }, jazz(1), { u"groß"_s, true });
+        = printCdSheet(printer, { u"Musik"_s, u"10"_s, printMoment() }, jazz(1), { u"groß"_s, true });
     EXPECT_EQ(outcome.status, PrintOutcome::Status::Reported);
     EXPECT_TRUE(outcome.message.endsWith(u"\r\nFehlernummer: 13\r\nFehler-Beschreibung: Typen unverträglich"_s));
     EXPECT_FALSE(printer.finished());

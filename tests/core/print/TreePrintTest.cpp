@@ -46,7 +46,7 @@ PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int
     printout.setPrintStyle(printStyle);
     printout.setTreeView(tree);
     printout.setPrintedAt(printMoment());
-    return printout.PrintTvw(printer);
+    return printout.printTree(printer);
 }
 
 const std::vector<std::pair<QString, int>> kNodes = { { u"Jazz (d:)"_s, -1 }, { u"A"_s, 0 }, { u"A1"_s, 1 }, { u"B"_s, 0 } };
@@ -113,7 +113,7 @@ TEST(TreePrinter, PageChangeStartsUprightsAtTheTop)
     EXPECT_TRUE(std::ranges::none_of(textsOnPage(printer, 2), [](const Placed &p) { return p.text == u"Ordnerstruktur"_s; }));
 }
 
-TEST(Print1Ordner, SizesFromTheBoxAndItsFailures)
+TEST(PrintFolderTree, SizesFromTheBoxAndItsFailures)
 {
     const ListedTree empty({});
     using enum PrintOutcome::Status;
@@ -126,7 +126,8 @@ TEST(Print1Ordner, SizesFromTheBoxAndItsFailures)
     for (const auto &[what, size, tree, status, number] : cases) {
         SCOPED_TRACE(what);
         RecordingPrinter printer(testPaper());
-        const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, size, printMoment() }, u"Jazz"_s, *tree);
+        const PrintOutcome outcome
+            = printFolderTree(printer, { u"Musik"_s, size, printMoment() }, u"Jazz"_s, *tree);
         EXPECT_EQ(std::tie(outcome.status, outcome.failure.number), std::tie(status, number));
         EXPECT_EQ(printer.finished(), status == Printed);
         if (status == Printed) {
@@ -136,7 +137,7 @@ TEST(Print1Ordner, SizesFromTheBoxAndItsFailures)
     }
 }
 
-TEST(Print1Ordner, DeepLevelsEndWithTheirReportAndTheRestGoesOn)
+TEST(PrintFolderTree, DeepLevelsEndWithTheirReportAndTheRestGoesOn)
 {
     // Past about 77 levels the position leaves 16 bits: that level ends, those above go on.
     std::vector<std::pair<QString, int>> nodes = { { u"R"_s, -1 } };
@@ -144,7 +145,8 @@ TEST(Print1Ordner, DeepLevelsEndWithTheirReportAndTheRestGoesOn)
         nodes.push_back({ u"L%1"_s.arg(level), level - 1 });
     nodes.push_back({ u"Nachbar"_s, 0 });
     RecordingPrinter printer(RecordingPrinter::Paper { 21, 20, 1000 });
-    const PrintOutcome outcome = Print1_Ordner(printer, { u"Musik"_s, u"10"_s, printMoment() }, u"Jazz"_s, ListedTree(nodes));
+    const PrintOutcome outcome
+        = printFolderTree(printer, { u"Musik"_s, u"10"_s, printMoment() }, u"Jazz"_s, ListedTree(nodes));
     EXPECT_TRUE(outcome.printed());
     EXPECT_EQ(outcome.levelReports, QStringList { u"Error in Printing Maintree, please contact Support!"_s });
     EXPECT_EQ(printer.texts().back().text, u"Nachbar"_s);

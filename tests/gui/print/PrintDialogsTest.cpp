@@ -25,12 +25,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Form2Test : public ::testing::Test
+class PrintDialogTest : public ::testing::Test
 {
 protected:
     // Shows the main window with the CD `selected` (0: none), opens the print dialog from it
     // and, given an option, chooses that print-out and moves on to its page.
-    PrintDialog *openForm2(int selected = 0, const char *option = nullptr)
+    PrintDialog *openPrintDialog(int selected = 0, const char *option = nullptr)
     {
         m_main.show();
         if (selected)
@@ -40,7 +40,7 @@ protected:
         PrintDialog *form = m_main.run.form<PrintDialog>();
         if (form && option) {
             control<QRadioButton>(form, option)->setChecked(true);
-            control<QPushButton>(form, "Command3")->click();
+            control<QPushButton>(form, "nextButton")->click();
         }
         return form;
     }
@@ -62,46 +62,47 @@ protected:
     int m_pages = -1;
 };
 
-TEST_F(Form2Test, SheetOfTheSelectedCdIntoAPdfFile)
+TEST_F(PrintDialogTest, SheetOfTheSelectedCdIntoAPdfFile)
 {
-    PrintDialog *form = openForm2(7, "Option5");
+    PrintDialog *form = openPrintDialog(7, "sheetOption");
     ASSERT_NE(form, nullptr);
-    for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
+    for (const char *option : { "commentListOption", "fileListOption", "folderTreeOption", "sheetOption" })
         EXPECT_TRUE(control<QRadioButton>(form, option)->isEnabled()) << option;
-    EXPECT_TRUE(control<QWidget>(form, "Frame3")->isVisible());
-    screenshot(form, u"Form2-Steckbrief"_s);
-    EXPECT_EQ(control<QComboBox>(form, "cboPrinters")->currentText(), u"PDF-Datei"_s);
+    EXPECT_TRUE(control<QWidget>(form, "sheetPage")->isVisible());
+    screenshot(form, u"PrintDialog-Steckbrief"_s);
+    EXPECT_EQ(control<QComboBox>(form, "sheetPrinterCombo")->currentText(), u"PDF-Datei"_s);
 
     // pdftotext lays the blanks out anew.
-    const QString text = printToPdf(form, "Command7", u"steckbrief.pdf"_s).simplified();
+    const QString text = printToPdf(form, "sheetPrintButton", u"steckbrief.pdf"_s).simplified();
     for (const QString &expected :
         { u"Archiv: Test CD: Abc"_s, u"Kommentare zur CD:"_s, u"eins"_s, u"zwei"_s, u"Seriennummer: 1001"_s })
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
     // One page, and the sheet's print leaves the dialog open.
-    EXPECT_EQ(std::tuple(m_pages, form->CancelPrint(), m_main.run.form<PrintDialog>()), std::tuple(1, false, form));
+    EXPECT_EQ(std::tuple(m_pages, form->printerNotChosen(), m_main.run.form<PrintDialog>()),
+        std::tuple(1, false, form));
 }
 
-TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
+TEST_F(PrintDialogTest, TitleListWithoutASelectedCdAndTheStoredPrinter)
 {
-    PrintDialog *form = openForm2(0, "Option1");
+    PrintDialog *form = openPrintDialog(0, "cdListOption");
     ASSERT_NE(form, nullptr);
-    EXPECT_TRUE(control<QRadioButton>(form, "Option1")->isEnabled());
-    for (const char *option : { "Option2", "Option3", "Option4", "Option5" })
+    EXPECT_TRUE(control<QRadioButton>(form, "cdListOption")->isEnabled());
+    for (const char *option : { "commentListOption", "fileListOption", "folderTreeOption", "sheetOption" })
         EXPECT_FALSE(control<QRadioButton>(form, option)->isEnabled()) << option;
-    EXPECT_TRUE(control<QWidget>(form, "Frame2")->isVisible());
-    EXPECT_FALSE(control<QCheckBox>(form, "Check1")->isVisible());
-    screenshot(form, u"Form2-Liste"_s);
+    EXPECT_TRUE(control<QWidget>(form, "listPage")->isVisible());
+    EXPECT_FALSE(control<QCheckBox>(form, "sizeCheck")->isVisible());
+    screenshot(form, u"PrintDialog-Liste"_s);
 
     // The size box takes digits alone.
-    auto *size = control<QLineEdit>(form, "Text1");
+    auto *size = control<QLineEdit>(form, "fontSizeEdit");
     size->setFocus();
     size->end(false);
     QTest::keyClicks(size, u"a2b"_s);
     EXPECT_EQ(size->text(), u"102"_s);
     size->setText(u"10"_s);
 
-    control<QCheckBox>(form, "chkStandard2")->setChecked(true);
-    const QString text = printToPdf(form, "Command4", u"liste.pdf"_s);
+    control<QCheckBox>(form, "listStandardCheck")->setChecked(true);
+    const QString text = printToPdf(form, "listPrintButton", u"liste.pdf"_s);
     EXPECT_TRUE(text.contains(u"--- Archiv: Test. Liste der CD-Titel Stand:"_s)) << text.toStdString();
     EXPECT_LT(text.indexOf(u"Nr. 3 birne"_s), text.indexOf(u"Nr. 7 Abc"_s));
     EXPECT_TRUE(text.contains(u"- Ende der Liste -"_s));
@@ -109,35 +110,35 @@ TEST_F(Form2Test, TitleListWithoutASelectedCdAndTheStoredPrinter)
     EXPECT_EQ(m_main.run.program().settings().groupValue(u"Printer"_s, u"Device"_s), u"PDF-Datei"_s);
 }
 
-TEST_F(Form2Test, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
+TEST_F(PrintDialogTest, FileListOfACdWithoutImageIsRefusedBeforeTheFileIsAskedFor)
 {
-    PrintDialog *form = openForm2(12, "Option3");
-    EXPECT_TRUE(control<QCheckBox>(form, "Check1")->isVisible());
-    control<QPushButton>(form, "Command4")->click();
+    PrintDialog *form = openPrintDialog(12, "fileListOption");
+    EXPECT_TRUE(control<QCheckBox>(form, "sizeCheck")->isVisible());
+    control<QPushButton>(form, "listPrintButton")->click();
     m_main.run.settle();
     ASSERT_EQ(m_main.run.prompts().shown().size(), 1u);
     EXPECT_EQ(m_main.run.prompts().shown()[0].text, u"Kein Laufwerks_Abbild verfügbar!"_s);
 }
 
-TEST_F(Form2Test, FolderTreeFromTheImageTab)
+TEST_F(PrintDialogTest, FolderTreeFromTheImageTab)
 {
-    PrintDialog *form = openForm2(7, "Option4");
+    PrintDialog *form = openPrintDialog(7, "folderTreeOption");
     EXPECT_EQ(m_main.paneShown(), u"imagePage"_s);
-    const QString text = printToPdf(form, "Command4", u"ordner.pdf"_s);
+    const QString text = printToPdf(form, "listPrintButton", u"ordner.pdf"_s);
     for (const QString &expected : { u"Ordnerstruktur"_s, u"* Archiv: Test*** CD: Abc"_s, u"Abc (d:)"_s })
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString() << "\n" << text.toStdString();
 }
 
 // A stored printer that has gone leaves the lists without a selection; a preset device that
 // is there is selected over it.
-TEST_F(Form2Test, GonePrinterAndPresetDevice)
+TEST_F(PrintDialogTest, GonePrinterAndPresetDevice)
 {
     m_main.run.program().settings().setGroupValue(u"Printer"_s, u"Device"_s, u"Abgebaut"_s);
-    PrintDialog *form = openForm2();
-    for (const char *list : { "cboPrinters", "cboPrinters2" })
+    PrintDialog *form = openPrintDialog();
+    for (const char *list : { "sheetPrinterCombo", "listPrinterCombo" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentIndex(), -1) << list;
     form->setPrinterDefault(u"PDF-Datei"_s);
-    for (const char *list : { "cboPrinters", "cboPrinters2" })
+    for (const char *list : { "sheetPrinterCombo", "listPrinterCombo" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentText(), u"PDF-Datei"_s) << list;
 }
 
@@ -147,7 +148,7 @@ PrintOutcome printList(Printer &target, int count)
     QStringList entries;
     for (int i = 1; i <= count; ++i)
         entries << u"%1 CD %1"_s.arg(i);
-    return Print1_list(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, entries);
+    return printCdList(target, { u"Musik"_s, u"10"_s, QDateTime::currentDateTime() }, entries);
 }
 
 // A long print-out shows its pages as they go; a cancel there ends the job, and the file it

@@ -54,15 +54,15 @@ protected:
     {
         control<QAction>(m_main, "searchAction")->trigger();
         SearchDialog *dialog = window<SearchDialog>();
-        control<QRadioButton>(dialog, where == OneCd ? "Option1" : "Option2")->setChecked(true);
-        control<QRadioButton>(dialog, what == Files ? "Option3" : "Option4")->setChecked(true);
-        control<QCheckBox>(dialog, "Check1")->setChecked(explicitMatch);
-        control<QLineEdit>(dialog, "Text1")->setText(word);
+        control<QRadioButton>(dialog, where == OneCd ? "currentCdOption" : "allCdsOption")->setChecked(true);
+        control<QRadioButton>(dialog, what == Files ? "filesOption" : "commentsOption")->setChecked(true);
+        control<QCheckBox>(dialog, "explicitCheck")->setChecked(explicitMatch);
+        control<QLineEdit>(dialog, "wordEdit")->setText(word);
         QSignalSpy finished(dialog, &SearchDialog::searchFinished);
-        auto *command1 = control<QPushButton>(dialog, "Command1");
-        command1->click();
+        auto *searchButton = control<QPushButton>(dialog, "searchButton");
+        searchButton->click();
         // A search that runs keeps the button disabled until it ends.
-        const bool ended = !finished.isEmpty() || command1->isEnabled() || finished.wait(20000);
+        const bool ended = !finished.isEmpty() || searchButton->isEnabled() || finished.wait(20000);
         settle();
         return ended;
     }

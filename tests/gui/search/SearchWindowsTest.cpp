@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using frmsearchTest = SearchFixture;
+using SearchDialogTest = SearchFixture;
 
 // One CD: the paths of the CD on display, heeding "Explizite Suche". All CDs: every image in
 // archive order, ignoring it; the image of CD 5 is gone and passed over.
-TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
+TEST_F(SearchDialogTest, OptionsChooseWhatIsSearched)
 {
     const QString word = u"1-Backup 2003<d:\\Setup\\Word.exe"_s;
     const std::tuple<const char *, Where, bool, std::vector<QString>> cases[] = { // explicit, hits
@@ -45,7 +45,7 @@ TEST_F(frmsearchTest, OptionsChooseWhatIsSearched)
 // "*" alone hits every line of every image the list can show (the core holds which lines).
 // Each refusal after it says why; the dialog stays for another word, except when the CD on
 // display has no image, and list, heading and saved results still show the "*" search.
-TEST_F(frmsearchTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
+TEST_F(SearchDialogTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
 {
     const std::tuple<const char *, Where, What, QString, Icon> cases[] = {
         { "", AllCds, Files, u"Bitte geben Sie einen Suchbegriff ein!"_s, Icon::None },
@@ -68,43 +68,42 @@ TEST_F(frmsearchTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
     }
     EXPECT_EQ(session().lastResults, before);
     EXPECT_EQ(window<ResultsWindow>()->searchWord(), u"*"_s);
-    EXPECT_EQ(control<QTreeView>(window<ResultsWindow>(), "ListView1")->model()->rowCount(),
+    EXPECT_EQ(control<QTreeView>(window<ResultsWindow>(), "resultView")->model()->rowCount(),
         static_cast<int>(before.size()));
 }
 
-class Form1Test : public SearchFixture
+class CommentHitNavigatorTest : public SearchFixture
 {
 protected:
     // The navigator's position, "<" and ">" when enabled, and the CD selected in the main window.
     QString state(CommentHitNavigator *navigator) const
     {
-        return control<QLabel>(navigator, "Label6")->text()
-            + (control<QPushButton>(navigator, "Command1")->isEnabled() ? u" <"_s : QString())
-            + (control<QPushButton>(navigator, "Command2")->isEnabled() ? u" >"_s : QString()) + u" | "_s
+        return control<QLabel>(navigator, "positionLabel")->text()
+            + (control<QPushButton>(navigator, "previousButton")->isEnabled() ? u" <"_s : QString())
+            + (control<QPushButton>(navigator, "nextButton")->isEnabled() ? u" >"_s : QString()) + u" | "_s
             + (m_list->currentItem() ? m_list->currentItem()->text() : QString());
     }
 };
 
-TEST_F(Form1Test, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
+TEST_F(CommentHitNavigatorTest, SeveralFoundCdsAreSteppedThroughInTheMainWindow)
 {
     ASSERT_TRUE(search(u"WORD"_s, AllCds, Comments));
     QPointer<CommentHitNavigator> navigator = window<CommentHitNavigator>();
     ASSERT_FALSE(navigator.isNull());
     // The dialog gave way to the navigator, which counts the CDs found.
     EXPECT_EQ(std::tuple(window<SearchDialog>(), session().foundCdNumbers,
-                  control<QLabel>(navigator, "Label2")->text()),
+                  control<QLabel>(navigator, "countLabel")->text()),
         std::tuple(nullptr, std::vector<QString> { u"1"_s, u"3"_s }, u"2"_s));
     // Nothing lies before the first CD: "<" is disabled there.
     EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
-    QTest::keyClick(control<QPushButton>(navigator, "Command3"), Qt::Key_Return); // Enter means ">"
-    EXPECT_EQ(
-        state(navigator) + u" | "_s + mainLabel("titleLabel"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
-    control<QPushButton>(navigator, "Command1")->click();
+    QTest::keyClick(control<QPushButton>(navigator, "newSearchButton"), Qt::Key_Return); // Enter means ">"
+    EXPECT_EQ(state(navigator) + u" | "_s + mainLabel("titleLabel"), u"2 / 2 < | 3 Ohne Abbild | Ohne Abbild"_s);
+    control<QPushButton>(navigator, "previousButton")->click();
     EXPECT_EQ(state(navigator), u"1 / 2 > | 1 Backup 2003"_s);
     EXPECT_EQ(std::pair(window<CommentHitNavigator>(), shown().size()), std::pair(navigator.data(), size_t(0)));
 }
 
-TEST_F(Form1Test, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
+TEST_F(CommentHitNavigatorTest, OneFoundCdIsShownAndTheNavigatorGivesWayToAMessage)
 {
     ASSERT_TRUE(search(u"ägypten"_s, AllCds, Comments));
     QTest::qWait(20);
@@ -119,7 +118,7 @@ const QStringList wordHits = { u"1-Backup 2003 d:\\Setup\\Word.exe * 9 Byte * Da
     u"2-Fotos e:\\wörter\\word.doc * 10 Byte * Date:05.05.2005"_s,
     u"4-Spiele f:\\Spiele\\Word7.exe * 2048 Byte * Date:03.03.2003 03:03:03"_s };
 
-class frmResultsTest : public SearchFixture
+class ResultsWindowTest : public SearchFixture
 {
 protected:
     // The list of a file search over all CDs.
@@ -128,7 +127,7 @@ protected:
         EXPECT_TRUE(search(word, AllCds, Files));
         if ((m_window = window<ResultsWindow>()))
             m_window->resize(700, 400);
-        m_view = m_window ? control<QTreeView>(m_window, "ListView1") : nullptr;
+        m_view = m_window ? control<QTreeView>(m_window, "resultView") : nullptr;
         return m_window;
     }
 
@@ -157,7 +156,7 @@ protected:
     {
         m_run.prompts().answerFile(
             chosen ? std::optional(Prompts::FileAnswer { m_scratch.filePath(*chosen), 0 }) : std::nullopt);
-        control<QPushButton>(m_window, "Command1")->click();
+        control<QPushButton>(m_window, "saveButton")->click();
     }
 
     QTemporaryDir m_scratch;
@@ -165,11 +164,11 @@ protected:
     QTreeView *m_view = nullptr;
 };
 
-TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
+TEST_F(ResultsWindowTest, FileAndFolderHitsFillTheirColumns)
 {
     ASSERT_NE(searchAll(u"e:"_s), nullptr);
     QAbstractItemModelTester tester(m_view->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    EXPECT_EQ(control<QLabel>(m_window, "Label1")->text(), u"Ergebnis der Suche nach e:"_s);
+    EXPECT_EQ(control<QLabel>(m_window, "headingLabel")->text(), u"Ergebnis der Suche nach e:"_s);
     EXPECT_EQ(rows(),
         u"CD-Name|Dateien|Größe|Datum\n2-Fotos|>e:||\n2-Fotos|>e:\\Bilder||\n"
         "2-Fotos|e:\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\n2-Fotos|>e:\\Bilder\\alt.zip||\n"
@@ -181,7 +180,7 @@ TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
     const int dateWidth = m_view->fontMetrics().horizontalAdvance(u"28.07.2002 18:02:44"_s);
     for (const int width : { 450, 720 }) {
         m_window->resize(width, 420);
-        m_window->getResults(session().lastResults, u"e:"_s);
+        m_window->showHits(session().lastResults, u"e:"_s);
         EXPECT_GT(m_view->header()->sectionSize(3), dateWidth) << width;
     }
     screenshot(m_window, u"ResultsWindow"_s);
@@ -191,7 +190,7 @@ TEST_F(frmResultsTest, FileAndFolderHitsFillTheirColumns)
 // name without extension gets the filter's ".txt"; a cancel writes nothing; a file that cannot
 // be written is reported. Size and date are printed with their boxes unticked. The bytes of
 // the file are tested in the core.
-TEST_F(frmResultsTest, SavedAndPrintedHitsKeepTheSearchOrder)
+TEST_F(ResultsWindowTest, SavedAndPrintedHitsKeepTheSearchOrder)
 {
     ASSERT_NE(searchAll(u"word"_s), nullptr);
     clickHeader(2);
@@ -206,17 +205,17 @@ TEST_F(frmResultsTest, SavedAndPrintedHitsKeepTheSearchOrder)
         << shown()[3].text.toStdString();
     EXPECT_EQ(QDir(m_scratch.path()).entryList(QDir::Files), QStringList { u"treffer.txt"_s });
 
-    control<QPushButton>(m_window, "Command2")->click();
+    control<QPushButton>(m_window, "printButton")->click();
     settle();
     ResultsPrintDialog *dialog = window<ResultsPrintDialog>();
     ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(control<QLabel>(dialog, "Label2")->text(), u"> Druckender Suchergebnisse"_s);
+    EXPECT_EQ(control<QLabel>(dialog, "listHeading")->text(), u"> Druckender Suchergebnisse"_s);
     screenshot(dialog, u"ResultsPrintDialog"_s);
-    control<QCheckBox>(dialog, "Check1")->setChecked(false);
-    control<QCheckBox>(dialog, "Check2")->setChecked(false);
+    control<QCheckBox>(dialog, "sizeCheck")->setChecked(false);
+    control<QCheckBox>(dialog, "dateCheck")->setChecked(false);
     const QString pdf = m_scratch.filePath(u"treffer.pdf"_s);
     m_run.prompts().answerFile(Prompts::FileAnswer { pdf, 0 });
-    control<QPushButton>(dialog, "Command4")->click();
+    control<QPushButton>(dialog, "listPrintButton")->click();
     settle();
     const QString text = pdfText(pdf);
     qsizetype at = text.indexOf(u"* Suche nach: word"_s);
