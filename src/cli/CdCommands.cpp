@@ -111,7 +111,7 @@ int listCds(CliContext &context)
     cdlist::Fill fill = cdlist::entriesOf(rows.value);
     if (options.has(QStringLiteral("--alpha"))) {
         bool listSorted = false;
-        cdlist::sortList1(fill.entries, listSorted);
+        cdlist::sortByTitle(fill.entries, listSorted);
     }
     for (const QString &entry : fill.entries)
         printLine(entry);

@@ -30,7 +30,7 @@ public:
 
     ~DesktopRun()
     {
-        m_program->unloadAll();
+        m_program->closeAllWindows();
         settle();
     }
 

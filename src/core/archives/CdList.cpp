@@ -80,7 +80,7 @@ std::optional<int16_t> numberOf(const QString &entry)
     return static_cast<int16_t>(number);
 }
 
-void sortList1(QStringList &entries, bool &listSorted)
+void sortByTitle(QStringList &entries, bool &listSorted)
 {
     if (entries.isEmpty())
         return;

@@ -31,7 +31,7 @@ std::optional<int16_t> numberOf(const QString &entry);
 // Sorts the entries by title, binary, and sets listSorted; an empty list stays as it is,
 // listSorted included. The number keeps its blank and gets another, so each repeated sort
 // without a reload widens the gap by one blank.
-void sortList1(QStringList &entries, bool &listSorted);
+void sortByTitle(QStringList &entries, bool &listSorted);
 
 // The texts of deleting a CD: the refusal with nothing selected, the question, the report.
 QString noCdSelectedMessage();

@@ -302,7 +302,7 @@ void MainWindow::sortByTitle()
     for (int i = 0; i < m_ui->cdList->count(); ++i)
         entries << m_ui->cdList->item(i)->text();
     bool &sorted = m_program.session().listSorted;
-    cdlist::sortList1(entries, sorted);
+    cdlist::sortByTitle(entries, sorted);
     if (!entries.isEmpty())
         fillList(entries);
 }
@@ -634,7 +634,7 @@ void MainWindow::goToTray()
 void MainWindow::endRun()
 {
     m_tray->hide();
-    m_program.unloadAll();
+    m_program.closeAllWindows();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

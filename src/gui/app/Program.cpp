@@ -72,7 +72,7 @@ void Program::unload(QWidget *window)
     window->deleteLater();
 }
 
-void Program::unloadAll()
+void Program::closeAllWindows()
 {
     while (!m_forms.empty()) {
         QPointer<QWidget> last = m_forms.back();

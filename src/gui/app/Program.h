@@ -65,7 +65,7 @@ public:
     // Closes the window: its close handler runs, visible or not, then it is deleted.
     void unload(QWidget *window);
     // Unloads every window, the last loaded first.
-    void unloadAll();
+    void closeAllWindows();
 
     // Windows that other parts of the program provide, opened by their class name. Without
     // an opener for the name nothing happens, and open() says so.

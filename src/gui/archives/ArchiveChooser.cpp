@@ -175,7 +175,7 @@ void ArchiveChooser::cancel()
 
 void ArchiveChooser::quit()
 {
-    m_program.unloadAll();
+    m_program.closeAllWindows();
 }
 
 void ArchiveChooser::makeSelectedDefault()
@@ -215,7 +215,7 @@ void ArchiveChooser::closeEvent(QCloseEvent *event)
     const bool openArchiveGone = session.changingArchive && !session.archiveChosen
         && !QFileInfo::exists(session.archivePath);
     if ((!session.changingArchive && !session.archiveChosen) || openArchiveGone)
-        m_program.unloadAll();
+        m_program.closeAllWindows();
     QWidget::closeEvent(event);
 }
 

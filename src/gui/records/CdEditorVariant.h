@@ -34,7 +34,7 @@ struct CdEditorVariant
         };
     }
 
-    static CdEditorVariant changeCd()
+    static CdEditorVariant editCd()
     {
         return {
             .objectName = QStringLiteral("EditCdDialog"),

@@ -9,7 +9,7 @@ class EditCdDialog : public CdEditor
 
 public:
     EditCdDialog(Session &session, Settings &settings, MainWindowLink link, QWidget *parent = nullptr)
-        : CdEditor(CdEditorVariant::changeCd(), session, settings, std::move(link), parent)
+        : CdEditor(CdEditorVariant::editCd(), session, settings, std::move(link), parent)
     {
     }
 };

@@ -135,7 +135,7 @@ void OptionsDialog::saveSettings()
         if (MainWindow *main = m_program.form<MainWindow>())
             main->close();
         else
-            m_program.unloadAll();
+            m_program.closeAllWindows();
         shellopen::startDetached(again.program, again.arguments, again.environment);
         return;
     }

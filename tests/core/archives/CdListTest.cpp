@@ -41,7 +41,7 @@ TEST(CdListTest, SortIsBinaryByTitle)
     };
     for (auto [entries, sorted] : cases) {
         bool listSorted = false;
-        cdlist::sortList1(entries, listSorted);
+        cdlist::sortByTitle(entries, listSorted);
         EXPECT_EQ(std::pair(entries, listSorted), std::pair(sorted, !sorted.isEmpty()));
     }
 }
