@@ -98,10 +98,4 @@ SaveNames saveNames(
     return names;
 }
 
-QString fileTitle(const QString &path)
-{
-    const qsizetype cut = std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
-    return path.mid(cut + 1);
-}
-
 } // namespace filedialogrules

@@ -40,7 +40,4 @@ struct SaveNames
 SaveNames saveNames(
     const QString &chosenPath, const QString &convertedFilter, int filterIndex, const QString &defaultExt);
 
-// The part of a path behind its last separator ("/" or "\").
-QString fileTitle(const QString &path);
-
 } // namespace filedialogrules

@@ -68,7 +68,6 @@ public:
     // and whenever the list's width changes.
     void fitColumns();
 
-    QMenu *popup() const { return m_fileListMenu; }
     // The folders of the tree as loaded, and the tree's node that is selected, -1 for none.
     const FolderTree &folderTree() const;
     int selectedNode() const;

@@ -35,7 +35,6 @@ bool FileDialogs::show(Kind kind, const QString &startFolder)
 
     Prompts::FileRequest request;
     request.mode = kind == Kind::Save ? Prompts::FileRequest::Mode::Save : Prompts::FileRequest::Mode::Open;
-    request.title = title;
     request.directory = initialFolder;
     request.fileName = fileName;
     request.nameFilters = filedialogrules::nameFilters(filter);
@@ -47,7 +46,6 @@ bool FileDialogs::show(Kind kind, const QString &startFolder)
         return false;
     }
     fileName = answer->path;
-    fileTitle = filedialogrules::fileTitle(fileName);
     filterIndex = answer->filterIndex + 1;
     return true;
 }

@@ -15,11 +15,8 @@ public:
 
     QString filter; // "name|pattern|name|pattern"; holds its converted form after a dialog
     QString fileName; // in and out: the chosen file with its path
-    QString fileTitle; // out: the chosen file without its path
-    QString title;
     QString defaultExtension; // the extension that askFileToSave appends where missing
     QString initialFolder; // start folder; the current folder when empty
-    QString tag; // free for the caller
     int filterIndex = 0; // in and out: the chosen filter pair, from 1
 
     // The chosen path, or an empty text for a cancel.
@@ -30,7 +27,7 @@ public:
 
 private:
     enum class Kind { Open, Save };
-    // Shows the dialog; true on a choice, with fileName, fileTitle and filterIndex set.
+    // Shows the dialog; true on a choice, with fileName and filterIndex set.
     bool show(Kind kind, const QString &startFolder);
 
     QWidget *m_owner;

@@ -30,7 +30,6 @@ public:
     bool showHits(const std::vector<QString> &results, const QString &word);
 
     const QString &searchWord() const { return m_searchWord; }
-    // The path of the item clicked last, as the image holds it; empty until a click.
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
