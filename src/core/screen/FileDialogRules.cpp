@@ -1,6 +1,5 @@
 #include "FileDialogRules.h"
 
-#include <algorithm>
 
 namespace filedialogrules {
 
