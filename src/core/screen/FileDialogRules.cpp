@@ -1,6 +1,5 @@
 #include "FileDialogRules.h"
 
-
 namespace filedialogrules {
 
 namespace {
