@@ -182,7 +182,7 @@ TEST(Faults, AFullDiskIsSaidAndLosesNothing)
             u"Das Laufwerksabbild \"%1/data/lws/"_s, false },
         { "new archive", 1, { u"archive"_s, u"create"_s, u"Neu"_s },
             u"Auf dem Datenträger ist kein Platz mehr. Die Änderung wurde nicht gespeichert."_s },
-        { "CoverWindow", 2,
+        { "cover", 2,
             { u"cd"_s, u"add"_s, u"--number"_s, u"2"_s, u"--title"_s, u"Zwei"_s, u"--cover"_s, cover },
             u"Das Cover-Bild \"%1/data/Covers/"_s },
     };

@@ -23,7 +23,7 @@ ExportDialog::ExportDialog(Program &program)
 {
     m_program.adopt(this);
     setObjectName(QStringLiteral("ExportDialog"));
-    setWindowTitle(QStringLiteral("ExportDialog"));
+    setWindowTitle(QStringLiteral("Exportieren"));
     QPushButton *next = nullptr;
     m_firstChoice = buildChoice(this, QStringLiteral("> Exportieren von Silberbuch - Daten"),
         QStringLiteral("Ein Sicherheits-Backup des aktuellen Archives erstellen"),
