@@ -28,6 +28,7 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
 
     ExportDialog *exporter = run.program().show<ExportDialog>();
     screenshot(exporter, u"ExportDialog"_s);
+    EXPECT_EQ(exporter->windowTitle(), u"Exportieren"_s);
     // The name typed without its extension gets the filter's.
     go(exporter, out.filePath(u"musik"_s));
     EXPECT_EQ(run.prompts().messages().last(), u"Das Backup wurde erfolgreich erstellt!"_s);
@@ -43,6 +44,7 @@ TEST(TransferDialogs, EachWayThroughItsDialog)
 
     ImportDialog *importer = run.program().show<ImportDialog>();
     screenshot(importer, u"ImportDialog"_s);
+    EXPECT_EQ(importer->windowTitle(), u"Importieren "_s);
     importer->findChild<QRadioButton *>(u"secondChoice"_s)->setChecked(true);
     run.prompts().answerMessage(Prompts::Answer::Yes);
     go(importer, out.filePath(u"musik.bup"_s));
