@@ -11,7 +11,7 @@ packages=(
   fonts-liberation2 xvfb xauth poppler-utils
   hicolor-icon-theme adwaita-icon-theme zip
   mdbtools-dev qt6-translations-l10n
-  desktop-file-utils appstream man-db groff-base dpkg-dev file
+  desktop-file-utils appstream man-db groff-base dpkg-dev file lintian
   python3 ccache strace
 )
 

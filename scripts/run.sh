@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and starts the desktop program (arguments pass through).
+# Installs what is missing, builds the two programs only, and starts the desktop program
+# (arguments pass through). Tests and benchmarks are left to scripts/test.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
-scripts/build.sh
+scripts/build.sh --target silberbuch silberbuch-cli
 if [ -x build/src/app/silberbuch ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
   exec build/src/app/silberbuch "$@"
 fi

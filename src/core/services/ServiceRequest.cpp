@@ -18,12 +18,18 @@ constexpr char kComparedVersion[] = "5.0";
 QString baseAddress()
 {
     const QString chosen = qEnvironmentVariable("SILBERBUCH_SERVICE_URL");
-    return chosen.isEmpty() ? QStringLiteral("https://silberbuch.example.org") : chosen;
+    if (!chosen.isEmpty())
+        return chosen;
+    // The server scripts live on the web site; the requests append their own "/members/...".
+    QString site = vendorWebAddress();
+    while (site.endsWith(QLatin1Char('/')))
+        site.chop(1);
+    return site;
 }
 
 QString vendorWebAddress()
 {
-    return QStringLiteral("https://silberbuch.example.org/");
+    return QStringLiteral(SILBERBUCH_HOMEPAGE);
 }
 
 QString vendorWebAddressText()
@@ -37,7 +43,7 @@ QString vendorWebAddressText()
 
 QString vendorMailAddress()
 {
-    return QStringLiteral("support@silberbuch.example.org");
+    return QStringLiteral(SILBERBUCH_MAIL);
 }
 
 QString userName()
