@@ -139,6 +139,8 @@ PrintDialog::PrintDialog(Program &program, PrintLink link)
     connect(m_list.cancel, &QPushButton::clicked, this, &QDialog::close);
     connect(m_list.print, &QPushButton::clicked, this, &PrintDialog::printListOnChosenPrinter);
     connect(m_list.preview, &QPushButton::clicked, this, [this] {
+        if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+            return;
         if (const auto refusal = listRefusal())
             return Prompts::message(this, *refusal), void();
         printrun::preview(this, printerchoice::listQuality(m_list.quality.good->isChecked()),
@@ -147,7 +149,8 @@ PrintDialog::PrintDialog(Program &program, PrintLink link)
     connect(sheetCancel, &QPushButton::clicked, this, &QDialog::close);
     connect(sheetPrint, &QPushButton::clicked, this, &PrintDialog::printSheetOnChosenPrinter);
     connect(sheetPreview, &QPushButton::clicked, this, [this] {
-        printrun::preview(this, sheetQuality(), [this](Printer &printer) { return printSheet(printer); });
+        if (printdialog::fontSizeAccepted(this, m_commentSize))
+            printrun::preview(this, sheetQuality(), [this](Printer &printer) { return printSheet(printer); });
     });
 }
 
@@ -249,6 +252,8 @@ std::optional<int> PrintDialog::sheetQuality() const
 
 void PrintDialog::printListOnChosenPrinter()
 {
+    if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+        return;
     const QString device = printdialog::choosePrinter(m_list.printer, m_program.settings(), m_program.session());
     m_printerNotChosen = false;
     if (const auto refusal = listRefusal()) {
@@ -263,6 +268,8 @@ void PrintDialog::printListOnChosenPrinter()
 
 void PrintDialog::printSheetOnChosenPrinter()
 {
+    if (!printdialog::fontSizeAccepted(this, m_commentSize))
+        return;
     const QString device = printdialog::choosePrinter(m_sheetPrinter, m_program.settings(), m_program.session());
     m_printerNotChosen = false;
     printrun::printOn(this, device, sheetQuality(), [this](Printer &target) { return printSheet(target); });

@@ -7,6 +7,7 @@
 #include "print/ListPrints.h"
 #include "print/PdfPrinter.h"
 #include "print/PrintRun.h"
+#include "print/ResultsPrintDialog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -140,6 +141,84 @@ TEST_F(PrintDialogTest, GonePrinterAndPresetDevice)
     form->setPrinterDefault(u"PDF-Datei"_s);
     for (const char *list : { "sheetPrinterCombo", "listPrinterCombo" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentText(), u"PDF-Datei"_s) << list;
+}
+
+// Counts the preview windows that open while it lives, and closes each at once.
+class PreviewWatch
+{
+public:
+    PreviewWatch()
+    {
+        m_poll.setInterval(10);
+        QObject::connect(&m_poll, &QTimer::timeout, [this] {
+            if (auto *dialog = qobject_cast<QPrintPreviewDialog *>(QApplication::activeModalWidget())) {
+                ++m_opened;
+                dialog->reject();
+            }
+        });
+        m_poll.start();
+    }
+    int opened() const { return m_opened; }
+
+private:
+    QTimer m_poll;
+    int m_opened = 0;
+};
+
+const QString kFontSizeRefusal = u"Bitte geben Sie als Schriftgröße eine Zahl von 1 bis 72 ein."_s;
+
+// A size box that holds no printable size: the message, no file asked for, no preview, and
+// the dialog stays open with the box as it was.
+TEST_F(PrintDialogTest, FontSizeThatIsNoSizeIsRefusedAndTheDialogStays)
+{
+    const std::tuple<const char *, const char *, const char *, QString> cases[] = {
+        { "list, empty", "cdListOption", "fontSizeEdit", u""_s },
+        { "list, too large", "cdListOption", "fontSizeEdit", u"500"_s },
+        { "list, zero", "cdListOption", "fontSizeEdit", u"0"_s },
+        { "sheet comments, letters", "sheetOption", "commentSizeEdit", u"zehn"_s },
+        { "sheet comments, empty", "sheetOption", "commentSizeEdit", u""_s },
+    };
+    for (const auto &[what, option, box, text] : cases) {
+        SCOPED_TRACE(what);
+        PrintDialog *form = openPrintDialog(7, option);
+        ASSERT_NE(form, nullptr);
+        control<QLineEdit>(form, box)->setText(text);
+        const QString page = QString::fromLatin1(option) == u"sheetOption"_s ? u"sheet"_s : u"list"_s;
+        PreviewWatch previews;
+        m_main.run.prompts().clear();
+        for (const QString &button : { page + u"PrintButton"_s, page + u"PreviewButton"_s }) {
+            control<QPushButton>(form, button.toLatin1().constData())->click();
+            m_main.run.settle();
+        }
+        EXPECT_EQ(m_main.run.prompts().messages(), (QStringList { kFontSizeRefusal, kFontSizeRefusal }));
+        EXPECT_EQ(m_main.run.prompts().shown().size(), 2u); // no file dialog
+        EXPECT_EQ(std::tuple(previews.opened(), m_main.run.form<PrintDialog>(), control<QLineEdit>(form, box)->text()),
+            std::tuple(0, form, text));
+        form->close();
+        m_main.run.settle();
+    }
+}
+
+TEST_F(PrintDialogTest, ResultsFontSizeThatIsNoSizeIsRefusedAndTheDialogStays)
+{
+    m_main.show();
+    for (const QString &text : { u""_s, u"zehn"_s, u"10 Punkt"_s, u"73"_s }) {
+        SCOPED_TRACE(text.toStdString());
+        auto *dialog = new ResultsPrintDialog(
+            m_main.run.program().session(), m_main.run.program().settings(), u"word"_s, nullptr);
+        dialog->show();
+        control<QLineEdit>(dialog, "fontSizeEdit")->setText(text);
+        PreviewWatch previews;
+        m_main.run.prompts().clear();
+        for (const char *button : { "listPrintButton", "listPreviewButton" }) {
+            control<QPushButton>(dialog, button)->click();
+            m_main.run.settle();
+        }
+        EXPECT_EQ(m_main.run.prompts().messages(), (QStringList { kFontSizeRefusal, kFontSizeRefusal }));
+        EXPECT_EQ(m_main.run.prompts().shown().size(), 2u);
+        EXPECT_EQ(std::tuple(previews.opened(), dialog->isVisible()), std::tuple(0, true));
+        delete dialog;
+    }
 }
 
 // The title list of `count` CDs, printed as a long print-out.
