@@ -261,7 +261,10 @@ void PrintDialog::printListOnChosenPrinter()
         close();
         return;
     }
-    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+    // The title list names the archive it lists.
+    const QString printedName = m_printMode == 0 ? m_program.session().archiveName : m_link.titleLabel->text();
+    if (printrun::printOn(this, device, { m_program.settings(), printedName },
+            printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &target) { return printList(target); }))
         close();
 }
@@ -272,5 +275,6 @@ void PrintDialog::printSheetOnChosenPrinter()
         return;
     const QString device = printdialog::choosePrinter(m_sheetPrinter, m_program.settings(), m_program.session());
     m_printerNotChosen = false;
-    printrun::printOn(this, device, sheetQuality(), [this](Printer &target) { return printSheet(target); });
+    printrun::printOn(this, device, { m_program.settings(), m_link.titleLabel->text() }, sheetQuality(),
+        [this](Printer &target) { return printSheet(target); });
 }

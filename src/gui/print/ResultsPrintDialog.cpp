@@ -51,7 +51,8 @@ void ResultsPrintDialog::printHitsOnChosenPrinter()
     if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
         return;
     const QString device = printdialog::choosePrinter(m_list.printer, m_settings, m_session);
-    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+    if (printrun::printOn(this, device, { m_settings, QString() },
+            printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &target) { return printHits(target); }))
         close();
 }

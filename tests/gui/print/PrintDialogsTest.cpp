@@ -1,6 +1,7 @@
 #include "MainWindowRun.h"
 #include "PdfText.h"
 #include "Screenshot.h"
+#include "TestPaths.h"
 
 #include "app/Settings.h"
 #include "print/PrintDialog.h"
@@ -13,6 +14,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -141,6 +143,39 @@ TEST_F(PrintDialogTest, GonePrinterAndPresetDevice)
     form->setPrinterDefault(u"PDF-Datei"_s);
     for (const char *list : { "sheetPrinterCombo", "listPrinterCombo" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentText(), u"PDF-Datei"_s) << list;
+}
+
+// A PDF file that is there is replaced only after "Ja"; "Nein" brings the file dialog back.
+// The dialog proposes the CD's title, and next time the folder printed into.
+TEST_F(PrintDialogTest, PdfIntoAnExistingFileAsksFirst)
+{
+    const QString old = writeFile(m_out.filePath(u"alt.pdf"_s), "alte Liste");
+    PrintDialog *form = openPrintDialog(7, "sheetOption");
+    ASSERT_NE(form, nullptr);
+    PromptScript &prompts = m_main.run.prompts();
+    prompts.clear();
+    prompts.answerFile(Prompts::FileAnswer { old, 0 });
+    prompts.answerMessage(Prompts::Answer::No);
+    prompts.answerFile(Prompts::FileAnswer { m_out.filePath(u"neu.pdf"_s), 0 });
+    control<QPushButton>(form, "sheetPrintButton")->click();
+    m_main.run.settle();
+    ASSERT_EQ(prompts.shown().size(), 3u);
+    EXPECT_EQ(prompts.shown()[0].file.fileName, u"Abc.pdf"_s);
+    EXPECT_EQ(std::tuple(prompts.shown()[1].title, prompts.shown()[1].text),
+        std::tuple(u"Überschreiben?"_s, u"Wollen Sie die vorhandene Datei überschreiben?"_s));
+    EXPECT_EQ(prompts.shown()[2].kind, PromptScript::Kind::File);
+    EXPECT_EQ(fileBytes(old), QByteArray("alte Liste"));
+    EXPECT_EQ(pdfPages(m_out.filePath(u"neu.pdf"_s)), 1);
+
+    // "Ja" replaces it; the dialog starts in the folder used last.
+    prompts.clear();
+    prompts.answerFile(Prompts::FileAnswer { old, 0 });
+    prompts.answerMessage(Prompts::Answer::Yes);
+    control<QPushButton>(form, "sheetPrintButton")->click();
+    m_main.run.settle();
+    ASSERT_EQ(prompts.shown().size(), 2u);
+    EXPECT_EQ(QDir(prompts.shown()[0].file.directory), QDir(m_out.path()));
+    EXPECT_EQ(pdfPages(old), 1);
 }
 
 // Counts the preview windows that open while it lives, and closes each at once.
