@@ -67,8 +67,12 @@ PrintOutcome printList(Printer &printer, const PrintSettings &settings, const Li
              QStringLiteral("* Stand: ") + dateText(settings.printedAt) + QLatin1Char(' ')
                  + timeText(settings.printedAt),
              QStringLiteral("* Erstellt mit dem Silberbuch 5.1"), QStringLiteral("* ") + printedWebAddress(),
-             QString() })
+             QString() }) {
+        // Only a large font fills a page with the head.
+        if (frame.overflows())
+            frame.startNextPage(true, caption);
         printAt(printer, 2, head);
+    }
 
     const std::optional<RuntimeFailure> failure = source([&](const QString &out) {
         if (printer.stopped())
@@ -91,6 +95,15 @@ PrintOutcome printList(Printer &printer, const PrintSettings &settings, const Li
     printAt(printer, 2, listEnd);
     printer.endDoc();
     return printOutcomeOf(printer, body.trap);
+}
+
+// The title list tests after each line: a full page gets this footer over the one it began with.
+void closeFullPage(PageFrame &frame)
+{
+    if (frame.overflows()) {
+        frame.printFooter(PageFrame::pageText(frame.pageNumber()) + QStringLiteral(" -"));
+        frame.startNextPage(true, QString());
+    }
 }
 
 // The out text of an image line; an empty line leaves it as it was.
@@ -169,19 +182,18 @@ PrintOutcome printCdList(Printer &printer, const PrintSettings &settings, const 
                  + QString(18, QLatin1Char(' ')) + QStringLiteral("---"),
              QStringLiteral("---") + QString(29, QLatin1Char(' ')) + printedWebAddress()
                  + QString(26, QLatin1Char(' ')) + QStringLiteral("---"),
-             QString() })
+             QString() }) {
         printAt(printer, 2, head);
+        // Only a large font fills a page with the head.
+        closeFullPage(frame);
+    }
     if (cdListEntries.size() - 1 > counterLimit)
         return failedPrint(overflow(), PrintTrap::Short);
     for (const QString &entry : cdListEntries) {
         if (printer.stopped())
             return printOutcomeOf(printer, PrintTrap::Short);
         printAt(printer, 3, QStringLiteral("Nr. ") + entry);
-        // Tested after the line: a full page gets this footer over the one it began with.
-        if (frame.overflows()) {
-            frame.printFooter(PageFrame::pageText(frame.pageNumber()) + QStringLiteral(" -"));
-            frame.startNextPage(true, QString());
-        }
+        closeFullPage(frame);
     }
     printAt(printer, 2, QString());
     printAt(printer, 3, listEnd);

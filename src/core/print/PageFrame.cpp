@@ -2,6 +2,8 @@
 
 #include "app/NumberText.h"
 
+#include <algorithm>
+
 std::variant<double, RuntimeFailure> fontSizeFrom(const QString &text)
 {
     const std::optional<double> size = parseNumberText(text);
@@ -40,9 +42,15 @@ std::variant<PageFrame, RuntimeFailure> PageFrame::startJob(Printer &printer, co
     return job;
 }
 
+double PageFrame::footerTop() const
+{
+    // A footer taller than its 0.8 cm would run off the page and open one of its own.
+    return m_printer->scaleHeight() - std::max(0.8, m_printer->textHeight(m_probe));
+}
+
 bool PageFrame::overflows() const
 {
-    return m_printer->currentY() + m_printer->textHeight(m_probe) >= m_printer->scaleHeight() - 1;
+    return m_printer->currentY() + m_printer->textHeight(m_probe) >= footerTop() - 0.2;
 }
 
 QString PageFrame::pageText(int number)
@@ -61,7 +69,7 @@ void PageFrame::startNextPage(bool newPage, const QString &caption)
 
 void PageFrame::printFooter(const QString &footer)
 {
-    m_printer->setCurrentY(m_printer->scaleHeight() - 1 + 0.1 + 0.1);
+    m_printer->setCurrentY(footerTop());
     m_printer->setCurrentX((m_printer->scaleWidth() - m_printer->textWidth(footer)) / 2);
     m_printer->print(footer);
 }

@@ -20,10 +20,11 @@ public:
     // with a font larger than the page: then a new page with a footer without caption.
     static std::variant<PageFrame, RuntimeFailure> startJob(Printer &printer, const QString &fontSizeText);
 
-    // The next line would reach into the last centimetre; measured on the size's own digits.
+    // The next line would reach to 0.2 cm above the footer (the last centimetre at sizes
+    // whose footer fits into 0.8 cm); measured on the size's own digits.
     bool overflows() const;
     void startNextPage(bool newPage, const QString &caption);
-    // A footer line 0.8 cm above the bottom, centred.
+    // A footer line 0.8 cm above the bottom, or a line's height where that is more, centred.
     void printFooter(const QString &footer);
     // "- Seite " and the number with its leading blank, as the footers spell it.
     static QString pageText(int number);
@@ -31,6 +32,7 @@ public:
 
 private:
     PageFrame(Printer &printer, QString probe);
+    double footerTop() const;
 
     Printer *m_printer;
     QString m_probe;

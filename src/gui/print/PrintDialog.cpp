@@ -139,6 +139,8 @@ PrintDialog::PrintDialog(Program &program, PrintLink link)
     connect(m_list.cancel, &QPushButton::clicked, this, &QDialog::close);
     connect(m_list.print, &QPushButton::clicked, this, &PrintDialog::printListOnChosenPrinter);
     connect(m_list.preview, &QPushButton::clicked, this, [this] {
+        if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+            return;
         if (const auto refusal = listRefusal())
             return Prompts::message(this, *refusal), void();
         printrun::preview(this, printerchoice::listQuality(m_list.quality.good->isChecked()),
@@ -147,7 +149,8 @@ PrintDialog::PrintDialog(Program &program, PrintLink link)
     connect(sheetCancel, &QPushButton::clicked, this, &QDialog::close);
     connect(sheetPrint, &QPushButton::clicked, this, &PrintDialog::printSheetOnChosenPrinter);
     connect(sheetPreview, &QPushButton::clicked, this, [this] {
-        printrun::preview(this, sheetQuality(), [this](Printer &printer) { return printSheet(printer); });
+        if (printdialog::fontSizeAccepted(this, m_commentSize))
+            printrun::preview(this, sheetQuality(), [this](Printer &printer) { return printSheet(printer); });
     });
 }
 
@@ -249,6 +252,8 @@ std::optional<int> PrintDialog::sheetQuality() const
 
 void PrintDialog::printListOnChosenPrinter()
 {
+    if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+        return;
     const QString device = printdialog::choosePrinter(m_list.printer, m_program.settings(), m_program.session());
     m_printerNotChosen = false;
     if (const auto refusal = listRefusal()) {
@@ -256,14 +261,20 @@ void PrintDialog::printListOnChosenPrinter()
         close();
         return;
     }
-    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+    // The title list names the archive it lists.
+    const QString printedName = m_printMode == 0 ? m_program.session().archiveName : m_link.titleLabel->text();
+    if (printrun::printOn(this, device, { m_program.settings(), printedName },
+            printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &target) { return printList(target); }))
         close();
 }
 
 void PrintDialog::printSheetOnChosenPrinter()
 {
+    if (!printdialog::fontSizeAccepted(this, m_commentSize))
+        return;
     const QString device = printdialog::choosePrinter(m_sheetPrinter, m_program.settings(), m_program.session());
     m_printerNotChosen = false;
-    printrun::printOn(this, device, sheetQuality(), [this](Printer &target) { return printSheet(target); });
+    printrun::printOn(this, device, { m_program.settings(), m_link.titleLabel->text() }, sheetQuality(),
+        [this](Printer &target) { return printSheet(target); });
 }

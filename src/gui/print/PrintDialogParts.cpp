@@ -5,6 +5,7 @@
 #include "app/Session.h"
 #include "app/Settings.h"
 #include "print/PrinterChoice.h"
+#include "print/TypedFontSize.h"
 #include "printers/SystemPrinter.h"
 
 #include <QCheckBox>
@@ -63,6 +64,17 @@ QPushButton *button(const char *name, const QString &caption, QWidget *parent)
     made->setObjectName(QLatin1String(name));
     made->setAutoDefault(false);
     return made;
+}
+
+bool fontSizeAccepted(QWidget *dialog, QLineEdit *box)
+{
+    const std::optional<QString> refusal = typedFontSizeRefusal(box->text());
+    if (!refusal)
+        return true;
+    Prompts::message(dialog, *refusal, Prompts::Icon::Warning);
+    box->setFocus();
+    box->selectAll();
+    return false;
 }
 
 QHBoxLayout *buttonRow(QPushButton *cancel, QPushButton *preview, QPushButton *print)

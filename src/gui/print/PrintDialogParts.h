@@ -58,6 +58,10 @@ struct ListFrame
 // With `digitsOnly`, the font size takes digits alone.
 ListFrame listFrame(QWidget *parent, bool digitsOnly);
 
+// A font size box that holds no size the print-outs take is refused with a message and gets
+// the focus back; true when the size can be printed.
+bool fontSizeAccepted(QWidget *dialog, QLineEdit *box);
+
 // The "<< Abbrechen", "Vorschau", "Drucken >>" row of a step.
 QHBoxLayout *buttonRow(QPushButton *cancel, QPushButton *preview, QPushButton *print);
 QPushButton *button(const char *name, const QString &caption, QWidget *parent);

@@ -4,11 +4,13 @@
 #include "images/ProgressWindow.h"
 #include "screen/FileDialogs.h"
 
+#include "print/PdfFileProposal.h"
 #include "print/PdfPrinter.h"
 #include "print/PrinterChoice.h"
 #include "printers/SystemPrinter.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
@@ -18,7 +20,7 @@ namespace {
 
 // The printer of a list entry. "PDF-Datei" asks for the file; nothing after a cancel there,
 // or, with a message, for a printer that has gone since the list was filled.
-std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
+std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry, const PdfFile &pdf)
 {
     QString device = entry.isEmpty() ? SystemPrinter::defaultDeviceName() : entry;
     if (device.isEmpty())
@@ -26,9 +28,21 @@ std::unique_ptr<Printer> printerFor(QWidget *parent, const QString &entry)
     if (device == printerchoice::pdfFileEntry()) {
         FileDialogs dialog(parent);
         dialog.filter = QStringLiteral("PDF|*.pdf");
+        const QFileInfo proposal(proposedPdfFile(pdf.settings, pdf.printedName));
+        dialog.fileName = proposal.fileName();
+        dialog.initialFolder = proposal.path() == QStringLiteral(".") ? QString() : proposal.path();
         // The file name field carries the filter's extension; what the dialog returns may not.
-        if (dialog.askFileToSave().isEmpty())
-            return nullptr;
+        // "Nein" to replacing a file brings the dialog back.
+        while (true) {
+            if (dialog.askFileToSave().isEmpty())
+                return nullptr;
+            if (!QFileInfo::exists(dialog.fileName)
+                || Prompts::message(parent, QStringLiteral("Wollen Sie die vorhandene Datei überschreiben?"),
+                       Prompts::Icon::None, QStringLiteral("Überschreiben?"), Prompts::Buttons::YesNo)
+                    == Prompts::Answer::Yes)
+                break;
+        }
+        rememberPdfFolder(pdf.settings, dialog.fileName);
         return std::make_unique<PdfPrinter>(dialog.fileName);
     }
     std::unique_ptr<SystemPrinter> printer = SystemPrinter::named(device);
@@ -87,9 +101,10 @@ bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const 
     return outcome.printed();
 }
 
-bool printOn(QWidget *parent, const QString &entry, std::optional<int> quality, const Procedure &procedure)
+bool printOn(QWidget *parent, const QString &entry, const PdfFile &pdf, std::optional<int> quality,
+    const Procedure &procedure)
 {
-    std::unique_ptr<Printer> printer = printerFor(parent, entry);
+    std::unique_ptr<Printer> printer = printerFor(parent, entry, pdf);
     if (!printer)
         return false;
     print(parent, *printer, quality, procedure);

@@ -9,6 +9,7 @@
 #include <optional>
 
 class QWidget;
+class Settings;
 
 // One print-out from a dialog: the device of the chosen entry, the wait window with the pages
 // so far and a cancel, and the outcome told the way the print-out reports it.
@@ -16,9 +17,17 @@ namespace printrun {
 
 using Procedure = std::function<PrintOutcome(Printer &printer)>;
 
+// What the file dialog of the PDF entry proposes and where it keeps the folder chosen.
+struct PdfFile
+{
+    Settings &settings;
+    QString printedName; // the CD's title, or empty for "Suchergebnis"
+};
+
 // Prints on the device of a list entry; false when none was chosen (the file dialog of the
 // PDF entry cancelled, a printer gone), true once the job has run, whatever its outcome.
-bool printOn(QWidget *parent, const QString &entry, std::optional<int> quality, const Procedure &procedure);
+bool printOn(QWidget *parent, const QString &entry, const PdfFile &pdf, std::optional<int> quality,
+    const Procedure &procedure);
 
 // Prints with the quality given, if any; true when the print-out went out whole.
 bool print(QWidget *parent, Printer &printer, std::optional<int> quality, const Procedure &procedure);

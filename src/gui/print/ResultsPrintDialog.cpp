@@ -32,6 +32,8 @@ ResultsPrintDialog::ResultsPrintDialog(Session &session, Settings &settings, con
     connect(m_list.cancel, &QPushButton::clicked, this, &QDialog::close);
     connect(m_list.print, &QPushButton::clicked, this, &ResultsPrintDialog::printHitsOnChosenPrinter);
     connect(m_list.preview, &QPushButton::clicked, this, [this] {
+        if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+            return;
         printrun::preview(this, printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &printer) { return printHits(printer); });
     });
@@ -46,8 +48,11 @@ PrintOutcome ResultsPrintDialog::printHits(Printer &printer) const
 
 void ResultsPrintDialog::printHitsOnChosenPrinter()
 {
+    if (!printdialog::fontSizeAccepted(this, m_list.fontSize))
+        return;
     const QString device = printdialog::choosePrinter(m_list.printer, m_settings, m_session);
-    if (printrun::printOn(this, device, printerchoice::listQuality(m_list.quality.good->isChecked()),
+    if (printrun::printOn(this, device, { m_settings, QString() },
+            printerchoice::listQuality(m_list.quality.good->isChecked()),
             [this](Printer &target) { return printHits(target); }))
         close();
 }

@@ -1,17 +1,20 @@
 #include "MainWindowRun.h"
 #include "PdfText.h"
 #include "Screenshot.h"
+#include "TestPaths.h"
 
 #include "app/Settings.h"
 #include "print/PrintDialog.h"
 #include "print/ListPrints.h"
 #include "print/PdfPrinter.h"
 #include "print/PrintRun.h"
+#include "print/ResultsPrintDialog.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -140,6 +143,117 @@ TEST_F(PrintDialogTest, GonePrinterAndPresetDevice)
     form->setPrinterDefault(u"PDF-Datei"_s);
     for (const char *list : { "sheetPrinterCombo", "listPrinterCombo" })
         EXPECT_EQ(control<QComboBox>(form, list)->currentText(), u"PDF-Datei"_s) << list;
+}
+
+// A PDF file that is there is replaced only after "Ja"; "Nein" brings the file dialog back.
+// The dialog proposes the CD's title, and next time the folder printed into.
+TEST_F(PrintDialogTest, PdfIntoAnExistingFileAsksFirst)
+{
+    const QString old = writeFile(m_out.filePath(u"alt.pdf"_s), "alte Liste");
+    PrintDialog *form = openPrintDialog(7, "sheetOption");
+    ASSERT_NE(form, nullptr);
+    PromptScript &prompts = m_main.run.prompts();
+    prompts.clear();
+    prompts.answerFile(Prompts::FileAnswer { old, 0 });
+    prompts.answerMessage(Prompts::Answer::No);
+    prompts.answerFile(Prompts::FileAnswer { m_out.filePath(u"neu.pdf"_s), 0 });
+    control<QPushButton>(form, "sheetPrintButton")->click();
+    m_main.run.settle();
+    ASSERT_EQ(prompts.shown().size(), 3u);
+    EXPECT_EQ(prompts.shown()[0].file.fileName, u"Abc.pdf"_s);
+    EXPECT_EQ(std::tuple(prompts.shown()[1].title, prompts.shown()[1].text),
+        std::tuple(u"Überschreiben?"_s, u"Wollen Sie die vorhandene Datei überschreiben?"_s));
+    EXPECT_EQ(prompts.shown()[2].kind, PromptScript::Kind::File);
+    EXPECT_EQ(fileBytes(old), QByteArray("alte Liste"));
+    EXPECT_EQ(pdfPages(m_out.filePath(u"neu.pdf"_s)), 1);
+
+    // "Ja" replaces it; the dialog starts in the folder used last.
+    prompts.clear();
+    prompts.answerFile(Prompts::FileAnswer { old, 0 });
+    prompts.answerMessage(Prompts::Answer::Yes);
+    control<QPushButton>(form, "sheetPrintButton")->click();
+    m_main.run.settle();
+    ASSERT_EQ(prompts.shown().size(), 2u);
+    EXPECT_EQ(QDir(prompts.shown()[0].file.directory), QDir(m_out.path()));
+    EXPECT_EQ(pdfPages(old), 1);
+}
+
+// Counts the preview windows that open while it lives, and closes each at once.
+class PreviewWatch
+{
+public:
+    PreviewWatch()
+    {
+        m_poll.setInterval(10);
+        QObject::connect(&m_poll, &QTimer::timeout, [this] {
+            if (auto *dialog = qobject_cast<QPrintPreviewDialog *>(QApplication::activeModalWidget())) {
+                ++m_opened;
+                dialog->reject();
+            }
+        });
+        m_poll.start();
+    }
+    int opened() const { return m_opened; }
+
+private:
+    QTimer m_poll;
+    int m_opened = 0;
+};
+
+const QString kFontSizeRefusal = u"Bitte geben Sie als Schriftgröße eine Zahl von 1 bis 72 ein."_s;
+
+// A size box that holds no printable size: the message, no file asked for, no preview, and
+// the dialog stays open with the box as it was.
+TEST_F(PrintDialogTest, FontSizeThatIsNoSizeIsRefusedAndTheDialogStays)
+{
+    const std::tuple<const char *, const char *, const char *, QString> cases[] = {
+        { "list, empty", "cdListOption", "fontSizeEdit", u""_s },
+        { "list, too large", "cdListOption", "fontSizeEdit", u"500"_s },
+        { "list, zero", "cdListOption", "fontSizeEdit", u"0"_s },
+        { "sheet comments, letters", "sheetOption", "commentSizeEdit", u"zehn"_s },
+        { "sheet comments, empty", "sheetOption", "commentSizeEdit", u""_s },
+    };
+    for (const auto &[what, option, box, text] : cases) {
+        SCOPED_TRACE(what);
+        PrintDialog *form = openPrintDialog(7, option);
+        ASSERT_NE(form, nullptr);
+        control<QLineEdit>(form, box)->setText(text);
+        const QString page = QString::fromLatin1(option) == u"sheetOption"_s ? u"sheet"_s : u"list"_s;
+        PreviewWatch previews;
+        m_main.run.prompts().clear();
+        for (const QString &button : { page + u"PrintButton"_s, page + u"PreviewButton"_s }) {
+            control<QPushButton>(form, button.toLatin1().constData())->click();
+            m_main.run.settle();
+        }
+        EXPECT_EQ(m_main.run.prompts().messages(), (QStringList { kFontSizeRefusal, kFontSizeRefusal }));
+        EXPECT_EQ(m_main.run.prompts().shown().size(), 2u); // no file dialog
+        EXPECT_EQ(std::tuple(previews.opened(), m_main.run.form<PrintDialog>(), control<QLineEdit>(form, box)->text()),
+            std::tuple(0, form, text));
+        form->close();
+        m_main.run.settle();
+    }
+}
+
+TEST_F(PrintDialogTest, ResultsFontSizeThatIsNoSizeIsRefusedAndTheDialogStays)
+{
+    m_main.show();
+    for (const QString &text : { u""_s, u"zehn"_s, u"10 Punkt"_s, u"73"_s }) {
+        SCOPED_TRACE(text.toStdString());
+        auto *dialog = new ResultsPrintDialog(
+            m_main.run.program().session(), m_main.run.program().settings(), u"word"_s, nullptr);
+        dialog->show();
+        control<QLineEdit>(dialog, "fontSizeEdit")->setText(text);
+        PreviewWatch previews;
+        m_main.run.prompts().clear();
+        for (const char *button : { "listPrintButton", "listPreviewButton" }) {
+            control<QPushButton>(dialog, button)->click();
+            m_main.run.settle();
+        }
+        EXPECT_EQ(m_main.run.prompts().messages(), (QStringList { kFontSizeRefusal, kFontSizeRefusal }));
+        EXPECT_EQ(m_main.run.prompts().shown().size(), 2u);
+        EXPECT_EQ(std::tuple(previews.opened(), dialog->isVisible()), std::tuple(0, true));
+        delete dialog;
+    }
 }
 
 // The title list of `count` CDs, printed as a long print-out.

@@ -1,0 +1,92 @@
+#include "PrintedTexts.h"
+#include "TestPaths.h"
+
+#include "print/ListPrints.h"
+#include "print/TreePrinter.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QStringList numbered(const QString &prefix, int count)
+{
+    QStringList lines;
+    for (int i = 1; i <= count; ++i)
+        lines << prefix + QString::number(i);
+    return lines;
+}
+
+// A flat tree: the drive and its folders, one level deep.
+class FlatTree : public PrintableTree
+{
+public:
+    explicit FlatTree(int folders)
+        : m_folders(folders)
+    {
+    }
+    int firstNode() const override { return 0; }
+    int selectedNode() const override { return 0; }
+    int child(int node) const override { return node == 0 && m_folders > 0 ? 1 : -1; }
+    int nextSibling(int node) const override { return node > 0 && node < m_folders ? node + 1 : -1; }
+    QString text(int node) const override { return node == 0 ? u"Jazz (d:)"_s : u"Ordner "_s + QString::number(node); }
+
+private:
+    int m_folders;
+};
+
+using PrintOut = std::function<PrintOutcome(Printer &, const PrintSettings &)>;
+
+// Every page of a print-out carries something besides its footer, each footer stands on the
+// page it counts, and nothing runs off the paper.
+TEST(Pagination, NoBlankPageAtAnyFontSize)
+{
+    QTemporaryDir dir;
+    QByteArray imageBytes;
+    for (int i = 1; i <= 120; ++i)
+        imageBytes += "d:\\Ordner\\Datei" + QByteArray::number(i) + ".txt|1024|19.01.2003 00:12:31\r\n";
+    const QString image = writeFile(dir.filePath(u"4711.dat"_s), imageBytes + "\r\n");
+    std::vector<QString> hits;
+    for (int i = 1; i <= 120; ++i)
+        hits.push_back(u"3-Setup-CD<d:\\Setup\\datei%1.exe|65536|19.01.2003 00:12:31"_s.arg(i));
+    hits.push_back(QString());
+    const FlatTree tree(120);
+
+    const std::pair<const char *, PrintOut> printOuts[] = {
+        { "results", [&](Printer &p, const PrintSettings &s) { return printSearchHits(p, s, u"*.exe"_s, hits); } },
+        { "file list",
+            [&](Printer &p, const PrintSettings &s) { return printFileList(p, s, u"Setup-CD"_s, image, { true, true }); } },
+        { "comments",
+            [&](Printer &p, const PrintSettings &s) {
+                return printCommentList(p, s, u"Jazz"_s, numbered(u"Kommentar "_s, 120));
+            } },
+        { "tree", [&](Printer &p, const PrintSettings &s) { return printFolderTree(p, s, u"Jazz"_s, tree); } },
+        { "CD list", [&](Printer &p, const PrintSettings &s) { return printCdList(p, s, numbered(u"CD "_s, 120)); } },
+    };
+    const RecordingPrinter::Paper paper = testPaper();
+    for (const auto &[what, print] : printOuts) {
+        for (const QString &size : { u"1"_s, u"8"_s, u"12"_s, u"24"_s, u"40"_s, u"72"_s }) {
+            SCOPED_TRACE(std::string(what) + " at " + size.toStdString() + " pt");
+            RecordingPrinter printer(paper);
+            ASSERT_TRUE(print(printer, { u"Musik"_s, size, printMoment() }).printed());
+            std::map<int, int> contentOnPage;
+            for (const RecordingPrinter::Item &text : printer.texts()) {
+                EXPECT_LE(text.y + text.font.size / 16, paper.printableHeight + 1e-9) << text.text.toStdString();
+                if (!text.text.startsWith(u"- Seite"_s))
+                    ++contentOnPage[text.page];
+                else // each footer on the page it counts
+                    EXPECT_TRUE(text.text.startsWith(u"- Seite  %1 "_s.arg(text.page))) << text.text.toStdString();
+            }
+            for (int page = 1; page <= pageCount(printer); ++page)
+                EXPECT_GT(contentOnPage[page], 0) << "page " << page << " of " << pageCount(printer) << " is blank";
+        }
+    }
+}
+
+} // namespace
