@@ -24,6 +24,7 @@
 #include "services/ServiceRequest.h"
 #include "archives/JetConversion.h"
 #include "archives/CdList.h"
+#include "screen/ButtonFace.h"
 #include "screen/SplitterLayout.h"
 
 #include <QCloseEvent>
@@ -32,7 +33,6 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QSystemTrayIcon>
-#include <QTimer>
 
 namespace {
 
@@ -43,8 +43,6 @@ QIcon themeIcon(const char *name, QStyle::StandardPixmap fallback, const QStyle 
 
 // The CD list pane's width as the window was designed.
 constexpr float designListWidth = 3300;
-// Below this width of the tree's pane the print button under it has no room.
-constexpr int printButtonRoom = 2295;
 constexpr int treeSharePercent = 31;
 
 } // namespace
@@ -89,11 +87,6 @@ MainWindow::MainWindow(Program &program)
         }
     });
     m_trayClock.start();
-    m_columnFitTimer = new QTimer(this);
-    m_columnFitTimer->setObjectName(QStringLiteral("columnFitTimer"));
-    m_columnFitTimer->setSingleShot(true);
-    m_columnFitTimer->setInterval(10);
-    connect(m_columnFitTimer, &QTimer::timeout, m_browser, &ImageBrowser::fitColumns);
 
     buildToolbar();
     buildTabs();
@@ -116,8 +109,8 @@ MainWindow::MainWindow(Program &program)
     m_ui->mainSplitter->setStretchFactor(1, 1);
     m_ui->mainSplitter->installEventFilter(this);
     connect(m_ui->mainSplitter, &QSplitter::splitterMoved, this, &MainWindow::layoutPanes);
-    // The tree's pane may get narrow: its print button then goes (see fitPrintTreeButton), and
-    // the buttons under the tree don't hold the pane open.
+    // The tree's pane may get narrow: its print button then shortens (see fitPrintTreeButton),
+    // and the buttons under the tree don't hold the pane open.
     m_ui->treePane->setMinimumWidth(twipsToPixels(600));
     m_ui->printTreeButton->setMinimumWidth(1);
     m_ui->imageSplitter->installEventFilter(this);
@@ -451,22 +444,35 @@ void MainWindow::layoutPanes()
 
 void MainWindow::fitPrintTreeButton()
 {
-    // The print button goes where the tree's pane is narrow, and also where its caption would
-    // be cut: a button reading "Ordnerstruk" helps nobody.
+    // The print button stays reachable however narrow the tree's pane: it shortens its caption
+    // rather than cut it ("Ordnerstruk" helps nobody), and at last shows only its icon.
+    QPushButton *button = m_ui->printTreeButton;
+    const QString fullCaption = QStringLiteral("Ordnerstruktur Drucken");
+    const QString shortCaption = QStringLiteral("Drucken");
+    const QIcon icon = themeIcon("document-print-symbolic", QStyle::SP_ComputerIcon, style());
+    const auto showFace = [button](const QString &caption, const QIcon &face) {
+        button->setText(caption);
+        button->setIcon(face);
+        return button->sizeHint().width();
+    };
+    const int fullWidth = showFace(fullCaption, {});
+    const int shortWidth = showFace(shortCaption, {});
     const QList<int> sizes = m_ui->imageSplitter->sizes();
     // The caption needs its room beside the two buttons that open and close the nodes.
-    const int row = m_ui->expandAllButton->width() + m_ui->collapseAllButton->width()
-        + 2 * m_ui->treeButtons->spacing() + m_ui->printTreeButton->sizeHint().width();
-    const bool room = !sizes.isEmpty() && pixelsToTwips(sizes[0]) >= printButtonRoom && sizes[0] >= row;
-    m_ui->printTreeButton->setVisible(room);
-}
-
-void MainWindow::resizeEvent(QResizeEvent *event)
-{
-    QMainWindow::resizeEvent(event);
-    if (windowState().testFlag(Qt::WindowMinimized))
-        return;
-    m_columnFitTimer->start();
+    const int room = sizes.value(0) - m_ui->expandAllButton->width() - m_ui->collapseAllButton->width()
+        - 2 * m_ui->treeButtons->spacing();
+    switch (fitButtonFace(room, fullWidth, shortWidth)) {
+    case ButtonFace::FullCaption:
+        showFace(fullCaption, {});
+        break;
+    case ButtonFace::ShortCaption:
+        showFace(shortCaption, {});
+        break;
+    case ButtonFace::IconOnly:
+        showFace({}, icon);
+        break;
+    }
+    button->setToolTip(fullCaption);
 }
 
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)

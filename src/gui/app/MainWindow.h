@@ -16,7 +16,6 @@ class CdDetailView;
 class ImageBrowser;
 class Program;
 class QSystemTrayIcon;
-class QTimer;
 class SearchWindows;
 class CaptureDialog;
 class EditCdDialog;
@@ -79,7 +78,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -107,7 +105,6 @@ private:
     bool m_noTraySaid = false; // the missing tray is told once a run
     TrayDoubleClick m_trayClicks { QGuiApplication::styleHints()->mouseDoubleClickInterval() };
     QElapsedTimer m_trayClock;
-    QTimer *m_columnFitTimer; // the list's column widths, shortly after a resize
     QPointer<NewCdDialog> m_newCdDialog;
     QPointer<EditCdDialog> m_editCdDialog;
     QPointer<CaptureDialog> m_captureDialog;

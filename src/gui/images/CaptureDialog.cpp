@@ -11,6 +11,7 @@
 #include "archives/ArchiveStore.h"
 #include "common/Prompts.h"
 #include "images/DriveTable.h"
+#include "screen/ProgressLine.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -20,9 +21,11 @@
 
 namespace {
 
-QString progressLine(quint32 folders, quint32 files, const QString &currentFolder)
+ProgressWindow::LineForWidth progressLine(quint32 folders, quint32 files, const QString &currentFolder)
 {
-    return QStringLiteral("Ordner: %1   Dateien: %2   %3").arg(folders).arg(files).arg(currentFolder);
+    return [=](int width, const QFontMetrics &metrics) {
+        return captureProgressLine(folders, files, currentFolder, width, metrics);
+    };
 }
 
 } // namespace
@@ -172,7 +175,7 @@ void CaptureDialog::captureNewImage()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_progressWindow = new ProgressWindow(this);
     m_progressWindow->setCancellable(true);
-    m_progressWindow->setProgressText(progressLine(0, 0, letter));
+    m_progressWindow->setProgressLine(progressLine(0, 0, letter));
     m_progressWindow->show();
     m_progressWindow->repaint();
     setControlsEnabled(false);
@@ -180,7 +183,7 @@ void CaptureDialog::captureNewImage()
     m_relay = new CaptureRelay(this);
     connect(m_relay, &CaptureRelay::progressed, m_progressWindow,
         [this](quint32 folders, quint32 files, const QString &folder) {
-            m_progressWindow->setProgressText(progressLine(folders, files, folder));
+            m_progressWindow->setProgressLine(progressLine(folders, files, folder));
         });
     connect(m_progressWindow, &ProgressWindow::cancelRequested, m_relay, &CaptureRelay::cancel);
 

@@ -1,8 +1,13 @@
 #include "FileListView.h"
 
+#include "screen/ListColumns.h"
+
+#include <QEvent>
 #include <QHeaderView>
 #include <QListView>
 #include <QTreeView>
+
+#include <array>
 
 FileListView::FileListView(QWidget *parent)
     : QStackedWidget(parent)
@@ -16,6 +21,7 @@ FileListView::FileListView(QWidget *parent)
     m_detailsView->setSortingEnabled(false);
     m_detailsView->header()->setSectionsClickable(true);
     m_detailsView->header()->setStretchLastSection(false);
+    m_detailsView->setTextElideMode(Qt::ElideMiddle);
     m_iconsView->setObjectName(QStringLiteral("iconsView"));
     m_iconsView->setUniformItemSizes(true);
     m_iconsView->setResizeMode(QListView::Adjust);
@@ -32,6 +38,8 @@ FileListView::FileListView(QWidget *parent)
         });
         addWidget(view);
     }
+    // The viewport changes with the window and with the scroll bar that comes and goes.
+    m_detailsView->viewport()->installEventFilter(this);
     connect(m_detailsView->header(), &QHeaderView::sectionClicked, this, &FileListView::headerClicked);
     setView(Details);
 }
@@ -68,14 +76,23 @@ QModelIndex FileListView::currentIndex() const
     return m_selection->currentIndex();
 }
 
-void FileListView::setColumnWidths(int name, int size, int date)
+void FileListView::fitColumns()
 {
-    m_detailsView->setColumnWidth(0, name);
-    m_detailsView->setColumnWidth(1, size);
-    m_detailsView->setColumnWidth(2, date);
+    constexpr std::array<ColumnNeed, 3> needs { ColumnNeed { .takesRest = true }, ColumnNeed { .whole = true },
+        ColumnNeed { .whole = true } };
+    // The name keeps room for a few letters either side of the ellipsis.
+    const int fewLetters = m_detailsView->fontMetrics().horizontalAdvance(QStringLiteral("Wort…Wort"));
+    fitListColumns(m_detailsView, m_detailsView->viewport()->width(), needs, fewLetters);
 }
 
 int FileListView::columnWidth(int column) const
 {
     return m_detailsView->columnWidth(column);
+}
+
+bool FileListView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_detailsView->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    return QStackedWidget::eventFilter(watched, event);
 }

@@ -24,7 +24,8 @@ public:
 
     // The index of the current item in the model, invalid when none is selected.
     QModelIndex currentIndex() const;
-    void setColumnWidths(int name, int size, int date);
+    // Size and date as wide as their widest text, the name in the rest, elided in the middle.
+    void fitColumns();
     int columnWidth(int column) const;
 
     QTreeView *detailsView() const { return m_detailsView; }
@@ -33,6 +34,9 @@ signals:
     void itemDoubleClicked(const QModelIndex &index);
     void contextMenuRequested(const QPoint &globalPosition);
     void headerClicked(int section);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QTreeView *m_detailsView;

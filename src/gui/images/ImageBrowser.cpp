@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QEvent>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QMenu>
@@ -50,7 +49,6 @@ ImageBrowser::ImageBrowser(Session &session, Settings &settings, QTreeView *tree
     m_sorted->setDynamicSortFilter(true);
     m_listView->setModel(m_sorted);
     connect(m_listView, &FileListView::headerClicked, this, &ImageBrowser::sortByColumn);
-    m_listView->installEventFilter(this);
     connect(m_listView, &FileListView::itemDoubleClicked, this, &ImageBrowser::openSelectedFile);
     connect(m_listView, &FileListView::contextMenuRequested, this,
         [this](const QPoint &position) { m_fileListMenu->popup(position); });
@@ -109,7 +107,7 @@ void ImageBrowser::showFolder(const std::string &folder)
     for (const std::string_view type : listing.iconTypes)
         icons.push_back(m_icons.icon(cp1252::toQString(type)));
     m_files->setListing(listing, std::move(icons));
-    fitColumns();
+    m_listView->fitColumns();
 }
 
 QString ImageBrowser::firstNodeText() const
@@ -211,19 +209,6 @@ void ImageBrowser::openSelectedFile()
     Prompts::message(m_window,
         QStringLiteral("Bitte legen Sie den Datenträger ein, auf dem die Datei ") + target
             + QStringLiteral(" vorhanden ist!"));
-}
-
-bool ImageBrowser::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == m_listView && event->type() == QEvent::Resize)
-        fitColumns();
-    return QObject::eventFilter(watched, event);
-}
-
-void ImageBrowser::fitColumns()
-{
-    const int width = m_listView->width();
-    m_listView->setColumnWidths(width * 2935 / 5010, width * 639 / 5010, width * 1352 / 5010);
 }
 
 const FolderTree &ImageBrowser::folderTree() const

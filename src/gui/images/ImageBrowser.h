@@ -64,17 +64,11 @@ public:
     void sortByColumn(int section);
     // Opens the file of the selected item, or asks for its medium.
     void openSelectedFile();
-    // The three columns share the list's width as the designer laid them out, at every load
-    // and whenever the list's width changes.
-    void fitColumns();
 
     // The folders of the tree as loaded, and the tree's node that is selected, -1 for none.
     const FolderTree &folderTree() const;
     int selectedNode() const;
     QSortFilterProxyModel *listModel() const { return m_sorted; }
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void showNode(const QModelIndex &node);

@@ -59,10 +59,17 @@ void ProgressWindow::setText(const QString &text)
 
 void ProgressWindow::setProgressText(const QString &text)
 {
+    setProgressLine([&text](int width, const QFontMetrics &metrics) {
+        return metrics.elidedText(text, Qt::ElideMiddle, width);
+    });
+}
+
+void ProgressWindow::setProgressLine(const LineForWidth &line)
+{
     m_progressLabel->show();
-    m_progressLabel->setToolTip(text);
-    m_progressLabel->setText(
-        m_progressLabel->fontMetrics().elidedText(text, Qt::ElideMiddle, m_progressLabel->width()));
+    const QFontMetrics metrics = m_progressLabel->fontMetrics();
+    m_progressLabel->setToolTip(line(QWIDGETSIZE_MAX, metrics));
+    m_progressLabel->setText(line(m_progressLabel->width(), metrics));
 }
 
 void ProgressWindow::setCancellable(bool cancellable)

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QLabel;
 class QPushButton;
 
@@ -18,6 +20,10 @@ public:
     void setText(const QString &text);
     // The line of progress below it, elided in the middle when it is too long.
     void setProgressText(const QString &text);
+    // The line of progress as the given function builds it for the label's width; the tooltip
+    // holds the line at full length.
+    using LineForWidth = std::function<QString(int width, const QFontMetrics &metrics)>;
+    void setProgressLine(const LineForWidth &line);
     // Shows the cancel button; a click emits cancelRequested and disables the button.
     void setCancellable(bool cancellable);
 

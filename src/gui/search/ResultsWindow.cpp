@@ -12,12 +12,11 @@
 #include "app/MainWindowLayout.h"
 #include "app/ShellOpen.h"
 #include "screen/FileDialogs.h"
+#include "screen/ListColumns.h"
 #include "search/ResultsFile.h"
 
 #include <QDateTime>
 #include <QHeaderView>
-
-#include <algorithm>
 #include <QSortFilterProxyModel>
 #include <QUrl>
 
@@ -90,14 +89,12 @@ bool ResultsWindow::showHits(const std::vector<QString> &results, const QString 
 void ResultsWindow::setColumnWidths()
 {
     const int listWidth = m_ui->resultView->width();
-    QHeaderView *header = m_ui->resultView->header();
-    for (int column = 0; column < ResultsModel::ColumnCount; ++column)
-        header->resizeSection(column, qRound(listWidth * columnFactors[static_cast<size_t>(column)]));
+    std::array<ColumnNeed, ResultsModel::ColumnCount> needs;
+    for (size_t column = 0; column < needs.size(); ++column)
+        needs[column].share = qRound(listWidth * columnFactors[column]);
     // Dates are never cut: the last column is at least as wide as its longest text.
-    const int date = ResultsModel::ColumnCount - 1;
-    const int share = header->sectionSize(date);
-    m_ui->resultView->resizeColumnToContents(date);
-    header->resizeSection(date, std::max(share, header->sectionSize(date)));
+    needs.back().whole = true;
+    fitListColumns(m_ui->resultView, listWidth, needs);
 }
 
 void ResultsWindow::resizeEvent(QResizeEvent *event)

@@ -92,8 +92,8 @@ TEST(DesktopDefects, WithoutATrayTheWindowIsMinimisedNotLost)
 
 // The bar between the CD list and the right pane goes as far left as the layout's clamps
 // allow (margin and least list width), not only down to the width of the list's title. At the
-// default size no caption of the image tab is cut: the print button under the tree is whole or
-// not there at all.
+// default size no caption of the image tab is cut, and the print button under the tree is
+// always there: shortened where its caption has no room, never hidden.
 TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
 {
     MainWindowRun m;
@@ -111,15 +111,23 @@ TEST(DesktopDefects, SplittersStopAtTheLayoutsClampAndCutNoCaption)
     splitter = m.control<QSplitter>("imageSplitter");
     auto *print = m.control<QPushButton>("printTreeButton");
     total = splitter->sizes().value(0) + splitter->sizes().value(1);
-    // Just wider than the caption alone: the two buttons beside it leave it too little.
-    for (const int treeWidth :
-        { total / 2, print->sizeHint().width() + 20, print->sizeHint().width() - 10, 60 }) {
+    // At the default size the button is there; in a narrower pane it reads shorter, at last it
+    // shows its icon, but it never goes and its caption is never cut.
+    EXPECT_TRUE(print->isVisibleTo(m.main)) << print->text().toStdString();
+    const int fullWidth = print->sizeHint().width();
+    QStringList captions;
+    for (const int treeWidth : { total / 2, fullWidth + 20, 120 }) {
         SCOPED_TRACE(treeWidth);
         splitter->setSizes({ treeWidth, total - treeWidth });
         emit splitter->splitterMoved(treeWidth, 1);
         m.run.settle();
-        EXPECT_TRUE(print->isHidden() || print->width() >= print->sizeHint().width()) << print->width();
+        EXPECT_TRUE(print->isVisibleTo(m.main));
+        EXPECT_TRUE(!print->text().isEmpty() || !print->icon().isNull());
+        EXPECT_GE(print->width(), print->sizeHint().width()) << print->text().toStdString();
+        EXPECT_EQ(print->toolTip(), u"Ordnerstruktur Drucken"_s);
+        captions << print->text();
     }
+    EXPECT_EQ(captions, QStringList({ u"Ordnerstruktur Drucken"_s, u"Drucken"_s, QString() }));
 }
 
 // A load shows the archive in title, list and count, at first in the default layout. A normal

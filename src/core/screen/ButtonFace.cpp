@@ -1,0 +1,10 @@
+#include "ButtonFace.h"
+
+ButtonFace fitButtonFace(int room, int fullCaptionWidth, int shortCaptionWidth)
+{
+    if (room >= fullCaptionWidth)
+        return ButtonFace::FullCaption;
+    if (room >= shortCaptionWidth)
+        return ButtonFace::ShortCaption;
+    return ButtonFace::IconOnly;
+}
