@@ -34,8 +34,8 @@ TEST_F(SearchDialogTest, OptionsChooseWhatIsSearched)
         session().lastResults.clear();
         ASSERT_TRUE(search(QString::fromUtf8(text), where, Files, explicitMatch));
         std::vector<QString> hits; // without size and date
-        for (const QString &entry : session().lastResults)
-            hits.push_back(entry.section(u'|', 0, 0));
+        for (const HitEntry &entry : session().lastResults)
+            hits.push_back(entry.text.section(u'|', 0, 0));
         EXPECT_EQ(hits, expected);
         EXPECT_EQ(shown().size(), expected.empty() ? 1u : 0u);
     }
@@ -56,7 +56,7 @@ TEST_F(SearchDialogTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
     m_list->setCurrentRow(2); // CD 3, without image
     ASSERT_TRUE(search(u"*"_s, AllCds, Files));
     EXPECT_TRUE(shown().empty());
-    const std::vector<QString> before = session().lastResults;
+    const std::vector<HitEntry> before = session().lastResults;
     ASSERT_FALSE(before.empty());
     screenshot(window<ResultsWindow>(), u"ergebnisse-nach-stern"_s);
     for (const auto &[text, where, what, message, icon] : cases) {
@@ -184,6 +184,22 @@ TEST_F(ResultsWindowTest, FileAndFolderHitsFillTheirColumns)
         EXPECT_GT(m_view->header()->sectionSize(3), dateWidth) << width;
     }
     screenshot(m_window, u"ResultsWindow"_s);
+}
+
+// A title with "<" and "|" stays whole in its column; the list, its heading and the saved
+// file belong to the search that ran.
+TEST_F(ResultsWindowTest, ATitleWithMarkupStaysInItsColumn)
+{
+    ASSERT_NE(searchAll(u"setup.inf"_s), nullptr);
+    EXPECT_TRUE(shown().empty()) << shown()[0].text.toStdString();
+    EXPECT_EQ(rows(),
+        u"CD-Name|Dateien|Größe|Datum\n6-Treiber & Software <b>fett</b>|g:\\Treiber|alt\\setup.inf|77|06.06.2006\n"_s);
+    EXPECT_EQ(control<QLabel>(m_window, "headingLabel")->text(), u"Ergebnis der Suche nach setup.inf"_s);
+    screenshot(m_window, u"ergebnisse-titel-mit-markup"_s);
+    save(u"treffer.txt"_s);
+    EXPECT_TRUE(fileBytes(m_scratch.filePath(u"treffer.txt"_s))
+                    .endsWith("\r\n6-Treiber & Software <b>fett</b> g:\\Treiber|alt\\setup.inf * 77 Byte * "
+                              "Date:06.06.2006\r\n"));
 }
 
 // File and print-out hold the hits in the order of the search, whatever the list's order. A
