@@ -202,6 +202,26 @@ TEST_F(ResultsWindowTest, ATitleWithMarkupStaysInItsColumn)
                               "Date:06.06.2006\r\n"));
 }
 
+// A title or a search word is shown as typed, markup and all, in the detail header and in the
+// heading of the results.
+TEST_F(ResultsWindowTest, TitlesAndWordsShowAsTyped)
+{
+    const QString title = u"Treiber & Software <b>fett</b>"_s;
+    m_list->setCurrentItem(m_list->findItems(u"6 "_s, Qt::MatchStartsWith).value(0));
+    settle();
+    ASSERT_NE(searchAll(u"inf"_s), nullptr);
+    m_window->showHits(session().lastResults, u"<i>inf</i>"_s);
+    const std::pair<QLabel *, QString> labels[] = { { control<QLabel>(m_main, "titleLabel"), title },
+        { control<QLabel>(m_window, "headingLabel"), u"Ergebnis der Suche nach <i>inf</i>"_s } };
+    for (const auto &[label, text] : labels) {
+        SCOPED_TRACE(label->objectName().toStdString());
+        EXPECT_EQ(std::pair(label->text(), label->textFormat()), std::pair(text, Qt::PlainText));
+        // Rendered as markup, the tags would take no room.
+        EXPECT_GE(label->sizeHint().width(), label->fontMetrics().horizontalAdvance(text));
+    }
+    screenshot(m_main, u"detailkopf-titel-mit-markup"_s);
+}
+
 // File and print-out hold the hits in the order of the search, whatever the list's order. A
 // name without extension gets the filter's ".txt"; a cancel writes nothing; a file that cannot
 // be written is reported. Size and date are printed with their boxes unticked. The bytes of
