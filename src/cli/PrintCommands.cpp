@@ -5,7 +5,6 @@
 
 #include "archives/ArchiveStore.h"
 #include "archives/CdList.h"
-#include "common/Cp1252.h"
 #include "images/FolderTree.h"
 #include "images/ImageIndex.h"
 #include "print/CdOnDisplay.h"
@@ -173,7 +172,7 @@ int printCommand(CliContext &context)
     // Everything is read before the printer is chosen, so a refusal leaves no job behind.
     QStringList listEntries;
     ShownCd cd;
-    std::vector<QString> hits;
+    std::vector<HitEntry> hits;
     const QString &what = form->what;
     if (what == QLatin1String("list")) {
         const StoreResult<std::vector<CdRow>> rows = store.selectAll();
@@ -194,9 +193,7 @@ int printCommand(CliContext &context)
             return refuse(refusal);
         if (result.outcome != FileSearchOutcome::Hits)
             return refuse(result.message);
-        hits.reserve(result.hits.size());
-        for (const std::string_view hit : result.hits)
-            hits.push_back(cp1252::toQString(hit));
+        hits = result.hits.entries();
     } else {
         cd = showCd(store, data.dataFolder(), options.plainWords()[1]);
         if (!cd.problem.isEmpty())

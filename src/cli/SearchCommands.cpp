@@ -63,11 +63,7 @@ int runFileSearch(const ArchiveStore &store, const QString &dataFolder, const QS
     printHits(result.hits);
     if (saveTo.isEmpty())
         return ExitOk;
-    std::vector<QString> entries;
-    entries.reserve(result.hits.size());
-    for (const std::string_view hit : result.hits)
-        entries.push_back(cp1252::toQString(hit));
-    const auto failure = ResultsFile::save(saveTo, word, entries, QDateTime::currentDateTime());
+    const auto failure = ResultsFile::save(saveTo, word, result.hits.entries(), QDateTime::currentDateTime());
     if (failure)
         return refuse(failure->message());
     return ExitOk;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "search/HitEntry.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -19,7 +21,7 @@ struct Session
     QString captureMode = QStringLiteral("0"); // who opened the capture dialog, "0" to "3"
     QString titleDriveLetter;
     QString currentFolder; // the folder shown in the file list
-    std::vector<QString> lastResults; // hit entries of the last file search that found anything
+    std::vector<HitEntry> lastResults; // hit entries of the last file search that found anything
     std::vector<QString> foundCdNumbers; // CD numbers of the last comment search
     QString dataFolderCache; // set once the data folder came from the path setting
     QString currentPrinter; // the device the last print went to; it stays the program's printer

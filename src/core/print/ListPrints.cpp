@@ -237,16 +237,16 @@ PrintOutcome printFileList(Printer &printer, const PrintSettings &settings, cons
 }
 
 PrintOutcome printSearchHits(Printer &printer, const PrintSettings &settings, const QString &searchWord,
-    const std::vector<QString> &hits)
+    const std::vector<HitEntry> &hits)
 {
     ListBody body { QStringLiteral(" * Suche nach ") + searchWord, QStringLiteral("* Suche nach: ") + searchWord,
         2, false, true, PrintTrap::None };
     return printList(printer, settings, body, [&](const LineSink &sink) -> std::optional<RuntimeFailure> {
         QString out;
-        for (const QString &entry : hits) {
+        for (const HitEntry &entry : hits) {
             if (printer.stopped())
                 break;
-            if (!entry.isEmpty()) {
+            if (!entry.text.isEmpty()) {
                 auto line = ResultColumns::fileLine(entry);
                 if (const auto *failure = std::get_if<RuntimeFailure>(&line))
                     return *failure;

@@ -2,6 +2,8 @@
 
 #include "PrintOutcome.h"
 
+#include "search/HitEntry.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -42,7 +44,7 @@ PrintOutcome printFileList(Printer &printer, const PrintSettings &settings, cons
 // The hit entries of a file search in the order of the search, each as the results file
 // writes it (size and date always). Failures are not trapped.
 PrintOutcome printSearchHits(Printer &printer, const PrintSettings &settings, const QString &searchWord,
-    const std::vector<QString> &hits);
+    const std::vector<HitEntry> &hits);
 
 // The program's web address, which the heads and the credits name.
 QString printedWebAddress();

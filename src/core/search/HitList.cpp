@@ -1,5 +1,7 @@
 #include "HitList.h"
 
+#include "common/Cp1252.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -16,6 +18,7 @@ void HitList::append(std::string_view prefix, std::string_view line)
     std::memcpy(at, prefix.data(), prefix.size());
     std::memcpy(at + prefix.size(), line.data(), line.size());
     m_entries.emplace_back(at, size);
+    m_prefixSizes.push_back(prefix.size());
 }
 
 void HitList::append(HitList &&other)
@@ -24,7 +27,18 @@ void HitList::append(HitList &&other)
     // list's free rest where it was.
     std::move(other.m_blocks.begin(), other.m_blocks.end(), std::back_inserter(m_blocks));
     m_entries.insert(m_entries.end(), other.m_entries.begin(), other.m_entries.end());
+    m_prefixSizes.insert(m_prefixSizes.end(), other.m_prefixSizes.begin(), other.m_prefixSizes.end());
     other = HitList();
+}
+
+std::vector<HitEntry> HitList::entries() const
+{
+    // Code page 1252 gives one character per byte, so the prefix's size is the title's end + 1.
+    std::vector<HitEntry> out;
+    out.reserve(m_entries.size());
+    for (size_t i = 0; i < m_entries.size(); ++i)
+        out.push_back({ cp1252::toQString(m_entries[i]), static_cast<qsizetype>(m_prefixSizes[i]) - 1 });
+    return out;
 }
 
 char *HitList::room(size_t size)

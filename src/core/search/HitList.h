@@ -1,5 +1,7 @@
 #pragma once
 
+#include "HitEntry.h"
+
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -22,10 +24,13 @@ public:
     auto begin() const { return m_entries.begin(); }
     auto end() const { return m_entries.end(); }
 
-    // Appends one entry, the two parts joined.
+    // Appends one entry, the two parts joined; the prefix ends in the "<" after the title.
     void append(std::string_view prefix, std::string_view line);
     // Takes over the entries of `other` behind this list's own, without copying their bytes.
     void append(HitList &&other);
+
+    // The entries as text, each knowing where its title ends.
+    std::vector<HitEntry> entries() const;
 
 private:
     char *room(size_t size);
@@ -34,4 +39,5 @@ private:
     char *m_free = nullptr; // the unused rest of the last block
     size_t m_freeSize = 0;
     std::vector<std::string_view> m_entries;
+    std::vector<size_t> m_prefixSizes; // parallel to m_entries
 };

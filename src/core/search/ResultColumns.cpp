@@ -9,43 +9,36 @@ RuntimeFailure invalidArgument()
 
 } // namespace
 
-std::variant<ResultColumns, RuntimeFailure> ResultColumns::cut(const QString &entry)
+std::variant<ResultColumns, RuntimeFailure> ResultColumns::cut(const HitEntry &entry)
 {
-    const qsizetype lt = entry.indexOf(QLatin1Char('<'));
-    if (lt < 0)
+    if (entry.titleEnd < 0 || entry.titleEnd >= entry.text.size())
         return invalidArgument();
     ResultColumns columns;
-    columns.cd = entry.left(lt);
-    const QString line = entry.mid(lt + 1);
+    columns.cd = entry.text.left(entry.titleEnd);
+    const QString line = entry.text.mid(entry.titleEnd + 1);
     if (line.startsWith(QLatin1Char('>'))) {
         columns.folder = true;
         columns.file = line;
         return columns;
     }
-    const qsizetype barInLine = line.indexOf(QLatin1Char('|'));
-    if (barInLine < 0)
+    const qsizetype dateBar = line.lastIndexOf(QLatin1Char('|'));
+    const qsizetype sizeBar = dateBar > 0 ? line.lastIndexOf(QLatin1Char('|'), dateBar - 1) : -1;
+    if (sizeBar < 0)
         return invalidArgument();
-    columns.file = line.left(barInLine);
-    // Size and date are taken in the whole entry, the title included.
-    const QString afterFirstBar = entry.mid(entry.indexOf(QLatin1Char('|')) + 1);
-    const qsizetype lastBar = afterFirstBar.lastIndexOf(QLatin1Char('|'));
-    if (lastBar < 0)
-        return invalidArgument();
-    columns.size = afterFirstBar.left(lastBar);
-    columns.date = entry.mid(entry.lastIndexOf(QLatin1Char('|')) + 1);
+    columns.file = line.left(sizeBar);
+    columns.size = line.mid(sizeBar + 1, dateBar - sizeBar - 1);
+    columns.date = line.mid(dateBar + 1);
     return columns;
 }
 
-std::variant<QString, RuntimeFailure> ResultColumns::fileLine(const QString &entry)
+std::variant<QString, RuntimeFailure> ResultColumns::fileLine(const HitEntry &entry)
 {
     const auto cutEntry = cut(entry);
     if (const auto *failure = std::get_if<RuntimeFailure>(&cutEntry))
         return *failure;
     const ResultColumns &columns = std::get<ResultColumns>(cutEntry);
-    QString out = columns.folder ? entry
-                                 : entry.left(entry.indexOf(QLatin1Char('|'))) + QStringLiteral(" * ") +
-                                       columns.size + QStringLiteral(" Byte * Date:") +
-                                       columns.date;
-    out.replace(out.indexOf(QLatin1Char('<')), 1, QLatin1Char(' '));
-    return out;
+    const QString head = columns.cd + QLatin1Char(' ') + columns.file;
+    if (columns.folder)
+        return head;
+    return head + QStringLiteral(" * ") + columns.size + QStringLiteral(" Byte * Date:") + columns.date;
 }

@@ -17,7 +17,7 @@ void appendLine(const QString &line, QByteArray &out)
 } // namespace
 
 std::variant<QByteArray, RuntimeFailure> ResultsFile::text(const QString &searchWord,
-                                                           const std::vector<QString> &hitEntries,
+                                                           const std::vector<HitEntry> &hitEntries,
                                                            const QDateTime &now)
 {
     QByteArray out;
@@ -26,7 +26,7 @@ std::variant<QByteArray, RuntimeFailure> ResultsFile::text(const QString &search
                    now.toString(QStringLiteral("hh:mm:ss")),
                out);
     appendLine(QString(22, QLatin1Char('=')), out);
-    for (const QString &entry : hitEntries) {
+    for (const HitEntry &entry : hitEntries) {
         const auto line = ResultColumns::fileLine(entry);
         if (const auto *failure = std::get_if<RuntimeFailure>(&line))
             return *failure;
@@ -36,7 +36,7 @@ std::variant<QByteArray, RuntimeFailure> ResultsFile::text(const QString &search
 }
 
 std::optional<RuntimeFailure> ResultsFile::save(const QString &path, const QString &searchWord,
-                                                const std::vector<QString> &hitEntries, const QDateTime &now)
+                                                const std::vector<HitEntry> &hitEntries, const QDateTime &now)
 {
     const auto bytes = text(searchWord, hitEntries, now);
     if (const auto *failure = std::get_if<RuntimeFailure>(&bytes))

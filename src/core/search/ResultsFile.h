@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HitEntry.h"
 #include "RuntimeFailure.h"
 
 #include <QByteArray>
@@ -18,10 +19,10 @@ class ResultsFile
 public:
     // The file's bytes; `now` is the local date and time that the head line shows.
     static std::variant<QByteArray, RuntimeFailure> text(const QString &searchWord,
-                                                         const std::vector<QString> &hitEntries,
+                                                         const std::vector<HitEntry> &hitEntries,
                                                          const QDateTime &now);
 
     // Writes the file at `path`, replacing an earlier one only when the whole text is written.
     static std::optional<RuntimeFailure> save(const QString &path, const QString &searchWord,
-                                              const std::vector<QString> &hitEntries, const QDateTime &now);
+                                              const std::vector<HitEntry> &hitEntries, const QDateTime &now);
 };

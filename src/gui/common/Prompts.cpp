@@ -76,6 +76,8 @@ Prompts::Answer Prompts::message(
     if (PromptScript *script = PromptScript::active())
         return script->takeMessage({ PromptScript::Kind::Message, text, title, icon, {}, {} }, buttons);
     QMessageBox box(boxIcon(icon), title, text, QMessageBox::NoButton, parent);
+    // Messages quote titles and file names, which are never markup.
+    box.setTextFormat(Qt::PlainText);
     addButtons(box, buttons);
     box.exec();
     // Closing the box by its window button counts as its escape button, Cancel or No or OK.

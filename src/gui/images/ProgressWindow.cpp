@@ -17,6 +17,9 @@ ProgressWindow::ProgressWindow(QWidget *parent)
     setObjectName(QStringLiteral("ProgressWindow"));
     setWindowTitle(QStringLiteral("Bitte warten..."));
     setAttribute(Qt::WA_DeleteOnClose);
+    // Paths are shown as they are, whatever characters a folder name holds.
+    m_textLabel->setTextFormat(Qt::PlainText);
+    m_progressLabel->setTextFormat(Qt::PlainText);
 
     auto *icon = new QLabel(this);
     icon->setObjectName(QStringLiteral("iconLabel"));

@@ -61,12 +61,12 @@ ResultsWindow::ResultsWindow(SearchWindows &windows, QWidget *parent)
 
 ResultsWindow::~ResultsWindow() = default;
 
-bool ResultsWindow::showHits(const std::vector<QString> &results, const QString &word)
+bool ResultsWindow::showHits(const std::vector<HitEntry> &results, const QString &word)
 {
     std::vector<ResultColumns> rows;
     rows.reserve(results.size());
     std::optional<RuntimeFailure> failure;
-    for (const QString &entry : results) {
+    for (const HitEntry &entry : results) {
         auto columns = ResultColumns::cut(entry);
         if (const auto *failed = std::get_if<RuntimeFailure>(&columns)) {
             failure = *failed;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "search/HitEntry.h"
+
 #include <QWidget>
 
 #include <memory>
@@ -27,7 +29,7 @@ public:
     // Fills the list with the hit entries (number + "-" + title + "<" + image line) of a
     // search for `word`, replacing what it showed. False when an entry cannot be cut into
     // columns: the run-time failure is reported and the list keeps the entries before it.
-    bool showHits(const std::vector<QString> &results, const QString &word);
+    bool showHits(const std::vector<HitEntry> &results, const QString &word);
 
     const QString &searchWord() const { return m_searchWord; }
 

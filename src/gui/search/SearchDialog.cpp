@@ -7,7 +7,6 @@
 
 #include "app/Session.h"
 #include "archives/ArchiveStore.h"
-#include "common/Cp1252.h"
 #include "common/Prompts.h"
 #include "app/MainWindowLayout.h"
 #include "search/CommentSearch.h"
@@ -112,10 +111,7 @@ void SearchDialog::fileSearchEnded(const FileSearchResult &result, const QString
 {
     m_ui->searchButton->setEnabled(true);
     if (result.outcome == FileSearchOutcome::Hits) {
-        std::vector<QString> hits;
-        hits.reserve(result.hits.size());
-        for (std::string_view hit : result.hits)
-            hits.push_back(cp1252::toQString(hit));
+        std::vector<HitEntry> hits = result.hits.entries();
         // The saved and printed list is the one the window could show completely.
         if (m_windows.showResults()->showHits(hits, word))
             m_windows.session().lastResults = std::move(hits);

@@ -87,7 +87,7 @@ TEST(PrintFailures, ReportsAsEachProcedureTrapsThem)
     const Print comments
         = [](Printer &p, const PrintSettings &s) { return printCommentList(p, s, u"T"_s, {}); };
     const Print results = [](Printer &p, const PrintSettings &s) {
-        return printSearchHits(p, s, u"x"_s, std::vector<QString> {});
+        return printSearchHits(p, s, u"x"_s, std::vector<HitEntry> {});
     };
     const Print noImage = [](Printer &p, const PrintSettings &s) {
         return printFileList(p, s, u"x"_s, u"/fehlt/0.dat"_s, {});
@@ -199,8 +199,8 @@ TEST(PrintCommentList, PagesAndClosingLine)
 // before it.
 TEST_F(PrintFileList, ResultsInSearchOrder)
 {
-    const std::vector<QString> hits
-        = { u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s, u"1-Bilder<>d:\\Urlaub"_s, u""_s };
+    const std::vector<HitEntry> hits = { { u"3-Setup-CD<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s, 10 },
+        { u"1-Bilder<>d:\\Urlaub"_s, 8 }, {} };
     RecordingPrinter printer(testPaper());
     ASSERT_TRUE(printSearchHits(printer, settings(), u"s*"_s, hits).printed());
     EXPECT_EQ(placedTexts(printer),

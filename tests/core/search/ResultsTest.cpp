@@ -1,3 +1,4 @@
+#include "search/HitList.h"
 #include "search/ResultColumns.h"
 #include "search/ResultNavigator.h"
 #include "search/ResultsFile.h"
@@ -26,31 +27,53 @@ QString shown(
         + u" | "_s + (text ? *text : std::get<RuntimeFailure>(line).message());
 }
 
-// The entry is cut at its first "<" and at its bars, so a "<" or "|" in the title moves the cut.
-// The end line (under a title with "|" too), a line with one "|" and no entry at all cannot be cut.
+// A hit of CD part `cd` and image line `line`, as the search makes it.
+HitEntry hit(const QString &cd, const QString &line)
+{
+    return { cd + u'<' + line, cd.size() };
+}
+
+// The entry is cut where its title ends, so a "<" or "|" in the title moves nothing; a file
+// line is cut at its last two bars. The end line, a line with one "|" and an entry whose
+// title end lies outside it cannot be cut.
 TEST(ResultColumns, CutIntoTheListColumnsAndTheFileLine)
 {
     const QString bad = u"Laufzeitfehler '5':\n\nUngültiger Prozeduraufruf oder ungültiges Argument"_s;
-    const std::pair<QString, QString> cases[] = {
-        { u"12-Backup 2003<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s,
+    const std::tuple<const char *, HitEntry, QString> cases[] = {
+        { "file", hit(u"12-Backup 2003"_s, u"d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s),
             u"12-Backup 2003 / d:\\Setup\\start.exe / 65536 / 19.01.2003 00:12:31 | "
             u"12-Backup 2003 d:\\Setup\\start.exe * 65536 Byte * Date:19.01.2003 00:12:31"_s },
-        { u"12-Backup 2003<>d:\\Setup"_s,
+        { "folder", hit(u"12-Backup 2003"_s, u">d:\\Setup"_s),
             u"+12-Backup 2003 / >d:\\Setup /  /  | 12-Backup 2003 >d:\\Setup"_s },
-        { u"3-X<d:\\a.zip\\||"_s, u"3-X / d:\\a.zip\\ /  /  | 3-X d:\\a.zip\\ *  Byte * Date:"_s },
-        { u"5-A<B<d:\\x.txt|10|01.01.2003"_s,
-            u"5-A / B<d:\\x.txt / 10 / 01.01.2003 | 5-A B<d:\\x.txt * 10 Byte * Date:01.01.2003"_s },
-        { u"5-A|B<d:\\x.txt|10|01.01.2003"_s,
-            u"5-A|B / d:\\x.txt / B<d:\\x.txt|10 / 01.01.2003 | 5-A * B d:\\x.txt|10 Byte * Date:01.01.2003"_s },
-        { u"5-A|B<>d:\\x"_s, u"+5-A|B / >d:\\x /  /  | 5-A|B >d:\\x"_s },
-        { u"12-Backup<"_s, bad + u" | "_s + bad },
-        { u"5-A|B<"_s, bad + u" | "_s + bad },
-        { u"5-T<d:\\kaputt|1"_s, bad + u" | "_s + bad },
-        { u"kein Eintrag"_s, bad + u" | "_s + bad },
+        { "archive folder", hit(u"3-X"_s, u"d:\\a.zip\\||"_s),
+            u"3-X / d:\\a.zip\\ /  /  | 3-X d:\\a.zip\\ *  Byte * Date:"_s },
+        { "markup in title", hit(u"7-Treiber & Software <b>fett</b>"_s, u"d:\\x.txt|10|01.01.2003"_s),
+            u"7-Treiber & Software <b>fett</b> / d:\\x.txt / 10 / 01.01.2003 | "
+            u"7-Treiber & Software <b>fett</b> d:\\x.txt * 10 Byte * Date:01.01.2003"_s },
+        { "markup in title, folder", hit(u"7-Teil <I>"_s, u">d:\\x"_s), u"+7-Teil <I> / >d:\\x /  /  | 7-Teil <I> >d:\\x"_s },
+        { "bar in title", hit(u"5-A|B"_s, u"d:\\x.txt|10|01.01.2003"_s),
+            u"5-A|B / d:\\x.txt / 10 / 01.01.2003 | 5-A|B d:\\x.txt * 10 Byte * Date:01.01.2003"_s },
+        { "bar and lt in path", hit(u"5-A"_s, u"/home/a|b<c|10|01.01.2003"_s),
+            u"5-A / /home/a|b<c / 10 / 01.01.2003 | 5-A /home/a|b<c * 10 Byte * Date:01.01.2003"_s },
+        { "end line", hit(u"12-Backup"_s, u""_s), bad + u" | "_s + bad },
+        { "end line, bar in title", hit(u"5-A|B|C"_s, u""_s), bad + u" | "_s + bad },
+        { "one bar", hit(u"5-T"_s, u"d:\\kaputt|1"_s), bad + u" | "_s + bad },
+        { "title end outside", HitEntry { u"kein Eintrag"_s, 12 }, bad + u" | "_s + bad },
     };
-    for (const auto &[entry, expected] : cases)
-        EXPECT_EQ(shown(ResultColumns::cut(entry), ResultColumns::fileLine(entry)), expected)
-            << entry.toStdString();
+    for (const auto &[name, entry, expected] : cases)
+        EXPECT_EQ(shown(ResultColumns::cut(entry), ResultColumns::fileLine(entry)), expected) << name;
+}
+
+// The list keeps where each title ends, through merging the lists of several images too.
+TEST(HitList, EntriesKnowWhereTheirTitleEnds)
+{
+    HitList list;
+    list.append("7-Treiber <b>\xFC</b><", "d:\\a<b|1|2");
+    HitList other;
+    other.append("8-A|B<", ">d:\\c");
+    list.append(std::move(other));
+    const std::vector<HitEntry> expected = { { u"7-Treiber <b>ü</b><d:\\a<b|1|2"_s, 18 }, { u"8-A|B<>d:\\c"_s, 5 } };
+    EXPECT_EQ(list.entries(), expected);
 }
 
 // The navigator's window as one text: position label, "<" and ">" enabled, CD on display.
@@ -95,8 +118,8 @@ const QDateTime kNow(QDate(2003, 1, 9), QTime(7, 5, 3));
 TEST(ResultsFile, HeadLineRuleAndOneLinePerHitInCodePage1252WithCrLf)
 {
     const auto text = ResultsFile::text(u"säge"_s,
-        { u"12-Backup 2003<d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s, u"12-Backup 2003<>d:\\Setup"_s,
-            u"3-Bücher<d:\\Bücher\\liste.txt|-1294967296|01.02.2003"_s },
+        { hit(u"12-Backup 2003"_s, u"d:\\Setup\\start.exe|65536|19.01.2003 00:12:31"_s),
+            hit(u"12-Backup 2003"_s, u">d:\\Setup"_s), hit(u"3-Bücher"_s, u"d:\\Bücher\\liste.txt|-1294967296|01.02.2003"_s) },
         kNow);
     ASSERT_TRUE(std::holds_alternative<QByteArray>(text));
     EXPECT_EQ(std::get<QByteArray>(text),
@@ -112,13 +135,13 @@ TEST(ResultsFile, SaveReplacesTheFileOrLeavesItAsItWas)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(u"ergebnis.txt"_s);
-    EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { u"1-A<d:\\a|1|2"_s, u"1-A<>d:\\b"_s }, kNow));
+    EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { hit(u"1-A"_s, u"d:\\a|1|2"_s), hit(u"1-A"_s, u">d:\\b"_s) }, kNow));
     EXPECT_EQ(fileBytes(path).count("\r\n"), 4);
-    EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { u"1-A<d:\\a|1|2"_s }, kNow));
+    EXPECT_FALSE(ResultsFile::save(path, u"a"_s, { hit(u"1-A"_s, u"d:\\a|1|2"_s) }, kNow));
     const QByteArray before = fileBytes(path);
     EXPECT_EQ(before.count("\r\n"), 3);
 
-    const auto badEntry = ResultsFile::save(path, u"*"_s, { u"1-A<"_s }, kNow);
+    const auto badEntry = ResultsFile::save(path, u"*"_s, { hit(u"1-A"_s, u""_s) }, kNow);
     EXPECT_EQ(badEntry ? badEntry->number : 0, 5);
     EXPECT_EQ(fileBytes(path), before);
     const auto noFolder = ResultsFile::save(dir.filePath(u"fehlt/ergebnis.txt"_s), u"a"_s, {}, kNow);

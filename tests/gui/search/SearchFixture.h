@@ -16,8 +16,8 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 
-// The desktop program over an archive of five CDs: three with images, one without, and one
-// whose image file is gone. Every prompt is answered by the script and recorded.
+// The desktop program over an archive of six CDs: four with images (one of them under a title
+// with markup), one without, and one whose image file is gone. Every prompt is answered by the script and recorded.
 class SearchFixture : public ::testing::Test
 {
 protected:
@@ -32,7 +32,8 @@ protected:
             .cd(2, QStringLiteral("Fotos"), QStringLiteral("Sta1|Urlaub Ägypten|End1"), 1002)
             .cd(3, QStringLiteral("Ohne Abbild"), QStringLiteral("Sta1|word Handbuch|End1"), 0)
             .cd(4, QStringLiteral("Spiele"), QStringLiteral("Sta1|Spiele|End1"), -1408263712)
-            .cd(5, QStringLiteral("Verloren"), QStringLiteral("Sta1|End1"), 1005);
+            .cd(5, QStringLiteral("Verloren"), QStringLiteral("Sta1|End1"), 1005)
+            .cd(6, QStringLiteral("Treiber & Software <b>fett</b>"), QStringLiteral("Sta1|End1"), 1006);
         m_run.image(1001,
             ">d:\r\nd:\\liesmich.txt|1834|12.03.2003 09:41:07\r\n>d:\\Setup\r\n"
             "d:\\Setup\\start.exe|65536|19.01.2003 00:12:31\r\nd:\\Setup\\Word.exe|9|01.02.2003\r\n\r\n");
@@ -42,6 +43,7 @@ protected:
             "e:\\Bilder\\alt.zip\\||\r\ne:\\w\xF6rter\\word.doc|10|05.05.2005\r\n\r\n");
         m_run.image(
             -1408263712, ">f:\r\n>f:\\Spiele\r\nf:\\Spiele\\Word7.exe|2048|03.03.2003 03:03:03\r\n\r\n");
+        m_run.image(1006, ">g:\r\ng:\\Treiber|alt\\setup.inf|77|06.06.2006\r\n\r\n");
         m_run.openArchive(QStringLiteral("Sammlung"));
         m_main = m_run.program().show<MainWindow>();
         settle();

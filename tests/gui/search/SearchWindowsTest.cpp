@@ -34,8 +34,8 @@ TEST_F(SearchDialogTest, OptionsChooseWhatIsSearched)
         session().lastResults.clear();
         ASSERT_TRUE(search(QString::fromUtf8(text), where, Files, explicitMatch));
         std::vector<QString> hits; // without size and date
-        for (const QString &entry : session().lastResults)
-            hits.push_back(entry.section(u'|', 0, 0));
+        for (const HitEntry &entry : session().lastResults)
+            hits.push_back(entry.text.section(u'|', 0, 0));
         EXPECT_EQ(hits, expected);
         EXPECT_EQ(shown().size(), expected.empty() ? 1u : 0u);
     }
@@ -56,7 +56,7 @@ TEST_F(SearchDialogTest, AStarListsEveryLineAndSearchesThatFindNothingSayWhy)
     m_list->setCurrentRow(2); // CD 3, without image
     ASSERT_TRUE(search(u"*"_s, AllCds, Files));
     EXPECT_TRUE(shown().empty());
-    const std::vector<QString> before = session().lastResults;
+    const std::vector<HitEntry> before = session().lastResults;
     ASSERT_FALSE(before.empty());
     screenshot(window<ResultsWindow>(), u"ergebnisse-nach-stern"_s);
     for (const auto &[text, where, what, message, icon] : cases) {
@@ -184,6 +184,42 @@ TEST_F(ResultsWindowTest, FileAndFolderHitsFillTheirColumns)
         EXPECT_GT(m_view->header()->sectionSize(3), dateWidth) << width;
     }
     screenshot(m_window, u"ResultsWindow"_s);
+}
+
+// A title with "<" and "|" stays whole in its column; the list, its heading and the saved
+// file belong to the search that ran.
+TEST_F(ResultsWindowTest, ATitleWithMarkupStaysInItsColumn)
+{
+    ASSERT_NE(searchAll(u"setup.inf"_s), nullptr);
+    EXPECT_TRUE(shown().empty()) << shown()[0].text.toStdString();
+    EXPECT_EQ(rows(),
+        u"CD-Name|Dateien|Größe|Datum\n6-Treiber & Software <b>fett</b>|g:\\Treiber|alt\\setup.inf|77|06.06.2006\n"_s);
+    EXPECT_EQ(control<QLabel>(m_window, "headingLabel")->text(), u"Ergebnis der Suche nach setup.inf"_s);
+    screenshot(m_window, u"ergebnisse-titel-mit-markup"_s);
+    save(u"treffer.txt"_s);
+    EXPECT_TRUE(fileBytes(m_scratch.filePath(u"treffer.txt"_s))
+                    .endsWith("\r\n6-Treiber & Software <b>fett</b> g:\\Treiber|alt\\setup.inf * 77 Byte * "
+                              "Date:06.06.2006\r\n"));
+}
+
+// A title or a search word is shown as typed, markup and all, in the detail header and in the
+// heading of the results.
+TEST_F(ResultsWindowTest, TitlesAndWordsShowAsTyped)
+{
+    const QString title = u"Treiber & Software <b>fett</b>"_s;
+    m_list->setCurrentItem(m_list->findItems(u"6 "_s, Qt::MatchStartsWith).value(0));
+    settle();
+    ASSERT_NE(searchAll(u"inf"_s), nullptr);
+    m_window->showHits(session().lastResults, u"<i>inf</i>"_s);
+    const std::pair<QLabel *, QString> labels[] = { { control<QLabel>(m_main, "titleLabel"), title },
+        { control<QLabel>(m_window, "headingLabel"), u"Ergebnis der Suche nach <i>inf</i>"_s } };
+    for (const auto &[label, text] : labels) {
+        SCOPED_TRACE(label->objectName().toStdString());
+        EXPECT_EQ(std::pair(label->text(), label->textFormat()), std::pair(text, Qt::PlainText));
+        // Rendered as markup, the tags would take no room.
+        EXPECT_GE(label->sizeHint().width(), label->fontMetrics().horizontalAdvance(text));
+    }
+    screenshot(m_main, u"detailkopf-titel-mit-markup"_s);
 }
 
 // File and print-out hold the hits in the order of the search, whatever the list's order. A
