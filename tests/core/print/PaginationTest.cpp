@@ -52,10 +52,11 @@ TEST(Pagination, NoBlankPageAtAnyFontSize)
     for (int i = 1; i <= 120; ++i)
         imageBytes += "d:\\Ordner\\Datei" + QByteArray::number(i) + ".txt|1024|19.01.2003 00:12:31\r\n";
     const QString image = writeFile(dir.filePath(u"4711.dat"_s), imageBytes + "\r\n");
-    std::vector<QString> hits;
+    std::vector<HitEntry> hits;
+    const QString cd = u"3-Setup-CD"_s;
     for (int i = 1; i <= 120; ++i)
-        hits.push_back(u"3-Setup-CD<d:\\Setup\\datei%1.exe|65536|19.01.2003 00:12:31"_s.arg(i));
-    hits.push_back(QString());
+        hits.push_back({ cd + u"<d:\\Setup\\datei%1.exe|65536|19.01.2003 00:12:31"_s.arg(i), cd.size() });
+    hits.push_back({});
     const FlatTree tree(120);
 
     const std::pair<const char *, PrintOut> printOuts[] = {
