@@ -99,24 +99,19 @@ ArchiveError checkNewArchiveName(const QString &name)
                 + QStringLiteral("\" beginnt mit einem Punkt: Das Archiv wäre eine versteckte Datei und erschiene "
                                  "in keiner Liste.")
                 + other };
-    const QList<uint> characters = name.toUcs4();
     // The name is not repeated here: its line break or escape would garble the message itself.
-    if (std::any_of(characters.begin(), characters.end(),
-            [](uint c) { return QChar::category(char32_t { c }) == QChar::Other_Control; }))
+    if (cp1252::holdsControlCharacter(name))
         return { Kind::BadName,
             QStringLiteral("Der Name des Archivs enthält ein Steuerzeichen (etwa einen Zeilenumbruch oder einen "
                            "Tabulator).")
                 + other };
-    const auto outside = std::find_if_not(characters.begin(), characters.end(), cp1252::holds);
-    if (outside != characters.end()) {
-        const char32_t character = *outside;
+    if (const QString missing = cp1252::missingCharacters(name); !missing.isEmpty())
         return { Kind::BadName,
             QStringLiteral("Der Name \"") + name + QStringLiteral("\" enthält das Zeichen \"")
-                + QString::fromUcs4(&character, 1)
+                + missing.left(missing.front().isHighSurrogate() ? 2 : 1)
                 + QStringLiteral("\", das in Sicherungen und HTML-Seiten nicht gespeichert werden "
                                  "kann. Erlaubt sind die Zeichen des westeuropäischen Zeichensatzes (Windows-1252).")
                 + other };
-    }
     return {};
 }
 

@@ -1,5 +1,9 @@
 #include "Cp1252.h"
 
+#include <QList>
+
+#include <algorithm>
+
 namespace cp1252 {
 
 namespace {
@@ -108,6 +112,24 @@ void appendFromUtf8(std::string_view utf8, std::string &out)
 bool holds(char32_t codePoint)
 {
     return codePoint == U'?' || byteOf(codePoint) != '?';
+}
+
+QString missingCharacters(const QString &text)
+{
+    QString missing;
+    for (const char32_t c : text.toUcs4()) {
+        const QString character = QString::fromUcs4(&c, 1);
+        if (!holds(c) && !missing.contains(character))
+            missing += character;
+    }
+    return missing;
+}
+
+bool holdsControlCharacter(const QString &text)
+{
+    const QList<uint> characters = text.toUcs4();
+    return std::any_of(characters.begin(), characters.end(),
+        [](uint c) { return QChar::category(char32_t { c }) == QChar::Other_Control; });
 }
 
 std::string fromUtf8(std::string_view utf8)

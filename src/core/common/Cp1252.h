@@ -19,6 +19,12 @@ void appendFromUtf8(std::string_view utf8, std::string &out);
 // Whether the code page has a byte for the Unicode character.
 bool holds(char32_t codePoint);
 
+// The characters of `text` that the code page lacks, each once, in their order.
+QString missingCharacters(const QString &text);
+
+// Whether `text` holds a control character (C0, DEL or C1; a NUL too).
+bool holdsControlCharacter(const QString &text);
+
 std::string toUtf8(std::string_view bytes);
 
 QString toQString(std::string_view bytes);

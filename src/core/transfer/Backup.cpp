@@ -110,7 +110,7 @@ QString cannotWrite(const QString &path)
 QString unstorableName(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
-    const QString missing = charactersOutsideCodePage(name);
+    const QString missing = cp1252::missingCharacters(name);
     if (!missing.isEmpty())
         return QStringLiteral("Der Dateiname \"") + name
             + QStringLiteral("\" enthält Zeichen, die ein Backup nicht speichern kann (\"") + missing

@@ -11,9 +11,6 @@ namespace backup {
 // character, at most 255 bytes on disk.
 bool isPlainFileName(const QString &leaf);
 
-// The characters of `text` that code page 1252 lacks, each once, in their order.
-QString charactersOutsideCodePage(const QString &text);
-
 // `name` fit for a message: a control character (a NUL too) shown as "?", a very long name cut.
 QString shownName(const QString &name);
 
