@@ -18,14 +18,6 @@ PrintSettings settings(const QString &fontSize = u"10"_s)
     return { u"Musik"_s, fontSize, printMoment() };
 }
 
-QStringList numbered(const QString &prefix, int count)
-{
-    QStringList lines;
-    for (int i = 1; i <= count; ++i)
-        lines << prefix + QString::number(i);
-    return lines;
-}
-
 // The footer of a page, centred on 20 cm of 0.3125-cm characters, 0.8 cm above the bottom.
 Placed footer(int page, const QString &text)
 {

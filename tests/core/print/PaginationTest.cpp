@@ -15,32 +15,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QStringList numbered(const QString &prefix, int count)
-{
-    QStringList lines;
-    for (int i = 1; i <= count; ++i)
-        lines << prefix + QString::number(i);
-    return lines;
-}
-
-// A flat tree: the drive and its folders, one level deep.
-class FlatTree : public PrintableTree
-{
-public:
-    explicit FlatTree(int folders)
-        : m_folders(folders)
-    {
-    }
-    int firstNode() const override { return 0; }
-    int selectedNode() const override { return 0; }
-    int child(int node) const override { return node == 0 && m_folders > 0 ? 1 : -1; }
-    int nextSibling(int node) const override { return node > 0 && node < m_folders ? node + 1 : -1; }
-    QString text(int node) const override { return node == 0 ? u"Jazz (d:)"_s : u"Ordner "_s + QString::number(node); }
-
-private:
-    int m_folders;
-};
-
 using PrintOut = std::function<PrintOutcome(Printer &, const PrintSettings &)>;
 
 // Every page of a print-out carries something besides its footer, each footer stands on the
@@ -57,7 +31,10 @@ TEST(Pagination, NoBlankPageAtAnyFontSize)
     for (int i = 1; i <= 120; ++i)
         hits.push_back({ cd + u"<d:\\Setup\\datei%1.exe|65536|19.01.2003 00:12:31"_s.arg(i), cd.size() });
     hits.push_back({});
-    const FlatTree tree(120);
+    std::vector<std::pair<QString, int>> nodes = { { u"Jazz (d:)"_s, -1 } };
+    for (int i = 1; i <= 120; ++i)
+        nodes.push_back({ u"Ordner "_s + QString::number(i), 0 });
+    const ListedTree tree(nodes);
 
     const std::pair<const char *, PrintOut> printOuts[] = {
         { "results", [&](Printer &p, const PrintSettings &s) { return printSearchHits(p, s, u"*.exe"_s, hits); } },

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "print/RecordingPrinter.h"
+#include "print/TreePrinter.h"
 
 #include "QStringPrinting.h"
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -64,3 +66,40 @@ inline QDateTime printMoment()
 {
     return QDateTime(QDate(2003, 1, 19), QTime(14, 5, 9));
 }
+
+// prefix1, prefix2, … prefix<count>.
+inline QStringList numbered(const QString &prefix, int count)
+{
+    QStringList lines;
+    for (int i = 1; i <= count; ++i)
+        lines << prefix + QString::number(i);
+    return lines;
+}
+
+// A tree of named nodes given as (text, parent) in the order they were added.
+class ListedTree : public PrintableTree
+{
+public:
+    ListedTree(std::vector<std::pair<QString, int>> nodes, int selected = -1)
+        : m_nodes(std::move(nodes))
+        , m_selected(selected)
+    {
+    }
+    int firstNode() const override { return m_nodes.empty() ? -1 : 0; }
+    int selectedNode() const override { return m_selected; }
+    int child(int node) const override { return after(-1, node); }
+    int nextSibling(int node) const override { return after(node, m_nodes[static_cast<size_t>(node)].second); }
+    QString text(int node) const override { return m_nodes[static_cast<size_t>(node)].first; }
+
+private:
+    // The first node after `from` whose parent is `parent`.
+    int after(int from, int parent) const
+    {
+        const auto it = std::find_if(m_nodes.begin() + (from + 1), m_nodes.end(),
+            [parent](const std::pair<QString, int> &node) { return node.second == parent; });
+        return it == m_nodes.end() ? -1 : static_cast<int>(it - m_nodes.begin());
+    }
+
+    std::vector<std::pair<QString, int>> m_nodes;
+    int m_selected;
+};

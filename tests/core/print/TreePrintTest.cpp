@@ -10,34 +10,6 @@ using namespace Qt::StringLiterals;
 
 constexpr double twipsPerCm = 1440 / 2.54;
 
-// A tree of named nodes given as (text, parent) in the order they were added.
-class ListedTree : public PrintableTree
-{
-public:
-    ListedTree(std::vector<std::pair<QString, int>> nodes, int selected = -1)
-        : m_nodes(std::move(nodes))
-        , m_selected(selected)
-    {
-    }
-    int firstNode() const override { return m_nodes.empty() ? -1 : 0; }
-    int selectedNode() const override { return m_selected; }
-    int child(int node) const override { return after(-1, node); }
-    int nextSibling(int node) const override { return after(node, m_nodes[static_cast<size_t>(node)].second); }
-    QString text(int node) const override { return m_nodes[static_cast<size_t>(node)].first; }
-
-private:
-    // The first node after `from` whose parent is `parent`.
-    int after(int from, int parent) const
-    {
-        const auto it = std::find_if(m_nodes.begin() + (from + 1), m_nodes.end(),
-            [parent](const std::pair<QString, int> &node) { return node.second == parent; });
-        return it == m_nodes.end() ? -1 : static_cast<int>(it - m_nodes.begin());
-    }
-
-    std::vector<std::pair<QString, int>> m_nodes;
-    int m_selected;
-};
-
 PrintOutcome printTree(RecordingPrinter &printer, const PrintableTree &tree, int connectorStyle = 1, int printStyle = 1)
 {
     TreePrinter printout;
