@@ -130,11 +130,9 @@ TEST_F(PrintCommands, RefusalsAndWrongCalls)
             report + u"\nFehlernummer: 13\nFehler-Beschreibung: Typen unverträglich"_s },
         { musik + QStringList { u"files"_s, u"1"_s, u"--pdf"_s, m_cli.scratch(u"fehlt/x.pdf"_s) }, 1,
             report + u"\nFehlernummer: 75\nFehler-Beschreibung: Fehler beim Zugriff auf Pfad/Datei"_s },
-        { musik + QStringList { u"files"_s, u"1"_s }, 2, u"Aufruf: silberbuch-cli print"_s },
         { musik + QStringList { u"list"_s, u"--printer"_s, u"A"_s } + target, 2, u"Aufruf: silberbuch-cli print"_s },
         { musik + QStringList { u"list"_s, u"--font-size"_s, u"zehn"_s } + target, 2,
             u"Aufruf: silberbuch-cli print"_s },
-        { musik + QStringList { u"list"_s, u"--size"_s } + target, 2, u"Aufruf: silberbuch-cli print"_s },
         { musik + QStringList { u"poster"_s } + target, 2, u"Aufruf: silberbuch-cli print"_s },
     });
 }

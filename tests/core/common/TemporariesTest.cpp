@@ -1,5 +1,6 @@
 #include "common/Temporaries.h"
 
+#include "EndedProcess.h"
 #include "QStringPrinting.h"
 #include "SmallFullDisk.h"
 #include "TestPaths.h"
@@ -12,16 +13,6 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-
-qint64 deadPid()
-{
-    QProcess process;
-    process.start(u"true"_s);
-    process.waitForStarted();
-    const qint64 pid = process.processId();
-    process.waitForFinished();
-    return pid;
-}
 
 // A full disk fails every way of replacing a file, whether the bytes come whole or in pieces
 // and whether the disk is full before the first write or during the last: the old file stays
@@ -90,7 +81,7 @@ TEST(Temporaries, OnlyACommitReplacesTheFile)
 TEST(Temporaries, TheSweepTakesTheTemporariesOfEndedProcessesOnly)
 {
     QTemporaryDir dir;
-    const QString dead = QString::number(deadPid());
+    const QString dead = QString::number(endedProcessId());
     const QString alive = QString::number(QCoreApplication::applicationPid());
     const QStringList gone = { u".restore-"_s + dead + u"-3fa9.tmp"_s, u".archive-"_s + dead + u"-c0.tmp"_s,
         u".archive-"_s + dead + u"-c0.tmp-journal"_s, u".archive-"_s + dead + u"-c1.tmp-wal"_s,
