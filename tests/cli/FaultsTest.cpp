@@ -8,6 +8,7 @@
 #include "app/Settings.h"
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QRandomGenerator>
 #include <QSet>
 
@@ -134,9 +135,8 @@ TEST(Faults, AKilledCaptureLeavesAWholeImage)
     EXPECT_EQ(QDir(cli.dataPath(u"lws"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
-// Files the program replaces (a PDF, the settings, a results file, a new archive), on a disk
-// with a page or two left or none: exit code 1 with the German message, every file on the
-// disk as it was and no temporary file left.
+// Every file the program replaces, on a disk with a page or two left or none: exit code 1
+// with the German message, every file on the disk as it was and no temporary file left.
 TEST(Faults, AFullDiskIsSaidAndLosesNothing)
 {
     struct Case
@@ -145,18 +145,32 @@ TEST(Faults, AFullDiskIsSaidAndLosesNothing)
         int freePages;
         QStringList words; // "%1" stands for the disk
         QString message; // "%1" stands for the disk
+        bool settingsOnDisk = true;
     };
     const QString settingsFailure = u"Die Einstellungen konnten nicht gespeichert werden: Die Datei \"%1/Silberbuch.ini\" "
                                     u"ist schreibgeschützt, oder auf dem Datenträger ist kein Platz mehr."_s;
+    QTemporaryDir outside;
+    const QString cover = outside.filePath(u"cover.png"_s);
+    QImage(300, 150, QImage::Format_RGB32).save(cover);
+    TreeBuilder(outside.filePath(u"volume"_s)).file(u"a.txt"_s, 1, 981173106);
     const Case cases[] = {
         { "print into a PDF", 2, { u"print"_s, u"list"_s, u"--pdf"_s, u"%1/alt.pdf"_s },
             u"Fehler! Es konnte nicht gedruckt werden. Stellen Sie sicher, dass ein Drucker angeschlossen und korrekt "
             u"eingestellt ist."_s },
         { "default archive", 1, { u"archive"_s, u"default"_s, u"Musik"_s }, settingsFailure },
+        { "drive table", 1, { u"drives"_s, u"add"_s, u"q"_s, outside.path() }, settingsFailure },
         { "results file", 0, { u"search"_s, u"alt"_s, u"--save"_s, u"%1/treffer.txt"_s },
             u"Laufzeitfehler '75':\n\nFehler beim Zugriff auf Pfad/Datei"_s },
+        { "HTML pages", 0, { u"export"_s, u"html"_s, u"%1/seite.html"_s },
+            u"Die Seite \"%1/seite.html\" kann nicht geschrieben werden (Ordner fehlt, schreibgeschützt oder "
+            u"Datenträger voll)."_s },
+        { "drive image", 0, { u"capture"_s, outside.filePath(u"volume"_s), u"--cd"_s, u"1"_s },
+            u"Das Laufwerksabbild \"%1/data/lws/"_s, false },
         { "new archive", 1, { u"archive"_s, u"create"_s, u"Neu"_s },
             u"Auf dem Datenträger ist kein Platz mehr. Die Änderung wurde nicht gespeichert."_s },
+        { "cover", 2,
+            { u"cd"_s, u"add"_s, u"--number"_s, u"2"_s, u"--title"_s, u"Zwei"_s, u"--cover"_s, cover },
+            u"Das Cover-Bild \"%1/data/Covers/"_s },
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.name);
@@ -164,11 +178,13 @@ TEST(Faults, AFullDiskIsSaidAndLosesNothing)
         if (!disk.mounted())
             GTEST_SKIP() << disk.skipReason();
         CliRunner cli;
-        cli.useSettingsFile(disk.filePath(u"Silberbuch.ini"_s));
+        if (c.settingsOnDisk)
+            cli.useSettingsFile(disk.filePath(u"Silberbuch.ini"_s));
         const QString data = disk.filePath(u"data"_s);
         ArchiveBuilder(data, u"Musik"_s).cd(1, u"Eins"_s, u"Sta1|Kommentar|End1"_s, 42);
         writeFile(data + u"/lws/42.dat"_s, ">d:\r\nd:\\alt.txt|1|01.01.2000\r\n\r\n");
-        for (const char *old : { "alt.pdf", "treffer.txt" })
+        QDir().mkpath(data + u"/Covers"_s);
+        for (const char *old : { "alt.pdf", "treffer.txt", "seite.html" })
             writeFile(disk.filePath(QString::fromLatin1(old)), "alter Inhalt");
         Settings settings(cli.settingsFile());
         settings.setValue(SettingKey::Standard, u"Alt"_s);
