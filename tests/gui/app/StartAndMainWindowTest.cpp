@@ -1,5 +1,4 @@
 #include "MainWindowRun.h"
-#include "Screenshot.h"
 
 #include "app/DataFolder.h"
 #include "app/GermanQtTexts.h"
@@ -10,7 +9,6 @@
 #include "app/TrayAvailability.h"
 
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QPushButton>
 #include <QSplitter>
 #include <QSystemTrayIcon>
@@ -26,11 +24,6 @@ TEST(DesktopDefects, QtsOwnButtonsSpeakGerman)
     QDialogButtonBox buttons(QDialogButtonBox::Cancel | QDialogButtonBox::Open);
     EXPECT_EQ(buttons.button(QDialogButtonBox::Cancel)->text(), u"Abbrechen"_s);
     EXPECT_EQ(buttons.button(QDialogButtonBox::Open)->text(), u"Öffnen"_s);
-    QFileDialog dialog(nullptr, u"Cover-Bild laden"_s);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setNameFilter(u"Bilddateien (*.jpg *.gif *.bmp *.tif *.png)"_s);
-    dialog.show();
-    screenshot(&dialog, u"dateidialog"_s);
 }
 
 // "Hilfe" puts the bundled page into the program folder only where none is, and says so when

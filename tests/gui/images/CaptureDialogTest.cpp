@@ -1,11 +1,8 @@
 #include "CaptureDialogFixture.h"
-#include "Screenshot.h"
 
 #include "images/ProgressWindow.h"
 
-#include <QLabel>
 #include <QMenu>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using CaptureTest = CaptureDialogTest<CaptureDialog>;
@@ -51,30 +48,6 @@ TEST_F(CaptureTest, ModeOneStoresTheIdInTheSelectedRowAfterACancelledTry)
     EXPECT_TRUE(
         bytes.contains(drive.letter.toLatin1() + "\\Bilder\\haus.jpg|482113|28.07.2002 18:02:44\r\n"));
     EXPECT_FALSE(bytes.contains("Leer"));
-}
-
-// A picture of the progress window on the way through a large folder of the system, for a person
-// to look at; runs only when pictures are asked for.
-TEST_F(CaptureTest, ProgressWindowPicturedDuringALongCapture)
-{
-    if (qEnvironmentVariableIsEmpty("SILBERBUCH_SCREENSHOTS"))
-        GTEST_SKIP() << "set SILBERBUCH_SCREENSHOTS to a folder for the picture";
-    const Drive system = DriveTable(m_catalog.settings()).driveForFolder(u"/usr/share"_s);
-    m_catalog.session().captureMode = u"2"_s;
-    open<CaptureDialog>();
-    QPointer<ProgressWindow> window;
-    QObject::connect(m_dialog.data(), &CaptureDialog::captureStarted, m_dialog.data(),
-        [this, &window] { window = m_dialog->findChild<ProgressWindow *>(); });
-    QSignalSpy ended(m_dialog.data(), &CaptureDialog::captureEnded);
-    ASSERT_TRUE(start(system, m_dialog));
-    bool pictured = false;
-    for (; window && !pictured; QTest::qWait(2))
-        if (control<QLabel>(window, "progressLabel")->toolTip().contains(u'\\')) {
-            screenshot(window, u"ProgressWindow"_s);
-            pictured = true;
-        }
-    ASSERT_TRUE(!ended.isEmpty() || ended.wait(60000));
-    EXPECT_TRUE(pictured) << "the capture ended before it reported a folder";
 }
 
 // A folder added as a drive can be taken out again from the drive list's context menu; a
